@@ -1,0 +1,18 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// "Build Tileset": decodes the tiles that the fields name and draws the map where it stands. Does
+/// nothing without an image and a selected map.
+void build_tileset(EditorState& state);
+
+/// "Build/Refresh Map": draws the map from its top left corner with the tiles as they are. The
+/// same guard.
+void refresh_map(EditorState& state);
+
+/// Draws the current tile of the edit layer into Picture3.
+void show_tile_preview(EditorState& state);
+
+} // namespace veldrune

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+#include <span>
+
+namespace veldrune {
+
+/// What must hold for a command to do anything; a command whose guard fails is silent.
+enum class Guard { none, rom_open, map_selected }; // map_selected: an image and a map
+
+/// A menu entry, or a menu: its control's name and its caption with the access key marked by "&".
+struct Command {
+    const char* menu;    // control name of the menu it stands in, or empty for a menu of the bar
+    const char* control; // its own control name
+    const char* caption; // "-" is a separator
+    Guard guard;
+    void (*run)(EditorState&); // null for menus, separators and what the window itself does
+};
+
+/// All menus and entries of the main window in their order.
+std::span<const Command> menu_commands();
+
+/// A button of the main window.
+struct ButtonCommand {
+    const char* control;
+    Guard guard;
+    void (*run)(EditorState&);
+};
+std::span<const ButtonCommand> button_commands();
+
+/// Runs the operation if its guard holds.
+void run_command(EditorState& state, Guard guard, void (*run)(EditorState&));
+
+} // namespace veldrune

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+#include <string>
+
+namespace veldrune {
+
+/// Open: asks for a file name and opens that image. Cancel changes nothing.
+void open_image(EditorState& state);
+
+/// Opens the image at path in the place of the open one and enables the map list. Where that fails
+/// the former image is opened again and nothing is said.
+void open_image_file(EditorState& state, const std::string& path);
+
+} // namespace veldrune

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// A choice in the map list, of the current row too: leaves the world map, asks about unsaved
+/// changes, and loads the record, the fields and the three layers of row form1.Combo1. Draws
+/// nothing.
+void select_map(EditorState& state);
+
+} // namespace veldrune

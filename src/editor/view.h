@@ -1,0 +1,40 @@
+#pragma once
+
+#include "editor/editor_state.h"
+#include "render/compose.h"
+
+namespace veldrune {
+
+/// What the next composition will show, from the fields, boxes and scroll bars as they stand.
+MapView map_view(const EditorState& state);
+
+/// Cells per row and column of the view, and pixels per cell side, at the present zoom.
+int cells_across(const EditorState& state);
+int tile_size(const EditorState& state);
+
+/// Composes every cell of the view.
+void compose_view(EditorState& state);
+
+/// Sets the scroll bars' maximum to the largest width or height of the three layers less the cells
+/// in view; never below 0, and the bar's value never above it.
+void set_column_maximum(EditorState& state);
+void set_row_maximum(EditorState& state);
+
+/// After a change of HScroll1 or VScroll1 by the user.
+void on_h_scroll(EditorState& state);
+void on_v_scroll(EditorState& state);
+
+/// "Zoom In" and "Zoom Out".
+void zoom_in(EditorState& state);
+void zoom_out(EditorState& state);
+
+/// After a change of "Grid On" or "Grid Off" by the user.
+void on_grid_change(EditorState& state);
+
+/// After a change of a "View Layer" box by the user.
+void on_view_box_change(EditorState& state);
+
+/// The grid, where it is on, and the objects over the picture as it stands.
+void draw_overlays(EditorState& state);
+
+} // namespace veldrune

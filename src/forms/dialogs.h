@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace veldrune {
+
+/// The filter of both file dialogs: pairs of a description and a pattern.
+inline constexpr const char* image_file_filter =
+    "Super Nintendo Roms(*.smc)|*.smc|All Files(*.*)|*.*";
+
+/// The port through which the logic talks to the user. The windows implement it with real boxes,
+/// the tests with scripted answers. Every call returns when the user has answered.
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+
+    /// A message with an OK button.
+    virtual void message(const std::string& text, const std::string& title) = 0;
+    /// A question with OK and Cancel, without a title of its own. True for OK.
+    virtual bool question(const std::string& text) = 0;
+    /// The name of a file to open, or nothing where the user cancelled.
+    virtual std::optional<std::string> open_file_name() = 0;
+    /// The name of a file to write, or nothing where the user cancelled.
+    virtual std::optional<std::string> save_file_name() = 0;
+};
+
+} // namespace veldrune

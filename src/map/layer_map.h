@@ -1,0 +1,53 @@
+#pragma once
+
+#include "compression/decompress.h"
+#include "forms/form1.h"
+#include "rom/rom_image.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+namespace veldrune {
+
+inline constexpr int layer_count = 3;
+/// No layer reaches beyond this many tiles.
+inline constexpr int max_layer_width = 128;
+inline constexpr int max_layer_height = 64;
+
+/// One layer in memory: a formation number for every 16 by 16 pixel tile. A row is 129 bytes long.
+struct LayerMap {
+    static constexpr int columns = 129;
+    static constexpr int rows = 65;
+    std::array<std::uint8_t, columns * rows> cells{};
+
+    static constexpr bool contains(std::int64_t column, std::int64_t row) {
+        return column >= 0 && column < columns && row >= 0 && row < rows;
+    }
+    /// column and row must be contained.
+    std::uint8_t& at(std::int64_t column, std::int64_t row) {
+        return cells[static_cast<std::size_t>(row * columns + column)];
+    }
+    std::uint8_t at(std::int64_t column, std::int64_t row) const {
+        return cells[static_cast<std::size_t>(row * columns + column)];
+    }
+};
+
+/// A layer of the selected map and what is kept of its loading.
+struct Layer {
+    LayerMap map;
+    std::int32_t layer_offset = 0; // offset of its stream from rom_layout::layer_data
+    int layer_packed_size = 0;     // bytes of that stream, by its length field at load
+    bool rows_missing = false;     // higher than 64 tiles: only 64 rows were loaded
+};
+
+/// Decodes the layer's stream at rom_layout::layer_data + layer.layer_offset into its LayerMap.
+/// Width and height come from the layer's fields; what lies beyond 128 by 64 tiles is not loaded,
+/// and cells outside the layer keep what they held. index is the layer's, 0 to 2.
+void load_layer(const RomImage& rom, const Form1& form, int index, Layer& layer);
+
+/// Copies width by height tiles row by row into bytes, without gaps. Tiles behind the edge of the
+/// LayerMap count 0. bytes must hold width * height bytes.
+void pack_layer(const LayerMap& map, int width, int height, std::span<std::uint8_t> bytes);
+
+} // namespace veldrune

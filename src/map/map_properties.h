@@ -1,0 +1,98 @@
+#pragma once
+
+#include "forms/dialogs.h"
+#include "forms/form1.h"
+#include "rom/rom_image.h"
+
+#include <array>
+#include <cstdint>
+
+namespace veldrune {
+
+/// The property record of a map, raw as it stands in the image: 33 bytes at
+/// rom_layout::map_properties + 33 * map.
+using MapProperties = std::array<std::uint8_t, 33>;
+
+/// How a value of the record stands in its control.
+enum class FieldForm {
+    decimal,
+    hexadecimal,
+    size,        // decimal: 16 << code, in tiles
+    flag,        // a check box, ticked when set
+    data_number, // hexadecimal: file offset of the stream that the number reaches
+    high_number, // "N/A" for 0, else decimal: the value less 1
+};
+
+/// The values of the record, in the order of their bits.
+enum class RecordField {
+    battle_background,
+    battles_enabled,
+    tileset1,
+    tileset2,
+    tileset3,
+    tileset4,
+    layer3_graphics,
+    layer1_formation,
+    layer2_formation,
+    layer1_data,
+    layer2_data,
+    layer3_data,
+    left_shift1,
+    left_shift2,
+    upward_shift1,
+    upward_shift2,
+    scroll_index,
+    layer2_height,
+    layer2_width,
+    layer1_height,
+    layer1_width,
+    layer3_height,
+    layer3_width,
+    palette,
+    animated_tileset,
+    byte27_high,
+    song,
+    viewable_first,
+    viewable_second,
+    layer_priorities,
+    count,
+};
+
+/// One value of the record: bit_count bits from first_bit on, bit 0 being the lowest of byte 0.
+struct RecordRow {
+    RecordField field;
+    std::string Form1::*text; // its control, or flag
+    bool Form1::*flag;
+    int first_bit;
+    int bit_count;
+    FieldForm form;
+};
+
+const RecordRow& record_row(RecordField field);
+std::uint32_t record_value(const MapProperties& record, RecordField field);
+/// Sets the field's bits to the low bits of value and leaves all others.
+void set_record_value(MapProperties& record, RecordField field, std::uint32_t value);
+
+/// The record's data number of a layer, 0 to 2.
+int data_number(const MapProperties& record, int layer);
+/// File offset of the entry of the layer data pointer table that data number reaches.
+std::int64_t data_pointer_offset(int data_number);
+
+MapProperties read_record(const RomImage& rom, int map_index);
+/// File offset of the map's record.
+std::int64_t record_offset(int map_index);
+/// File offset of the map's byte in the monster set table.
+std::int64_t monster_set_offset(int map_index);
+
+/// Shows the record in the fields of the window, Text26 left out. The "Map Data Location" fields go
+/// through the pointer table of the image.
+void show_record(const RomImage& rom, const MapProperties& record, Form1& form);
+/// Shows the high number of byte 27 in Text26.
+void show_byte27_high(const MapProperties& record, Form1& form);
+/// Shows the map's monster set in Text41.
+void show_monster_set(const RomImage& rom, int map_index, Form1& form);
+
+/// Where layer 3 stands, from the layer priority table: 0 at the bottom, 1 between, 2 on top.
+int read_layer3_order(const RomImage& rom, const MapProperties& record);
+
+} // namespace veldrune

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "rom/rom_image.h"
+
+#include <array>
+#include <cstdint>
+
+namespace veldrune {
+
+/// A packed colour: blue in bits 0-7, green in bits 8-15, red in bits 16-23. 0 means no pixel.
+using Colour = std::uint32_t;
+
+/// Two palettes of 128 colours; the map's own is the first.
+using Palette256 = std::array<Colour, 256>;
+
+/// The packed colour of a 15-bit word: red in bits 0-4, green in bits 5-9, blue in bits 10-14.
+constexpr Colour packed_colour(std::uint16_t word) {
+    const Colour red = word & 0x1Fu;
+    const Colour green = (word >> 5) & 0x1Fu;
+    const Colour blue = (word >> 10) & 0x1Fu;
+    return red << 19 | green << 11 | blue << 3;
+}
+
+/// Reads 256 colours from file offset on.
+Palette256 read_palette(const RomImage& rom, std::int64_t offset);
+
+/// File offset of map palette number.
+std::int64_t map_palette_offset(int number);
+
+} // namespace veldrune

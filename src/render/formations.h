@@ -1,0 +1,39 @@
+#pragma once
+
+#include "map/palette.h"
+#include "map/tile_sources.h"
+
+#include <array>
+#include <cstdint>
+
+namespace veldrune {
+
+/// 16 by 16 packed colours, pixel index 16 * y + x.
+using Formation = std::array<Colour, 256>;
+using FormationBitmap = std::array<Formation, 256>;
+
+/// The formations of a map as pixels. A character with the priority bit stands in the high bitmap
+/// of its layer, any other in the low one; where it does not stand the pixels are 0.
+struct FormationBitmaps {
+    alignas(64) FormationBitmap layer1_high{};
+    alignas(64) FormationBitmap layer1_low{};
+    alignas(64) FormationBitmap layer2_high{};
+    alignas(64) FormationBitmap layer2_low{};
+    /// Cell values 0-63 as drawn, + 64 flipped horizontally, + 128 vertically; formation 0 is
+    /// empty.
+    alignas(64) FormationBitmap layer3_pixels{};
+};
+
+/// Decodes the 1024 characters of layer 1 or 2 and puts them together to formations. Palette row
+/// and flips come from the attribute bytes; pixel value 0 is no pixel.
+void decode_layer_tiles(const FormationCharacters& characters, const CharacterGraphics& graphics,
+                        const Palette256& palette, FormationBitmap& high, FormationBitmap& low);
+
+/// Decodes the layer 3 formations in their four orientations.
+void decode_layer3_tiles(const Layer3Graphics& graphics, const Palette256& palette,
+                         FormationBitmap& output);
+
+/// A formation of a layer (0 to 2) with its high and low pixels together.
+Formation whole_formation(const FormationBitmaps& bitmaps, int layer, int formation);
+
+} // namespace veldrune

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "map/palette.h"
+
+#include <array>
+
+namespace veldrune {
+
+/// The side of the map picture in pixels.
+inline constexpr int view_size = 512;
+
+/// The map picture: 512 by 512 packed colours, row by row from the top left. What is not drawn over
+/// stays.
+struct PixelBuffer {
+    alignas(64) std::array<Colour, view_size * view_size> pixels{};
+
+    Colour* row(int y) { return pixels.data() + y * view_size; }
+    const Colour* row(int y) const { return pixels.data() + y * view_size; }
+};
+
+/// Draws a line one pixel wide from (x0, y) up to, but not at, (x1, y); what falls outside the
+/// picture is left out. draw_column does the same downwards.
+void draw_row(PixelBuffer& buffer, int x0, int x1, int y, Colour colour);
+void draw_column(PixelBuffer& buffer, int x, int y0, int y1, Colour colour);
+
+/// White lines at the top and left edge of every cell; tile_size is the side of a cell in pixels.
+void draw_grid(PixelBuffer& buffer, int tile_size);
+
+/// Moves the whole picture right by dx and down by dy pixels, each between -512 and 512. What is
+/// uncovered keeps what it held.
+void shift_picture(PixelBuffer& buffer, int dx, int dy);
+
+} // namespace veldrune

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace veldrune {
+
+/// Tells two files apart, whatever names they go by.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// One open file. Closed when destroyed. Offsets are 0-based bytes.
+class File {
+  public:
+    virtual ~File() = default;
+    /// Reads up to bytes.size() bytes and returns how many came: fewer at the end of the file or
+    /// where the disk refuses.
+    virtual std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
+    /// Writes all of bytes, extending the file where they reach beyond its end. False where any
+    /// of them could not be written.
+    virtual bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
+    virtual std::int64_t size() = 0;
+    virtual FileIdentity identity() = 0;
+};
+
+/// The disk, as far as the program needs it. Tests put one in its place that fails on demand.
+class FileLayer {
+  public:
+    virtual ~FileLayer() = default;
+    /// An existing file, for reading and writing. Null where that can't be had.
+    virtual std::unique_ptr<File> open(const std::string& path) = 0;
+    /// A new, empty file. Null where the name is taken or the file can't be made.
+    virtual std::unique_ptr<File> create(const std::string& path) = 0;
+    /// Gives the file at from the name to, in the place of what had that name.
+    virtual bool rename(const std::string& from, const std::string& to) = 0;
+    virtual void remove(const std::string& path) = 0;
+};
+
+/// The real disk. Every access goes straight to the operating system.
+std::unique_ptr<FileLayer> make_disk();
+
+/// Copies the file from to the name to. The copy is made under a temporary name in the target's
+/// folder and renamed when it is whole, so that a failure leaves what stood there. False on
+/// failure.
+bool copy_file(FileLayer& files, const std::string& from, const std::string& to);
+
+} // namespace veldrune

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "forms/dialogs.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace veldrune {
+
+/// Reads hexadecimal text. The text is left in upper case, without blanks and line breaks. An empty
+/// text is told and counts 0. Every character that is no digit is told once and counts as the digit
+/// to its right, or 0 at the end. Values wrap to 32 bits.
+std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs);
+
+/// Upper-case hexadecimal text without leading zeros; 0 gives "0". value must not be negative.
+std::string format_hex(std::int64_t value);
+
+/// A decimal text read as a number: plain digits, blanks around them allowed. A text that holds
+/// anything else counts as its leading digits make, 0 without any, and is_number is false. Values
+/// stop at the largest int.
+struct DecimalNumber {
+    int value = 0;
+    bool is_number = false;
+};
+DecimalNumber decimal_number(std::string_view text);
+
+/// The same, with a warning where the text is no number.
+DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs);
+
+/// Bit text: one character "0" or "1" a bit, the highest first.
+std::string byte_to_bits(std::uint8_t value);
+std::string word_to_bits(std::uint16_t value);
+/// The number that length characters of bit text make, from position first on, counted from 1.
+/// What lies outside the text counts 0.
+std::uint32_t bits_to_value(std::string_view bits, std::size_t first, std::size_t length);
+
+} // namespace veldrune

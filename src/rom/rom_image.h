@@ -1,0 +1,48 @@
+#pragma once
+
+#include "rom/file_layer.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace veldrune {
+
+/// The one open image file. Offsets are 0-based file offsets, the 0x200-byte copier header
+/// included; words and pointers are little-endian. There is no cache: what is written is in the
+/// file when the call returns. A read outside the file, or with no file open, yields 0xFF.
+class RomImage {
+  public:
+    explicit RomImage(FileLayer& file_layer) : files_(file_layer) {}
+
+    /// Opens path for reading and writing in the place of the file that was open. On failure no
+    /// file is open.
+    bool open(const std::string& path);
+    void close() { file_.reset(); }
+    bool is_open() const { return file_ != nullptr; }
+    /// The path of the open file, or of the one that was open last.
+    const std::string& path() const { return path_; }
+    FileIdentity identity() const { return file_ ? file_->identity() : FileIdentity{}; }
+    FileLayer& files() const { return files_; }
+
+    std::uint8_t read_byte(std::int64_t offset) const;
+    std::uint16_t read_word(std::int64_t offset) const;
+    /// 24 bits: three bytes, the lowest first.
+    std::int32_t read_pointer24(std::int64_t offset) const;
+    /// Fills all of bytes from offset on.
+    void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+
+    /// False where the bytes could not be written; some of them may then stand in the file.
+    bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
+    bool write_byte(std::int64_t offset, std::uint8_t value) { return write(offset, {&value, 1}); }
+    /// 24 bits of value, the lowest byte first.
+    bool write_pointer24(std::int64_t offset, std::int32_t value);
+
+  private:
+    FileLayer& files_;
+    std::unique_ptr<File> file_;
+    std::string path_;
+};
+
+} // namespace veldrune

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "rom/file_layer.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+namespace veldrune::test {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// A disk in memory that fails on demand. Files keep their contents when they are closed.
+class MemoryDisk : public FileLayer {
+  public:
+    /// One failure: the access of this number, counted from 1, or every one from it on, does
+    /// nothing (refused) or half of its work (short).
+    struct Fault {
+        int at = 0; // 0: never
+        bool from_then_on = false;
+        bool half = false;
+    };
+    Fault read_fault;
+    Fault write_fault; // counts writes, creations and renamings
+    int reads = 0;
+    int writes = 0;
+    bool refuse_open = false;
+
+    /// Starts counting anew, with these failures.
+    void fail(Fault reading, Fault writing) {
+        read_fault = reading;
+        write_fault = writing;
+        reads = writes = 0;
+    }
+
+    Bytes& operator[](const std::string& path) {
+        auto& file = files_[path];
+        if (!file)
+            file = std::make_shared<Contents>(Contents{{}, ++last_number_});
+        return file->bytes;
+    }
+    bool exists(const std::string& path) const { return files_.contains(path); }
+    std::size_t file_count() const { return files_.size(); }
+
+    std::unique_ptr<File> open(const std::string& path) override {
+        if (refuse_open || !exists(path))
+            return nullptr;
+        return std::make_unique<OpenFile>(*this, files_[path]);
+    }
+    std::unique_ptr<File> create(const std::string& path) override {
+        if (fails(write_fault, ++writes) || exists(path))
+            return nullptr;
+        (*this)[path].clear();
+        return open(path);
+    }
+    bool rename(const std::string& from, const std::string& to) override {
+        if (fails(write_fault, ++writes) || !exists(from))
+            return false;
+        files_[to] = files_[from];
+        files_.erase(from);
+        return true;
+    }
+    void remove(const std::string& path) override { files_.erase(path); }
+
+  private:
+    struct Contents {
+        Bytes bytes;
+        std::uint64_t number;
+    };
+
+    static bool fails(const Fault& fault, int access) {
+        return fault.at != 0 && (fault.from_then_on ? access >= fault.at : access == fault.at);
+    }
+
+    class OpenFile : public File {
+      public:
+        OpenFile(MemoryDisk& disk, std::shared_ptr<Contents> contents)
+            : disk_(disk), contents_(std::move(contents)) {}
+        std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> bytes) override {
+            const Bytes& file = contents_->bytes;
+            const auto size = static_cast<std::int64_t>(file.size());
+            if (offset < 0 || offset >= size)
+                return 0;
+            std::size_t count = std::min(bytes.size(), static_cast<std::size_t>(size - offset));
+            if (fails(disk_.read_fault, ++disk_.reads))
+                count = disk_.read_fault.half ? count / 2 : 0;
+            std::copy_n(file.begin() + offset, count, bytes.begin());
+            return count;
+        }
+        bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
+            if (offset < 0 || offset > 0x1000000) // the disk holds no file above 16 MiB
+                return false;
+            const bool failing = fails(disk_.write_fault, ++disk_.writes);
+            const std::size_t count =
+                failing ? (disk_.write_fault.half ? bytes.size() / 2 : 0) : bytes.size();
+            Bytes& file = contents_->bytes;
+            const auto end = static_cast<std::size_t>(offset) + count;
+            if (count != 0 && file.size() < end)
+                file.resize(end);
+            std::copy_n(bytes.begin(), count, file.begin() + offset);
+            return !failing;
+        }
+        std::int64_t size() override { return static_cast<std::int64_t>(contents_->bytes.size()); }
+        FileIdentity identity() override { return {1, contents_->number}; }
+
+      private:
+        MemoryDisk& disk_;
+        std::shared_ptr<Contents> contents_;
+    };
+
+    std::map<std::string, std::shared_ptr<Contents>> files_;
+    std::uint64_t last_number_ = 0;
+};
+
+} // namespace veldrune::test
