@@ -8,6 +8,12 @@ namespace veldrune {
 /// What the next composition will show, from the fields, boxes and scroll bars as they stand.
 MapView map_view(const EditorState& state);
 
+/// Whether at least one "View Layer" box is ticked.
+bool any_layer_shown(const Form1& form);
+
+/// The map's scroll bars in the place of the world map's.
+void show_map_scroll_bars(Form1& form);
+
 /// Cells per row and column of the view, and pixels per cell side, at the present zoom.
 int cells_across(const EditorState& state);
 int tile_size(const EditorState& state);

@@ -44,7 +44,8 @@ struct Layer {
 /// Decodes the layer's stream at rom_layout::layer_data + layer.layer_offset into its LayerMap.
 /// Width and height come from the layer's fields; what lies beyond 128 by 64 tiles is not loaded,
 /// and cells outside the layer keep what they held. index is the layer's, 0 to 2.
-void load_layer(const RomImage& rom, const Form1& form, int index, Layer& layer);
+void load_layer(const RomImage& rom, const Form1& form, int index, DecompressBuffer& buffer,
+                Layer& layer);
 
 /// Copies width by height tiles row by row into bytes, without gaps. Tiles behind the edge of the
 /// LayerMap count 0. bytes must hold width * height bytes.

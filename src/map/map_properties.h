@@ -74,9 +74,9 @@ std::uint32_t record_value(const MapProperties& record, RecordField field);
 void set_record_value(MapProperties& record, RecordField field, std::uint32_t value);
 
 /// The record's data number of a layer, 0 to 2.
-int data_number(const MapProperties& record, int layer);
+int layer_data_number(const MapProperties& record, int layer);
 /// File offset of the entry of the layer data pointer table that data number reaches.
-std::int64_t data_pointer_offset(int data_number);
+std::int64_t data_pointer_offset(int number);
 
 MapProperties read_record(const RomImage& rom, int map_index);
 /// File offset of the map's record.

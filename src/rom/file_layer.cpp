@@ -8,6 +8,10 @@
 namespace veldrune {
 namespace {
 
+FileIdentity identity_from(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
 // The standard library can't tell which file stands behind a name that has changed since it was
 // opened, and reports a full disk late. The system's own calls do both.
 class DiskFile : public File {
@@ -43,11 +47,7 @@ class DiskFile : public File {
 
     std::int64_t size() override { return status().st_size; }
 
-    FileIdentity identity() override {
-        const struct stat status = this->status();
-        return {static_cast<std::uint64_t>(status.st_dev),
-                static_cast<std::uint64_t>(status.st_ino)};
-    }
+    FileIdentity identity() override { return identity_from(status()); }
 
   private:
     struct stat status() const {
@@ -72,6 +72,12 @@ class Disk : public FileLayer {
         return ::rename(from.c_str(), to.c_str()) == 0;
     }
     void remove(const std::string& path) override { ::unlink(path.c_str()); }
+    std::optional<FileIdentity> identity_of(const std::string& path) override {
+        struct stat status {};
+        if (::stat(path.c_str(), &status) != 0)
+            return std::nullopt;
+        return identity_from(status);
+    }
 
   private:
     static std::unique_ptr<File> file_of(int descriptor) {
@@ -79,7 +85,7 @@ class Disk : public FileLayer {
     }
 };
 
-// Copies all bytes. A read that fails is told from the end of the file by the size.
+// A read that fails is told from the end of the file by the file's size.
 bool copy_bytes(File& from, File& to) {
     std::array<std::uint8_t, 0x10000> block;
     const std::int64_t size = from.size();
@@ -94,25 +100,25 @@ bool copy_bytes(File& from, File& to) {
 
 } // namespace
 
-std::unique_ptr<FileLayer> make_disk() { return std::make_unique<Disk>(); }
+std::unique_ptr<FileLayer> make_disk() {
+    return std::make_unique<Disk>();
+}
 
-bool copy_file(FileLayer& files, const std::string& from, const std::string& to) {
-    const std::unique_ptr<File> source = files.open(from);
-    if (!source)
-        return false;
-    constexpr int attempts = 100;
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        const std::string part = to + ".part" + std::to_string(attempt);
-        std::unique_ptr<File> target = files.create(part);
-        if (!target)
-            continue;
-        const bool copied = copy_bytes(*source, *target);
-        target.reset();
-        if (copied && files.rename(part, to))
-            return true;
-        files.remove(part);
-        return false;
+bool copy_file(FileLayer& files, File& from, const std::string& to) {
+    std::string part = to + ".part";
+    constexpr int attempts = 100; // names that are taken are passed over
+    std::unique_ptr<File> target = files.create(part);
+    for (int attempt = 1; !target && attempt < attempts; ++attempt) {
+        part = to + ".part" + std::to_string(attempt);
+        target = files.create(part);
     }
+    if (!target)
+        return false;
+    const bool copied = copy_bytes(from, *target);
+    target.reset();
+    if (copied && files.rename(part, to))
+        return true;
+    files.remove(part);
     return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -39,14 +40,15 @@ class FileLayer {
     /// Gives the file at from the name to, in the place of what had that name.
     virtual bool rename(const std::string& from, const std::string& to) = 0;
     virtual void remove(const std::string& path) = 0;
+    /// The file behind a name, or nothing where there is none.
+    virtual std::optional<FileIdentity> identity_of(const std::string& path) = 0;
 };
 
 /// The real disk. Every access goes straight to the operating system.
 std::unique_ptr<FileLayer> make_disk();
 
-/// Copies the file from to the name to. The copy is made under a temporary name in the target's
-/// folder and renamed when it is whole, so that a failure leaves what stood there. False on
-/// failure.
-bool copy_file(FileLayer& files, const std::string& from, const std::string& to);
+/// Copies an open file to the name to. The copy is made under a temporary name in the same folder
+/// and renamed when it is whole, so that a failure leaves what stood there. False on failure.
+bool copy_file(FileLayer& files, File& from, const std::string& to);
 
 } // namespace veldrune

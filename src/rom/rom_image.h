@@ -23,8 +23,14 @@ class RomImage {
     bool is_open() const { return file_ != nullptr; }
     /// The path of the open file, or of the one that was open last.
     const std::string& path() const { return path_; }
+    /// The file behind the open handle, whatever its name is by now.
     FileIdentity identity() const { return file_ ? file_->identity() : FileIdentity{}; }
-    FileLayer& files() const { return files_; }
+    /// Whether path names the open file.
+    bool is_file(const std::string& path) const {
+        return file_ && files_.identity_of(path) == file_->identity();
+    }
+    /// Copies the open file to path. On failure nothing has changed there.
+    bool copy_to(const std::string& path) const { return file_ && copy_file(files_, *file_, path); }
 
     std::uint8_t read_byte(std::int64_t offset) const;
     std::uint16_t read_word(std::int64_t offset) const;

@@ -61,6 +61,11 @@ class MemoryDisk : public FileLayer {
         return true;
     }
     void remove(const std::string& path) override { files_.erase(path); }
+    std::optional<FileIdentity> identity_of(const std::string& path) override {
+        if (!exists(path))
+            return std::nullopt;
+        return FileIdentity{1, files_[path]->number};
+    }
 
   private:
     struct Contents {

@@ -1,0 +1,99 @@
+#include "editor/mouse.h"
+
+#include "editor/build.h"
+#include "editor/view.h"
+#include "rom/number_text.h"
+
+namespace veldrune {
+namespace {
+
+// The tile under the mouse: in the view, and in the map.
+struct Cursor {
+    int cursor_x;
+    int cursor_y;
+    std::int64_t column;
+    std::int64_t row;
+    bool in_layer_map; // inside the picture and inside the LayerMap
+};
+
+Cursor locate_cursor(const EditorState& state, int x, int y) {
+    const Form1& form = state.form1;
+    const int side = tile_size(state);
+    Cursor cursor{x / side, y / side, 0, 0, false};
+    cursor.column = std::int64_t{form.HScroll1.value} + cursor.cursor_x;
+    cursor.row = std::int64_t{form.VScroll1.value} + cursor.cursor_y;
+    cursor.in_layer_map = x >= 0 && x < view_size && y >= 0 && y < view_size &&
+                          LayerMap::contains(cursor.column, cursor.row);
+    return cursor;
+}
+
+CellTiles tiles_under(const EditorState& state, const Cursor& cursor) {
+    CellTiles tiles;
+    for (std::size_t layer = 0; layer < tiles.size(); ++layer)
+        tiles[layer] = state.layers[layer].map.at(cursor.column, cursor.row);
+    return tiles;
+}
+
+void paint_map_tile(EditorState& state, const Cursor& cursor) {
+    const auto edit_layer = static_cast<std::size_t>(state.form1.edit_layer);
+    const auto tile = static_cast<std::uint8_t>(state.form1.current_tile);
+    CellTiles tiles = tiles_under(state, cursor);
+    tiles[edit_layer] = tile;
+    compose_one_cell(state.bitmaps, map_view(state), cursor.cursor_x, cursor.cursor_y, tiles,
+                     state.picture);
+    state.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
+}
+
+void paint(EditorState& state, const Cursor& cursor) {
+    if (!cursor.in_layer_map)
+        return;
+    state.changes_saved = false;
+    paint_map_tile(state, cursor);
+}
+
+void pick_map_tile(EditorState& state, const Cursor& cursor) {
+    state.tile_picked = true;
+    if (!cursor.in_layer_map)
+        return;
+    const auto edit_layer = static_cast<std::size_t>(state.form1.edit_layer);
+    state.form1.current_tile = tiles_under(state, cursor)[edit_layer];
+    show_tile_preview(state);
+    state.form1.tool = Tool::draw;
+}
+
+std::string hex32(std::int64_t value) {
+    return format_hex(static_cast<std::uint32_t>(value));
+}
+
+} // namespace
+
+void on_press(EditorState& state, MouseButton button, int x, int y) {
+    const Cursor cursor = locate_cursor(state, x, y);
+    if (state.form1.tool == Tool::draw && button == MouseButton::left) {
+        state.painting = true;
+        state.tile_picked = false;
+    } else if (button == MouseButton::right || state.form1.tool == Tool::get_tile) {
+        if (state.rom_open && state.map_selected)
+            pick_map_tile(state, cursor);
+    }
+}
+
+void on_move(EditorState& state, int x, int y) {
+    const Cursor cursor = locate_cursor(state, x, y);
+    Form1& form = state.form1;
+    form.Label26 =
+        hex32(cursor.column + form.HScroll2.value) + " " + hex32(cursor.row + form.VScroll2.value);
+    if (state.painting && state.rom_open)
+        paint(state, cursor);
+}
+
+void on_release(EditorState& state) {
+    state.painting = false;
+}
+
+void on_click(EditorState& state, int x, int y) {
+    if (state.rom_open && state.form1.tool == Tool::draw && !state.tile_picked)
+        paint(state, locate_cursor(state, x, y));
+}
+
+} // namespace veldrune

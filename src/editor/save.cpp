@@ -1,0 +1,71 @@
+#include "editor/save.h"
+
+#include "editor/open_image.h"
+#include "saving/save_layers.h"
+#include "saving/save_properties.h"
+
+namespace veldrune {
+namespace {
+
+bool map_in_memory(const EditorState& state) {
+    return state.map_source.has_value();
+}
+
+// A map that was read from another image goes into the open one only where the user wants that.
+bool may_save_into_open_image(EditorState& state) {
+    return !map_in_memory(state) || state.map_source->identity == state.rom.identity() ||
+           state.dialogs.question("This map was read from " + state.map_source->path +
+                                  ". Save it into the open image, " + state.rom.path() + "?");
+}
+
+bool save_all_layers(EditorState& state) {
+    return save_layers(state.rom, state.form1, state.layers, state.compress_output, state.dialogs);
+}
+
+// Makes a copy of the open image, unless path names that image itself, and opens it. The map in
+// memory belongs to the copy from then on as it belonged to the original. False, with the former
+// image open, where that fails; it has been told.
+bool go_on_in_copy(EditorState& state, const std::string& path) {
+    const bool read_from_open_image =
+        map_in_memory(state) && state.map_source->identity == state.rom.identity();
+    const bool copied = state.rom.is_file(path) || state.rom.copy_to(path);
+    if (!copied || !switch_image(state, path)) {
+        state.dialogs.message("The image could not be copied to " + path + ".", "Error");
+        return false;
+    }
+    if (read_from_open_image)
+        state.map_source = MapSource{state.rom.identity(), path};
+    return true;
+}
+
+bool save_map_as(EditorState& state) {
+    if (!save_all_layers(state) ||
+        !save_map_properties_as(state.rom, state.form1, state.record_at_load, state.map_index,
+                                state.dialogs))
+        return false;
+    state.changes_saved = true;
+    state.map_source = MapSource{state.rom.identity(), state.rom.path()};
+    return true;
+}
+
+} // namespace
+
+void save(EditorState& state) {
+    if (!map_in_memory(state) || !may_save_into_open_image(state))
+        return;
+    if (save_all_layers(state) && save_map_properties(state.rom, state.form1, state.map_properties,
+                                                      state.map_index, state.dialogs))
+        state.changes_saved = true;
+}
+
+void save_as(EditorState& state) {
+    if (!may_save_into_open_image(state))
+        return;
+    const auto path = state.dialogs.save_file_name();
+    if (!path || !go_on_in_copy(state, *path))
+        return;
+    if (!map_in_memory(state) || save_map_as(state))
+        take_over_path(state, *path);
+}
+
+} // namespace veldrune

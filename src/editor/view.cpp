@@ -1,0 +1,158 @@
+#include "editor/view.h"
+
+#include "rom/number_text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace veldrune {
+namespace {
+
+int largest(const Form1& form, std::string Form1::*LayerControls::*size) {
+    int value = 0;
+    for (const LayerControls& controls : layer_controls)
+        value = std::max(value, decimal_number(form.*(controls.*size)).value);
+    return value;
+}
+
+void set_maximum(ScrollBar& bar, int maximum) {
+    bar.maximum = std::max(maximum, 0);
+    bar.value = std::min(bar.value, bar.maximum);
+}
+
+Layer3Blend layer3_blend(const Form1& form) {
+    constexpr int opaque_graphics = 6; // alone of all layer 3 graphics
+    if (form.Text25 == EMPTY_LAYER_TEXT)
+        return Layer3Blend::none;
+    return decimal_number(form.Text23).value == opaque_graphics ? Layer3Blend::opaque
+                                                                : Layer3Blend::half;
+}
+
+bool map_ready(const EditorState& state) {
+    return state.rom_open && state.map_selected;
+}
+
+void compose_and_overlay(EditorState& state) {
+    compose_view(state);
+    draw_overlays(state);
+}
+
+void scroll_view(EditorState& state) {
+    const MapView view = map_view(state);
+    scroll_picture(state.bitmaps, view, state.last_h, state.last_v, state.picture);
+    state.last_h = view.h;
+    state.last_v = view.v;
+}
+
+void show_scrolled(EditorState& state) {
+    if (!state.view_stale)
+        scroll_view(state);
+    else if (any_layer_shown(state.form1))
+        compose_view(state);
+    state.view_stale = false;
+    draw_overlays(state);
+}
+
+void set_zoom(EditorState& state, float zoom) {
+    constexpr float closest = 0.25f;
+    constexpr float farthest = 2.0f;
+    if (zoom >= closest && zoom <= farthest) {
+        char text[16];
+        std::snprintf(text, sizeof text, "%g", static_cast<double>(zoom));
+        state.zoom = zoom;
+        state.form1.Text4 = text;
+    }
+    if (map_ready(state))
+        compose_and_overlay(state);
+}
+
+} // namespace
+
+bool any_layer_shown(const Form1& form) {
+    return form.Check5 || form.Check6 || form.Check7;
+}
+
+void show_map_scroll_bars(Form1& form) {
+    form.HScroll1.visible = form.VScroll1.visible = true;
+    form.HScroll2.visible = form.VScroll2.visible = false;
+}
+
+int cells_across(const EditorState& state) {
+    return static_cast<int>(16 * state.zoom);
+}
+
+int tile_size(const EditorState& state) {
+    return view_size / cells_across(state);
+}
+
+MapView map_view(const EditorState& state) {
+    const Form1& form = state.form1;
+    MapView view;
+    view.stack.layer3_order = state.layer3_order;
+    view.stack.blend = layer3_blend(form);
+    for (std::size_t layer = 0; layer < layer_count; ++layer) {
+        const LayerControls& controls = layer_controls[layer];
+        view.stack.shown[layer] = form.*controls.view;
+        view.maps[layer] = &state.layers[layer].map;
+        view.widths[layer] = decimal_number(form.*controls.width).value;
+        view.heights[layer] = decimal_number(form.*controls.height).value;
+    }
+    view.h = form.HScroll1.value;
+    view.v = form.VScroll1.value;
+    view.cells_across = cells_across(state);
+    return view;
+}
+
+void compose_view(EditorState& state) {
+    const MapView view = map_view(state);
+    compose_cells(state.bitmaps, view, 0, 0, view.cells_across, view.cells_across, state.picture);
+    state.last_h = view.h;
+    state.last_v = view.v;
+}
+
+void set_column_maximum(EditorState& state) {
+    set_maximum(state.form1.HScroll1,
+                largest(state.form1, &LayerControls::width) - cells_across(state));
+}
+
+void set_row_maximum(EditorState& state) {
+    set_maximum(state.form1.VScroll1,
+                largest(state.form1, &LayerControls::height) - cells_across(state));
+}
+
+void on_h_scroll(EditorState& state) {
+    set_column_maximum(state);
+    show_scrolled(state);
+}
+
+void on_v_scroll(EditorState& state) {
+    set_row_maximum(state);
+    show_scrolled(state);
+}
+
+void zoom_in(EditorState& state) {
+    set_zoom(state, state.zoom / 2);
+}
+
+void zoom_out(EditorState& state) {
+    set_zoom(state, state.zoom * 2);
+}
+
+void on_grid_change(EditorState& state) {
+    if (!map_ready(state))
+        return;
+    if (!state.form1.grid_on)
+        compose_view(state);
+    draw_overlays(state);
+}
+
+void on_view_box_change(EditorState& state) {
+    state.view_stale = true;
+}
+
+void draw_overlays(EditorState& state) {
+    if (state.form1.grid_on)
+        draw_grid(state.picture, tile_size(state));
+}
+
+} // namespace veldrune

@@ -1,0 +1,32 @@
+#include "map/layer_map.h"
+
+#include "rom/number_text.h"
+#include "rom/rom_layout.h"
+
+#include <algorithm>
+
+namespace veldrune {
+
+void load_layer(const RomImage& rom, const Form1& form, int index, DecompressBuffer& buffer,
+                Layer& layer) {
+    const LayerControls& controls = layer_controls[index];
+    const int full_height = decimal_number(form.*controls.height).value;
+    const int width = std::min(decimal_number(form.*controls.width).value, max_layer_width);
+    const int height = std::min(full_height, max_layer_height);
+    const std::int64_t stream = std::int64_t{rom_layout::layer_data} + layer.layer_offset;
+
+    layer.rows_missing = full_height > max_layer_height;
+    layer.layer_packed_size = rom.read_word(stream);
+    decompress_stream(rom, stream, buffer, layer_output_limit);
+    for (int row = 0; row < height; ++row)
+        std::copy_n(buffer.output() + row * width, width, &layer.map.at(0, row));
+}
+
+void pack_layer(const LayerMap& map, int width, int height, std::span<std::uint8_t> bytes) {
+    auto out = bytes.begin();
+    for (int row = 0; row < height; ++row)
+        for (int column = 0; column < width; ++column)
+            *out++ = LayerMap::contains(column, row) ? map.at(column, row) : std::uint8_t{0};
+}
+
+} // namespace veldrune

@@ -1,0 +1,104 @@
+#include "rom/number_text.h"
+
+#include <algorithm>
+#include <bitset>
+#include <charconv>
+#include <cstddef>
+#include <limits>
+#include <optional>
+
+namespace veldrune {
+namespace {
+
+void normalise(std::string& text) {
+    std::string kept;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
+            ++i;
+        else if (c != ' ')
+            kept += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+    text = kept;
+}
+
+std::optional<std::uint32_t> hex_digit(char c) {
+    if (c >= '0' && c <= '9')
+        return static_cast<std::uint32_t>(c - '0');
+    if (c >= 'A' && c <= 'F')
+        return static_cast<std::uint32_t>(c - 'A' + 10);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
+    normalise(text);
+    if (text.empty()) {
+        dialogs.message("invalid hex", "I Pity The Fool");
+        return 0;
+    }
+    // A message box lets the user's window run: what is parsed is what stood here when it began.
+    const std::string digits = text;
+    std::uint32_t value = 0;
+    std::uint32_t digit = 0; // of a bad character: the one to its right
+    for (std::size_t place = 0; place < digits.size(); ++place) {
+        const std::optional<std::uint32_t> good = hex_digit(digits[digits.size() - 1 - place]);
+        if (!good)
+            dialogs.message("The number " + digits + " you've entered is not valid hex", "Warning");
+        digit = good.value_or(digit);
+        if (place < 8)
+            value |= digit << (4 * place);
+    }
+    return static_cast<std::int32_t>(value);
+}
+
+std::string format_hex(std::int64_t value) {
+    std::string text(16, '0');
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, 16).ptr;
+    text.resize(static_cast<std::size_t>(end - text.data()));
+    normalise(text);
+    return text;
+}
+
+DecimalNumber decimal_number(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    DecimalNumber number;
+    std::size_t i = 0;
+    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
+        const std::int64_t value = std::int64_t{number.value} * 10 + (text[i] - '0');
+        number.value =
+            static_cast<int>(std::min<std::int64_t>(value, std::numeric_limits<int>::max()));
+    }
+    number.is_number = i == text.size();
+    return number;
+}
+
+DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
+    const DecimalNumber number = decimal_number(text);
+    if (!number.is_number)
+        dialogs.message("The number " + text + " you've entered is not valid decimal", "Warning");
+    return number;
+}
+
+std::string byte_to_bits(std::uint8_t value) {
+    return std::bitset<8>(value).to_string();
+}
+
+std::string word_to_bits(std::uint16_t value) {
+    return std::bitset<16>(value).to_string();
+}
+
+std::uint32_t bits_to_value(std::string_view bits, std::size_t first, std::size_t length) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        const std::size_t at = first - 1 + i;
+        value = value * 2 + (at < bits.size() && bits[at] == '1' ? 1u : 0u);
+    }
+    return value;
+}
+
+} // namespace veldrune

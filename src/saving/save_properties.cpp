@@ -1,0 +1,188 @@
+#include "saving/save_properties.h"
+
+#include "rom/number_text.h"
+#include "rom/rom_layout.h"
+#include "saving/told_write.h"
+
+#include <optional>
+#include <span>
+
+namespace veldrune {
+namespace {
+
+using enum RecordField;
+
+constexpr RecordField widths[] = {layer1_width, layer2_width, layer3_width};
+constexpr RecordField heights[] = {layer1_height, layer2_height, layer3_height};
+constexpr RecordField before_pointers[] = {layer2_formation, layer1_formation, layer3_graphics};
+// clang-format off
+constexpr RecordField behind_pointers[] = {
+    left_shift1, left_shift2, upward_shift1, upward_shift2,
+    tileset1, tileset2, tileset3, tileset4, animated_tileset,
+    viewable_first, viewable_second, song, palette, layer_priorities, scroll_index,
+    battles_enabled, battle_background,
+};
+
+// A part of the record that Save As writes: some fields and the bytes that they lie in.
+struct SaveAsStep { std::span<const RecordField> fields; std::size_t first_byte; std::size_t byte_count; };
+constexpr RecordField as_formations[] = {layer2_formation, layer1_formation};
+constexpr RecordField as_palette[]    = {palette};
+constexpr RecordField as_tilesets[]   = {tileset1, tileset2, tileset3, tileset4};
+constexpr RecordField as_animated[]   = {animated_tileset};
+constexpr RecordField as_viewable[]   = {viewable_first, viewable_second};
+constexpr SaveAsStep save_as_steps[] = {
+    {as_formations, 11, 2},
+    {as_palette,    25, 1},
+    {as_tilesets,    7, 4},
+    {as_animated,   27, 1},
+    {as_viewable,   30, 2},
+};
+constexpr std::size_t size_byte = 23; // of layers 1 and 2
+constexpr RecordField as_sizes[] = {layer2_height, layer2_width, layer1_height, layer1_width};
+// clang-format on
+
+std::optional<std::uint32_t> width_code(int width, Dialogs& dialogs) {
+    for (std::uint32_t code = 0; code < 4; ++code)
+        if (width == 16 << code)
+            return code;
+    dialogs.message("The map width must be either 16, 32, 64, or 128", "Error");
+    return std::nullopt;
+}
+
+std::optional<std::uint32_t> height_code(int height, Dialogs& dialogs) {
+    for (std::uint32_t code = 0; code < 3; ++code)
+        if (height == 16 << code)
+            return code;
+    dialogs.message("The map height must be either 16, 32, or 64", "Error");
+    return std::nullopt;
+}
+
+// How often the size, taken as a byte, is halved until it is 16.
+std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
+    std::uint32_t code = 0;
+    int side = tiles % 256;
+    for (; side > 16; side /= 2)
+        ++code;
+    if (side == 16)
+        return code;
+    dialogs.message("Not a valid mapsize", "error");
+    return std::nullopt;
+}
+
+std::optional<std::uint32_t> decimal_value(const std::string& text, Dialogs& dialogs) {
+    const DecimalNumber number = parse_decimal_text(text, dialogs);
+    if (!number.is_number)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(number.value);
+}
+
+// The number that the field's control holds, or nothing where the record keeps its bits.
+std::optional<std::uint32_t> control_value(Form1& form, RecordField field, Dialogs& dialogs) {
+    const RecordRow& row = record_row(field);
+    switch (row.form) {
+    case FieldForm::flag:
+        return form.*row.flag ? 1 : 0;
+    case FieldForm::hexadecimal:
+        return static_cast<std::uint32_t>(parse_hex_text(form.*row.text, dialogs));
+    default:
+        return decimal_value(form.*row.text, dialogs);
+    }
+}
+
+void merge_fields(MapProperties& record, Form1& form, std::span<const RecordField> fields,
+                  Dialogs& dialogs) {
+    for (const RecordField field : fields)
+        if (const auto value = control_value(form, field, dialogs))
+            set_record_value(record, field, *value);
+}
+
+using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
+
+// False where a size is a number but has no code. A field without a number keeps its bits.
+bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode size_code,
+                Dialogs& dialogs) {
+    const auto tiles = decimal_value(form.*record_row(field).text, dialogs);
+    if (!tiles)
+        return true;
+    const auto code = size_code(static_cast<int>(*tiles), dialogs);
+    if (code)
+        set_record_value(record, field, *code);
+    return code.has_value();
+}
+
+// The layer's "Map Data Location" as the pointer table holds it, in 24 bits, lowest byte first.
+std::array<std::uint8_t, 3> location_pointer(Form1& form, int layer, Dialogs& dialogs) {
+    const auto pointer =
+        static_cast<std::uint32_t>(parse_hex_text(form.*layer_controls[layer].location, dialogs)) -
+        rom_layout::layer_data;
+    return {static_cast<std::uint8_t>(pointer), static_cast<std::uint8_t>(pointer >> 8),
+            static_cast<std::uint8_t>(pointer >> 16)};
+}
+
+bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dialogs& dialogs) {
+    for (int layer = 0; layer < 3; ++layer) {
+        const std::int64_t entry = data_pointer_offset(layer_data_number(record, layer));
+        if (!told_write(rom, entry, location_pointer(form, layer, dialogs), dialogs))
+            return false;
+    }
+    return true;
+}
+
+// Layers 2 and 1 alone, each byte by itself, the most significant first.
+bool write_pointers_as(RomImage& rom, Form1& form, const MapProperties& at_load, Dialogs& dialogs) {
+    for (const int layer : {1, 0}) {
+        const std::int64_t entry = data_pointer_offset(layer_data_number(at_load, layer));
+        const std::array<std::uint8_t, 3> pointer = location_pointer(form, layer, dialogs);
+        for (const std::size_t i : {2, 1, 0})
+            if (!told_write(rom, entry + static_cast<std::int64_t>(i), {&pointer[i], 1}, dialogs))
+                return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int map_index,
+                         Dialogs& dialogs) {
+    MapProperties merged = record;
+    for (const RecordField field : widths)
+        merge_size(merged, form, field, width_code, dialogs);
+    for (const RecordField field : heights)
+        merge_size(merged, form, field, height_code, dialogs);
+    merge_fields(merged, form, before_pointers, dialogs);
+    if (!write_pointers(rom, form, merged, dialogs))
+        return false;
+    merge_fields(merged, form, behind_pointers, dialogs);
+    const auto monster_set = static_cast<std::uint8_t>(parse_hex_text(form.Text41, dialogs));
+    if (!told_write(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
+        !told_write(rom, record_offset(map_index), merged, dialogs))
+        return false;
+    record = merged;
+    return true;
+}
+
+bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_load, int map_index,
+                            Dialogs& dialogs) {
+    if (!write_pointers_as(rom, form, at_load, dialogs))
+        return false;
+    MapProperties record = read_record(rom, map_index);
+    const auto write_bytes = [&](std::size_t first, std::size_t count) {
+        return told_write(rom, record_offset(map_index) + static_cast<std::int64_t>(first),
+                          std::span(record).subspan(first, count), dialogs);
+    };
+    // Of the number of layer 3's graphics only the bits in byte 11 are taken from the window.
+    merge_fields(record, form, std::array{layer3_graphics}, dialogs);
+    record[10] = static_cast<std::uint8_t>((record[10] & 0x0F) | (at_load[10] & 0xF0));
+    set_record_value(record, byte27_high, record_value(at_load, byte27_high));
+    for (const SaveAsStep& step : save_as_steps) {
+        merge_fields(record, form, step.fields, dialogs);
+        if (!write_bytes(step.first_byte, step.byte_count))
+            return false;
+    }
+    for (const RecordField field : as_sizes)
+        if (!merge_size(record, form, field, halving_code, dialogs))
+            return true;
+    return write_bytes(size_byte, 1);
+}
+
+} // namespace veldrune
