@@ -38,10 +38,19 @@ bool go_on_in_copy(EditorState& state, const std::string& path) {
     return true;
 }
 
-bool save_map_as(EditorState& state) {
-    if (!save_all_layers(state) ||
-        !save_map_properties_as(state.rom, state.form1, state.record_at_load, state.map_index,
-                                state.dialogs))
+bool save_properties(EditorState& state) {
+    return save_map_properties(state.rom, state.form1, state.map_properties, state.map_index,
+                               state.dialogs);
+}
+
+bool save_properties_as(EditorState& state) {
+    return save_map_properties_as(state.rom, state.form1, state.record_at_load, state.map_index,
+                                  state.dialogs);
+}
+
+// True where the whole map has been written; the open image holds it from then on.
+bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
+    if (!save_all_layers(state) || !save_the_properties(state))
         return false;
     state.changes_saved = true;
     state.map_source = MapSource{state.rom.identity(), state.rom.path()};
@@ -51,11 +60,8 @@ bool save_map_as(EditorState& state) {
 } // namespace
 
 void save(EditorState& state) {
-    if (!map_in_memory(state) || !may_save_into_open_image(state))
-        return;
-    if (save_all_layers(state) && save_map_properties(state.rom, state.form1, state.map_properties,
-                                                      state.map_index, state.dialogs))
-        state.changes_saved = true;
+    if (map_in_memory(state) && may_save_into_open_image(state))
+        save_map(state, save_properties);
 }
 
 void save_as(EditorState& state) {
@@ -64,7 +70,7 @@ void save_as(EditorState& state) {
     const auto path = state.dialogs.save_file_name();
     if (!path || !go_on_in_copy(state, *path))
         return;
-    if (!map_in_memory(state) || save_map_as(state))
+    if (!map_in_memory(state) || save_map(state, save_properties_as))
         take_over_path(state, *path);
 }
 
