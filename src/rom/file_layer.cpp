@@ -106,12 +106,9 @@ std::unique_ptr<FileLayer> make_disk() {
 
 bool copy_file(FileLayer& files, File& from, const std::string& to) {
     std::string part = to + ".part";
-    constexpr int attempts = 100; // names that are taken are passed over
+    for (int number = 1; files.identity_of(part); ++number)
+        part = to + ".part" + std::to_string(number);
     std::unique_ptr<File> target = files.create(part);
-    for (int attempt = 1; !target && attempt < attempts; ++attempt) {
-        part = to + ".part" + std::to_string(attempt);
-        target = files.create(part);
-    }
     if (!target)
         return false;
     const bool copied = copy_bytes(from, *target);

@@ -24,6 +24,12 @@ class MemoryDisk : public FileLayer {
     Fault write_fault; // counts writes, creations and renamings
     int reads = 0;
     int writes = 0;
+    /// Every write that was done whole, in order.
+    struct Write {
+        std::int64_t offset;
+        Bytes bytes;
+    };
+    std::vector<Write> log;
     bool refuse_open = false;
 
     /// Starts counting anew, with these failures.
@@ -103,6 +109,8 @@ class MemoryDisk : public FileLayer {
             if (count != 0 && file.size() < end)
                 file.resize(end);
             std::copy_n(bytes.begin(), count, file.begin() + offset);
+            if (!failing)
+                disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
             return !failing;
         }
         std::int64_t size() override { return static_cast<std::int64_t>(contents_->bytes.size()); }

@@ -1,0 +1,187 @@
+#include "compression/compress.h"
+#include "map/layer_map.h"
+#include "map/palette.h"
+#include "map/tile_sources.h"
+#include "rom/rom_layout.h"
+#include "support/editor_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+struct Image {
+    MemoryDisk disk;
+    ScriptedDialogs dialogs;
+    RomImage rom{disk};
+    Image() {
+        disk["a"] = Bytes(rom_layout::image_size, 0);
+        rom.open("a");
+    }
+    void word(std::int64_t offset, int value) {
+        const std::uint8_t bytes[] = {static_cast<std::uint8_t>(value),
+                                      static_cast<std::uint8_t>(value >> 8)};
+        rom.write(offset, bytes);
+    }
+    // Packs bytes to a stream at an offset.
+    void stream(std::int64_t offset, std::span<const std::uint8_t> bytes) {
+        CompressOutput output;
+        rom.write(offset, std::span(output).first(compress_layer(bytes, output).value()));
+    }
+};
+
+TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
+    Image image;
+    image.word(0x93D5 + 2 * 3, -16);              // set 3 lies 16 bytes before the sets' base
+    image.word(0x9401 - 16 + 10 * 2, 0x0100);     // tile 2, frame 0
+    image.word(0x9401 - 16 + 10 * 2 + 2, -0x20);  // frame 1
+    image.word(0x9401 - 16 + 10 * 2 + 6, 0x7FFF); // frame 3
+    AnimTileTable table{};
+    fill_anim_tile_table(image.rom, 3, table);
+    EXPECT_EQ(table[8], 0x260300);
+    EXPECT_EQ(table[11], 0x260300 + 3 * 32);
+    EXPECT_EQ(table[12], 0x260200);
+    EXPECT_EQ(table[64 + 8], 0x624FF - 0x20);
+    EXPECT_EQ(table[64 + 11], 0x624FF - 0x20); // nothing is added for the character
+    EXPECT_EQ(table[128 + 8], 0x624FF);
+    EXPECT_EQ(table[192 + 9], 0x624FF + 0x7FFF);
+
+    const AnimTileTable before = table;
+    refresh_first_frames(image.rom, 0, table);
+    EXPECT_NE(table[8], before[8]);
+    for (std::size_t i = 64; i < 256; ++i)
+        EXPECT_EQ(table[i], before[i]);
+}
+
+TEST(TileSources, CharactersComeFromTheirGroups) {
+    Image image;
+    // Every 32 bytes of the graphics begin with their own number.
+    for (int area : {rom_layout::tileset_graphics, rom_layout::animated_graphics})
+        for (int i = 0; i < 0x600; ++i)
+            image.word(area + 32 * i, (area == rom_layout::animated_graphics ? 0x8000 : 0) + i);
+    TilesetOffsets groups;
+    for (std::size_t k = 0; k < 4; ++k)
+        groups[k] = rom_layout::tileset_graphics + 0x2000 * static_cast<int>(k);
+    AnimTileTable anim{};
+    for (std::size_t i = 0; i < 256; ++i)
+        anim[i] = rom_layout::animated_graphics + 32 * static_cast<int>(i);
+    CharacterGraphics graphics;
+    const struct {
+        int attribute, tile, source;
+    } cases[] = {
+        {0x00, 0x80, 0x080},  {0xFC, 0xFF, 0x0FF},  {0x01, 0x00, 0x100},  {0x01, 0x7F, 0x17F},
+        {0x01, 0x80, 0x200},  {0x02, 0x00, 0x300},  {0x02, 0x80, 0x8000}, {0x02, 0xFF, 0x807F},
+        {0x03, 0x00, 0x8080}, {0x03, 0x7F, 0x80FF}, {0x03, 0x80, 0x8000}, {0x03, 0xFF, 0x807F},
+    };
+    for (const bool third_missing : {false, true}) {
+        if (third_missing)
+            groups[2].reset();
+        read_character_graphics(image.rom, groups, anim, graphics);
+        for (const auto& c : cases) {
+            const auto& bytes = graphics[character_number(static_cast<std::uint8_t>(c.tile),
+                                                          static_cast<std::uint8_t>(c.attribute))];
+            const bool empty = third_missing && c.source == 0x200;
+            EXPECT_EQ(bytes[0] + 256 * bytes[1], empty ? 0 : c.source) << c.attribute << c.tile;
+        }
+    }
+}
+
+TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
+    Image image;
+    image.rom.write_pointer24(rom_layout::tileset_pointers + 3 * 84, 0x1234);
+    Form1 form;
+    form.Text8 = "84";
+    form.Text9 = "85";
+    form.Text10 = "2147483647";
+    form.Text11 = "x";
+    const TilesetOffsets groups = read_tilesets(image.rom, form, image.dialogs);
+    EXPECT_EQ(groups[0], 0x1FDD00 + 0x1234);
+    EXPECT_FALSE(groups[1] || groups[2]);
+    EXPECT_EQ(groups[3], 0x1FDD00);
+    ASSERT_EQ(image.dialogs.messages.size(), 3u);
+    EXPECT_EQ(image.dialogs.messages[0].title, "Error");
+    EXPECT_EQ(image.dialogs.messages[2].title, "Warning");
+}
+
+TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
+    Image image;
+    Random random(2);
+    Bytes bytes(6000);
+    for (std::uint8_t& byte : bytes)
+        byte = random.byte() & 3;
+    image.rom.write_pointer24(rom_layout::formation_pointers + 3 * 9, 0x100);
+    image.stream(rom_layout::formation_data + 0x100, std::span(bytes).first(2048));
+    image.rom.write_pointer24(rom_layout::layer3_graphics_pointers + 3 * 6, 0x40);
+    image.stream(rom_layout::layer3_graphics + 0x40, bytes);
+
+    auto buffer = std::make_unique<DecompressBuffer>();
+    TileFormationSet set;
+    read_formation_set(image.rom, 9, *buffer, set);
+    const FormationCharacters characters = split_formations(set);
+    EXPECT_EQ(characters.tiles[4 * 77 + 2], bytes[512 + 77]);
+    EXPECT_EQ(characters.attributes[4 * 255 + 3], bytes[2047]);
+    EXPECT_EQ(characters.attributes[0], bytes[1024]);
+
+    Layer3Graphics graphics;
+    graphics.fill(0xEE);
+    read_layer3_graphics(image.rom, layer3_graphics_offset(image.rom, 6), *buffer, graphics);
+    EXPECT_TRUE(std::equal(bytes.begin(), bytes.begin() + 4097, graphics.begin()));
+    EXPECT_TRUE(std::all_of(graphics.begin() + 4097, graphics.end(), [](int b) { return b == 0; }));
+}
+
+TEST(Palette, WordsBecomePackedColours) {
+    EXPECT_EQ(packed_colour(0x7FFF), 0xF8F8F8u);
+    EXPECT_EQ(packed_colour(0x001F), 0xF80000u);
+    EXPECT_EQ(packed_colour(0x03E0), 0x00F800u);
+    EXPECT_EQ(packed_colour(0x7C00), 0x0000F8u);
+    EXPECT_EQ(packed_colour(0x8000), 0u);
+    Image image;
+    image.word(0x2DC780, 0x7FFF);
+    EXPECT_EQ(read_palette(image.rom, map_palette_offset(0))[128], 0xF8F8F8u);
+    EXPECT_EQ(read_palette(image.rom, map_palette_offset(1))[0], 0xF8F8F8u);
+}
+
+TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
+    Image image;
+    Bytes bytes(8192);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(i / 128 + 1);
+    image.stream(rom_layout::layer_data + 0x10, bytes);
+    auto buffer = std::make_unique<DecompressBuffer>();
+    const struct {
+        const char *width, *height;
+        int columns, rows;
+        bool rows_missing;
+    } cases[] = {{"128", "64", 128, 64, false},
+                 {"16", "16", 16, 16, false},
+                 {"64", "128", 64, 64, true},
+                 {"2147483647", "9999", 128, 64, true},
+                 {"x", "16", 0, 0, false}};
+    for (const auto& c : cases) {
+        Form1 form;
+        form.Text1 = c.width;
+        form.Text3 = c.height;
+        Layer layer;
+        layer.layer_offset = 0x10;
+        layer.map.cells.fill(0xEE);
+        load_layer(image.rom, form, 1, *buffer, layer);
+        EXPECT_EQ(layer.layer_packed_size, image.rom.read_word(rom_layout::layer_data + 0x10));
+        EXPECT_EQ(layer.rows_missing, c.rows_missing);
+        for (int row = 0; row < LayerMap::rows; ++row)
+            for (int column = 0; column < LayerMap::columns; ++column) {
+                const int index = row * c.columns + column;
+                const int expected = column < c.columns && row < c.rows ? index / 128 + 1 : 0xEE;
+                ASSERT_EQ(layer.map.at(column, row), expected) << column << ' ' << row;
+            }
+    }
+    LayerMap map;
+    map.cells.fill(5);
+    std::array<std::uint8_t, 8192> packed;
+    pack_layer(map, 4096, 2, packed);
+    EXPECT_EQ(std::count(packed.begin(), packed.end(), 5), 2 * 129); // behind the edge is 0
+    EXPECT_EQ(packed[128] + packed[4096], 10);
+    EXPECT_EQ(packed[129], 0);
+}
+
+} // namespace
+} // namespace veldrune::test

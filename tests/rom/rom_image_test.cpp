@@ -1,0 +1,100 @@
+#include "rom/rom_image.h"
+#include "support/memory_disk.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <unistd.h>
+
+namespace veldrune::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A folder of the real disk that goes with the test.
+struct Folder {
+    fs::path path = fs::temp_directory_path() / ("veldrune-test-" + std::to_string(::getpid()));
+    Folder() { fs::create_directory(path); }
+    ~Folder() { fs::remove_all(path); }
+    std::string file(const std::string& name, const Bytes& bytes = {}) const {
+        std::ofstream(path / name, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()),
+                   static_cast<std::streamsize>(bytes.size()));
+        return path / name;
+    }
+    static Bytes contents(const std::string& name) {
+        std::ifstream in(name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+};
+
+TEST(RomImage, ReadsLittleEndianValuesAndErasedMemoryOutsideTheFile) {
+    MemoryDisk disk;
+    RomImage rom(disk);
+    EXPECT_EQ(rom.read_byte(0), 0xFF);
+    EXPECT_FALSE(rom.write_byte(0, 1));
+    disk["a"] = {0x34, 0x12, 0x05, 0x80};
+    ASSERT_TRUE(rom.open("a"));
+    EXPECT_EQ(rom.read_word(0), 0x1234);
+    EXPECT_EQ(rom.read_pointer24(0), 0x051234);
+    EXPECT_EQ(rom.read_word(3), 0xFF80);
+    EXPECT_EQ(rom.read_pointer24(4), 0xFFFFFF);
+    EXPECT_EQ(rom.read_byte(-1), 0xFF);
+    EXPECT_EQ(rom.read_byte(0x7FFFFFFFFFFF), 0xFF);
+    EXPECT_EQ(rom.read_byte(1), 0x12);       // as before the reads outside
+    EXPECT_TRUE(rom.write_pointer24(5, -2)); // extends the file
+    EXPECT_EQ(disk["a"], (Bytes{0x34, 0x12, 0x05, 0x80, 0, 0xFE, 0xFF, 0xFF}));
+    EXPECT_FALSE(rom.write_byte(-1, 1));
+}
+
+TEST(RomImage, ACopyIsWholeOrNotThere) {
+    MemoryDisk disk;
+    RomImage rom(disk);
+    disk["a"] = Bytes(0x20001, 7);
+    disk["b"] = {1};
+    disk["b.part"] = {2}; // somebody else's
+    ASSERT_TRUE(rom.open("a"));
+    for (const bool half : {false, true})
+        for (int at = 1;; ++at) {
+            disk.fail({}, {at, false, half});
+            if (rom.copy_to("b"))
+                break;
+            ASSERT_LT(at, 20);
+            ASSERT_EQ(disk["b"], Bytes{1});
+            ASSERT_EQ(disk.file_count(), 3u);
+            ASSERT_EQ(disk["b.part"], Bytes{2});
+        }
+    EXPECT_EQ(disk["b"], disk["a"]);
+    disk["b"] = {1};
+    disk.fail({2, true, false}, {}); // the disk stops giving bytes
+    EXPECT_FALSE(rom.copy_to("b"));
+    EXPECT_EQ(disk["b"], Bytes{1});
+}
+
+TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
+    const Folder folder;
+    const std::unique_ptr<FileLayer> disk = make_disk();
+    const std::string a = folder.file("a", {1, 2, 3});
+    const std::string b = folder.file("b", {4});
+    fs::create_hard_link(a, folder.path / "link");
+    RomImage rom(*disk);
+    ASSERT_TRUE(rom.open(a));
+    EXPECT_TRUE(rom.is_file(folder.path / "link"));
+    EXPECT_FALSE(rom.is_file(b));
+    fs::rename(a, folder.path / "moved");
+    fs::rename(b, a);
+    EXPECT_FALSE(rom.is_file(a));
+    EXPECT_TRUE(rom.is_file(folder.path / "moved"));
+    EXPECT_FALSE(disk->open(folder.path / "none"));
+    EXPECT_FALSE(disk->open(folder.path)); // a folder is no image
+
+    // What is open counts, whatever its name is by now.
+    ASSERT_TRUE(rom.write_byte(3, 9));
+    ASSERT_TRUE(rom.copy_to(a));
+    EXPECT_EQ(Folder::contents(a), (Bytes{1, 2, 3, 9}));
+}
+
+} // namespace
+} // namespace veldrune::test

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "demo/demo_image.h"
+#include "editor/open_image.h"
+#include "editor/select_map.h"
+#include "support/memory_disk.h"
+#include "support/scripted_dialogs.h"
+
+#include <memory>
+#include <random>
+
+namespace veldrune::test {
+
+inline const Bytes& demo_bytes() {
+    static const Bytes bytes = demo::make_demo_image();
+    return bytes;
+}
+
+/// An editor on a disk in memory, with the demo image open as "a.smc".
+struct Editor {
+    MemoryDisk disk;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
+    Form1& form = state->form1;
+
+    explicit Editor(const Bytes& image = demo_bytes()) {
+        disk["a.smc"] = image;
+        open_image_file(*state, "a.smc");
+    }
+    Bytes& image() { return disk["a.smc"]; }
+    void choose(int map) {
+        form.Combo1 = map;
+        select_map(*state);
+    }
+};
+
+/// Random numbers for tests: the same in every run.
+struct Random {
+    std::mt19937 engine;
+    explicit Random(unsigned seed) : engine(seed) {}
+    /// From 0 to limit - 1.
+    int below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
+    std::uint8_t byte() { return static_cast<std::uint8_t>(engine()); }
+};
+
+} // namespace veldrune::test
