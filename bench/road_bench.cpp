@@ -1,0 +1,109 @@
+// The whole road of one map, on a real file with a warm cache, and the paint step.
+
+#include "demo/demo_image.h"
+#include "editor/build.h"
+#include "editor/editor_state.h"
+#include "editor/mouse.h"
+#include "editor/open_image.h"
+#include "editor/save.h"
+#include "editor/select_map.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace veldrune {
+namespace {
+
+// Says yes to everything.
+class Agreeing : public Dialogs {
+  public:
+    void message(const std::string&, const std::string&) override {}
+    bool question(const std::string&) override { return true; }
+    std::optional<std::string> open_file_name() override { return std::nullopt; }
+    std::optional<std::string> save_file_name() override { return std::nullopt; }
+};
+
+// An editor with the demo image open from a file that goes with it.
+struct OpenEditor {
+    std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                 ("veldrune-bench-" + std::to_string(::getpid()) + ".smc");
+    std::unique_ptr<FileLayer> disk = make_disk();
+    Agreeing dialogs;
+    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(*disk, dialogs);
+
+    OpenEditor() {
+        const auto bytes = demo::make_demo_image();
+        std::ofstream(path, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()),
+                   static_cast<std::streamsize>(bytes.size()));
+        open_image_file(*state, path);
+    }
+    ~OpenEditor() { std::filesystem::remove(path); }
+    void choose(int map) {
+        state->form1.Combo1 = map;
+        select_map(*state);
+    }
+};
+
+void choose_map(benchmark::State& bench) {
+    OpenEditor editor;
+    for (auto _ : bench)
+        editor.choose(static_cast<int>(bench.range(0)));
+}
+
+void build_map(benchmark::State& bench) {
+    OpenEditor editor;
+    editor.choose(static_cast<int>(bench.range(0)));
+    for (auto _ : bench)
+        build_tileset(*editor.state);
+}
+
+void save_map(benchmark::State& bench) {
+    OpenEditor editor;
+    editor.choose(static_cast<int>(bench.range(0)));
+    for (auto _ : bench)
+        save(*editor.state);
+}
+
+// All maps one after the other: the slowest choice, build and save is what counts.
+void whole_road_of_the_slowest_map(benchmark::State& bench) {
+    OpenEditor editor;
+    editor.choose(2);
+    for (auto _ : bench) {
+        double slowest = 0;
+        for (int map = 0; map < 414; ++map) {
+            const auto start = std::chrono::steady_clock::now();
+            editor.choose(map);
+            build_tileset(*editor.state);
+            save(*editor.state);
+            const std::chrono::duration<double, std::milli> time =
+                std::chrono::steady_clock::now() - start;
+            slowest = std::max(slowest, time.count());
+        }
+        bench.counters["slowest_ms"] = slowest;
+    }
+}
+
+void paint_step(benchmark::State& bench) {
+    OpenEditor editor;
+    editor.choose(demo::demo_map::town);
+    build_tileset(*editor.state);
+    on_press(*editor.state, MouseButton::left, 0, 0);
+    int at = 0;
+    for (auto _ : bench) {
+        at = (at + 37) % 512;
+        on_move(*editor.state, at, at / 2);
+    }
+}
+
+BENCHMARK(choose_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
+BENCHMARK(build_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
+BENCHMARK(save_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
+BENCHMARK(whole_road_of_the_slowest_map)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(paint_step)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace veldrune
