@@ -69,7 +69,7 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
     }
     EXPECT_EQ(disk["b"], disk["a"]);
     disk["b"] = {1};
-    disk.fail({2, true, false}, {}); // the disk stops giving bytes
+    disk.fail({1, true, false}, {}); // the disk stops giving bytes
     EXPECT_FALSE(rom.copy_to("b"));
     EXPECT_EQ(disk["b"], Bytes{1});
 }
