@@ -35,7 +35,7 @@ QLineEdit* Controls::field(const FieldRow& row) const {
     auto* made = new QLineEdit;
     dress(made, row.control, row.tip, row.map_only);
     made->setAccessibleName(QString("%1 %2").arg(row.caption, row.part).trimmed());
-    made->setMinimumWidth(made->fontMetrics().horizontalAdvance("0000"));
+    made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     bindings.text(made, state.form1.*row.text);
     return made;
 }

@@ -9,7 +9,9 @@
 
 #include <QDropEvent>
 #include <QHBoxLayout>
+#include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollArea>
 
 namespace veldrune {
@@ -52,7 +54,7 @@ MainWindow::MainWindow(EditorState& state, QtDialogs& dialogs)
 void MainWindow::build_panels() {
     auto* panels = new QWidget;
     auto* layout = new QHBoxLayout(panels);
-    layout->setSpacing(12);
+    layout->setSpacing(20);
     QWidget* picture = make_picture_panel(controls_, picture_);
     layout->addWidget(picture);
     layout->addWidget(make_tools_panel(controls_));
@@ -66,6 +68,9 @@ void MainWindow::build_panels() {
     area->setWidgetResizable(true);
     area->setWidget(panels);
     setCentralWidget(area);
+    const QSize wanted = panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());
+    const QSize frame(16, 48); // of the window and its title, about
+    resize(wanted.boundedTo(screen()->availableSize() - frame));
 }
 
 void MainWindow::act(const Action& edit) {

@@ -61,6 +61,7 @@ void add_notes(const Controls& controls, QGridLayout& grid) {
     notes->setObjectName("Text20");
     notes->setToolTip("Free text, for yourself. It is not kept.");
     notes->setTabChangesFocus(true);
+    notes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     notes->setMinimumHeight(2 * notes->fontMetrics().lineSpacing() + 12);
     controls.bindings.notes(notes, controls.state.form1.Text20);
     QLabel* label = controls.label("Label19", "Notes");
@@ -77,6 +78,9 @@ QWidget* make_properties_panel(const Controls& controls) {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
     grid->setRowMinimumHeight(gap_line, 12);
+    for (const HeadingRow& row : heading_rows)
+        grid->setColumnMinimumWidth(row.cell,
+                                    panel->fontMetrics().horizontalAdvance("000000000000"));
     add_headings(controls, *grid);
     add_fields(controls, *grid);
     share_location_place(controls, *panel);

@@ -48,9 +48,8 @@ QLabel* heading(const Controls& controls, const char* control, const char* capti
 /// A heading over a column of widgets.
 QVBoxLayout* section(QLabel* title) {
     auto* layout = new QVBoxLayout;
-    layout->setSpacing(2);
-    if (title)
-        layout->addWidget(title);
+    layout->setSpacing(4);
+    layout->addWidget(title);
     return layout;
 }
 
@@ -60,6 +59,7 @@ QVBoxLayout* options(const Controls& controls, QLabel* title, const OptionRow<T>
     auto* group = new QButtonGroup(layout);
     for (const OptionRow<T>& row : rows) {
         QRadioButton* button = controls.option(row);
+        button->setIcon(control_icon(row.control, button->palette()));
         group->addButton(button);
         layout->addWidget(button);
     }
@@ -189,7 +189,7 @@ QWidget* make_tools_panel(const Controls& controls) {
     column->addWidget(line());
     auto* choices = new QGridLayout;
     choices->addLayout(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);
-    choices->addLayout(options(controls, nullptr, grid_rows), 0, 1);
+    choices->addLayout(options(controls, new QLabel, grid_rows), 0, 1);
     choices->addLayout(options(controls, heading(controls, "Label13", " Edit Layer"), layer_rows),
                        1, 0);
     choices->addLayout(view_boxes(controls), 1, 1);
