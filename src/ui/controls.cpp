@@ -66,7 +66,6 @@ QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, Scroll
     made->setObjectName(control);
     made->setAccessibleName(direction == Qt::Horizontal ? "First column in view"
                                                         : "First row in view");
-    made->setFocusPolicy(Qt::TabFocus);
     made->setSingleStep(1);
     made->setPageStep(16);
     bindings.bar(made, state.form1.*value, following(then));

@@ -1,4 +1,4 @@
-#include "rom/file_layer.h"
+#include "editor/editor_state.h"
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
 

@@ -66,6 +66,7 @@ void MainWindow::build_panels() {
     auto* area = new QScrollArea; // so that everything can be reached on the smallest screen
     area->setFrameStyle(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(panels);
     setCentralWidget(area);
     const QSize wanted = panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());

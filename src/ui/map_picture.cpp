@@ -3,6 +3,7 @@
 #include "editor/mouse.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -26,6 +27,17 @@ std::optional<MouseButton> editor_button(Qt::MouseButton button) {
     return std::nullopt;
 }
 
+struct ScrollKey {
+    int key;
+    Qt::Orientation direction;
+    int tiles;
+};
+constexpr ScrollKey scroll_keys[] = {
+    {Qt::Key_Left, Qt::Horizontal, -1},  {Qt::Key_Right, Qt::Horizontal, 1},
+    {Qt::Key_Up, Qt::Vertical, -1},      {Qt::Key_Down, Qt::Vertical, 1},
+    {Qt::Key_PageUp, Qt::Vertical, -16}, {Qt::Key_PageDown, Qt::Vertical, 16},
+};
+
 /// Adds turn to rest and takes the whole units out of it.
 int take_units(int& rest, int turn, int unit) {
     rest += turn;
@@ -41,7 +53,7 @@ MapPicture::MapPicture(EditorState& state, const Bindings& bindings)
     setObjectName("Picture1");
     setAccessibleName("Map picture");
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
 }
@@ -65,8 +77,19 @@ void MapPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const PixelView picture = view();
     const QRectF frame = picture.rectangle(view_size).adjusted(-border, -border, border, border);
-    qDrawShadePanel(&painter, frame.toAlignedRect(), palette(), true, border);
+    if (hasFocus())
+        qDrawPlainRect(&painter, frame.toAlignedRect(), palette().color(QPalette::Highlight),
+                       border);
+    else
+        qDrawShadePanel(&painter, frame.toAlignedRect(), palette(), true, border);
     draw_pixels(painter, picture, state_.picture.pixels, view_size);
+}
+
+void MapPicture::keyPressEvent(QKeyEvent* event) {
+    for (const ScrollKey& row : scroll_keys)
+        if (row.key == event->key())
+            return emit scrolled(row.direction, row.tiles);
+    QWidget::keyPressEvent(event);
 }
 
 QPoint MapPicture::pixel_under(const QMouseEvent& event) const {

@@ -8,7 +8,8 @@
 
 namespace veldrune {
 
-/// The map picture in its border. Hands the mouse to the editor in pixels of the picture.
+/// The map picture in its border. Hands the mouse to the editor in pixels of the picture; with the
+/// focus, the arrow and page keys scroll it.
 class MapPicture : public QWidget {
     Q_OBJECT
   public:
@@ -18,7 +19,7 @@ class MapPicture : public QWidget {
     void end_stroke();
 
   signals:
-    /// The wheel was turned by that many tiles, to the right or down.
+    /// The user scrolls by that many tiles, to the right or down.
     void scrolled(Qt::Orientation direction, int tiles);
     /// The wheel was turned by that many notches with Ctrl held, up is positive.
     void zoomed(int notches);
@@ -26,6 +27,7 @@ class MapPicture : public QWidget {
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

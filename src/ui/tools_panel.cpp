@@ -80,8 +80,8 @@ void colour_box(QCheckBox& box, const ObjectRow& row, bool ticked) {
         return;
     QPalette colours;
     if (ticked) {
-        colours.setColor(QPalette::Window, QColor(row.colour));
-        colours.setColor(QPalette::WindowText, row.white_text ? Qt::white : Qt::black);
+        colours.setColor(box.backgroundRole(), QColor(row.colour));
+        colours.setColor(box.foregroundRole(), row.white_text ? Qt::white : Qt::black);
     }
     box.setPalette(colours);
     box.setAutoFillBackground(ticked);
