@@ -54,7 +54,7 @@ MainWindow::MainWindow(EditorState& state, QtDialogs& dialogs)
 void MainWindow::build_panels() {
     auto* panels = new QWidget;
     auto* layout = new QHBoxLayout(panels);
-    layout->setSpacing(20);
+    layout->setSpacing(16);
     QWidget* picture = make_picture_panel(controls_, picture_);
     layout->addWidget(picture);
     layout->addWidget(make_tools_panel(controls_));
