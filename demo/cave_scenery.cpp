@@ -1,0 +1,175 @@
+#include "demo/enclosure.h"
+#include "demo/outdoor_art.h"
+#include "demo/plans.h"
+
+#include <memory>
+
+namespace veldrune::demo {
+namespace {
+
+constexpr Ramp ground{ink(1, 1), 5};
+constexpr Ramp rock{ink(1, 6), 5};
+constexpr Ramp moss{ink(1, 11), 4};
+constexpr Pixel deep = ink(1, 15);
+
+Picture draw_floor(int, int variant) {
+    static constexpr std::array<int, 2> slabs[] = {{2, 3}, {11, 1}, {7, 8}, {14, 11}, {3, 13}};
+    const int kind = variant / 4;
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const Stone stone = stone_at(x, y, slabs, 16);
+        const bool crack = stone.depth < 9 && kind != 3;
+        const bool lit = stone.depth < 26 && stone.light > 1 && kind == 1;
+        return ground[crack && (stone.number + kind) % 3 != 0 ? 1 : lit ? 3 : 2];
+    });
+    if (kind == 2)
+        p.draw(sprite(1, {".44.", "4332", "3321", ".11."}), 9, 4);
+    if (kind == 0)
+        p.draw(sprite(1, {"43.", "321", ".1."}), 4, 10);
+    return p;
+}
+
+Picture draw_wall(int row, bool west, bool east, int) {
+    static constexpr std::array<int, 2> columns[] = {{3, 2},   {14, 6}, {25, 1},  {8, 15}, {20, 18},
+                                                     {30, 16}, {2, 26}, {14, 28}, {26, 28}};
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // from the top of the wall, 0 to 31
+        const Stone stone = stone_at(2 * x, height, columns, 32);
+        int shade = stone.depth < 14 ? 0 : 2 + (stone.light > 2) - (stone.light < -3);
+        shade += height < 3 ? 1 : height > 25 ? -1 : 0;
+        shade += !west && x < 2 ? 1 : 0;
+        shade -= !east && x > 12 ? 1 : 0;
+        return height == 31 ? ground[0] : rock[shade];
+    });
+    return p;
+}
+
+Picture draw_top(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        if (!shape.inside(x, y))
+            return y > 8 && !(shape.mask & 4) ? rock[y > 13 ? 4 : 3] : ground[0];
+        int edge = 8; // steps to the nearest side that falls off
+        for (int step = 1; step < 8 && edge == 8; ++step)
+            for (const auto& [dx, dy] : {std::pair{step, 0},
+                                         {-step, 0},
+                                         {0, step},
+                                         {0, -step},
+                                         {step, step},
+                                         {-step, -step},
+                                         {step, -step},
+                                         {-step, step}})
+                if (const int i = std::clamp(x + dx, 0, 15), j = std::clamp(y + dy, 0, 15);
+                    !shape.inside(i, j))
+                    edge = std::min(edge, step);
+        if (edge == 1)
+            return rock[4 - (y < 4 ? 2 : 0)];
+        return edge < 4                                  ? rock[edge == 2 ? 2 : 1]
+               : edge < 7 && dither(x, y, 20 - 3 * edge) ? rock[0]
+                                                         : deep;
+    });
+    return p;
+}
+
+Picture draw_crystals(int row) {
+    // Prisms: foot, top, half width and lean.
+    static constexpr std::array<int, 5> prisms[] = {
+        {5, 14, 8, 2, -1}, {11, 14, 7, 2, 1}, {8, 15, 1, 3, 0}};
+    const Ramp glow{ink(row, 1), 6};
+    Picture p(16, 32);
+    for (const auto& [cx, foot, top, half, lean] : prisms)
+        p.fill(0, 12 + top, 16, foot - top + 4,
+               [&, c = cx, f = foot + 14, t = top + 12, h = half, l = lean](int x, int y) -> Pixel {
+                   const int dx = x - c - l * (f - y) / 5;
+                   const int reach = std::min(h, y - t);
+                   if (dx < -reach || dx > reach || y > f + 2)
+                       return 0;
+                   if (dx == reach || y == f + 2)
+                       return glow[0];
+                   return glow[dx == -reach        ? 4
+                               : dx < 0            ? 3
+                               : dx == 0           ? 5
+                               : (y + dx) % 5 == 0 ? 3
+                                                   : 1];
+               });
+    return p;
+}
+
+Picture draw_stalagmite() {
+    const Ramp stone{ink(4, 1), 6};
+    Picture p(16, 32);
+    p.fill(0, 4, 16, 27, [&](int x, int y) -> Pixel {
+        const int reach = 1 + (y - 4) * (y - 4) / 130 + (y % 7 > 4);
+        const int dx = x - 8;
+        if (dx < -reach || dx > reach)
+            return 0;
+        const int shade = 4 - (dx + reach) * 4 / (2 * reach + 1) - (y % 7 == 6);
+        return dx == reach || y == 30 ? stone[0] : stone[shade];
+    });
+    return p;
+}
+
+Picture draw_mushrooms() {
+    return sprite(6,
+                  {"................", "....2222........", "...244442.......", "..24554442......",
+                   "..2444554212....", "...22bb22.2442..", "....bba..245542.", "....bba..244442.",
+                   ".222bba...2ba2..", "24442ba....ba...", "2455422....ba...", ".22b2aa....ba...",
+                   "...ba..11..aa1..", "..1aa1.....111..", "..1111..........", "................"});
+}
+
+Picture draw_ladder() {
+    const Ramp wood{ink(4, 7), 4};
+    Picture p(16, 32);
+    for (const int x : {2, 11}) {
+        p.rect(x, 0, 3, 32, wood[2]);
+        p.rect(x, 0, 1, 32, wood[3]);
+        p.rect(x + 2, 0, 1, 32, wood[0]);
+    }
+    for (int y = 2; y < 32; y += 5) {
+        p.rect(4, y, 8, 2, wood[3]);
+        p.rect(4, y + 2, 8, 1, wood[0]);
+    }
+    return p;
+}
+
+struct CaveArt {
+    Enclosure walls;
+    Ground water, path;
+    Props props;
+    Stamp bridge;
+
+    explicit CaveArt(BlockTable& table)
+        : walls(table, {2, draw_floor, draw_wall, draw_top, "~="}),
+          water(table, outdoor::draw_water), path(table, outdoor::draw_path),
+          bridge(cut(table, outdoor::draw_bridge())) {
+        props['c'] = {cut(table, draw_crystals(2)), 0, 0, 2};
+        props['v'] = {cut(table, draw_crystals(3)), 0, 0, 2};
+        props['i'] = {cut(table, draw_stalagmite()), 0, 0, 2};
+        props['m'] = {cut(table, draw_mushrooms())};
+        props['r'] = {cut(table, outdoor::draw_rock(false))};
+        props['R'] = {cut(table, outdoor::draw_rock(true))};
+        props['h'] = {cut(table, draw_ladder())};
+    }
+    void paint(MapCanvas& canvas, const Plan& plan) {
+        walls.paint(canvas, plan);
+        water.paint(canvas, 1, plan, "~=", "~=", 1);
+        for (int y = 0; y < plan.height; ++y)
+            for (int x = 0; x < plan.width; ++x)
+                if (plan.is(x, y, "="))
+                    canvas.stamp(0, 16 * x, 16 * y, bridge);
+        paint_props(props, canvas, plan);
+        canvas.sink_opaque_tops();
+    }
+};
+
+} // namespace
+
+Scenery cave_scenery(BlockTable& table) {
+    const auto art = std::make_shared<CaveArt>(table);
+    return {{outdoor::water_frames()}, cavern_plan, [art](MapCanvas& canvas, const Plan& plan) {
+                art->paint(canvas, plan);
+            }};
+}
+
+} // namespace veldrune::demo

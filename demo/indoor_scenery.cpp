@@ -1,0 +1,330 @@
+#include "demo/enclosure.h"
+#include "demo/indoor_art.h"
+#include "demo/plans.h"
+
+#include <memory>
+
+namespace veldrune::demo {
+namespace {
+
+using namespace indoor;
+
+Picture marble_floor(int x, int variant) {
+    const bool inlaid = ((x + variant) & 1) != 0;
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int i, int j) {
+        if (i == 15 || j == 15)
+            return inlaid ? panel[0] : floor[1];
+        if (i == 0 || j == 0)
+            return inlaid ? panel[2] : floor[4];
+        const bool vein = (i * 2 + j + variant * 3) % 23 == 0 && scatter(i, j, variant, 3) != 0;
+        return inlaid ? panel[vein ? 2 : 1] : floor[vein ? 2 : 3];
+    });
+    return p;
+}
+
+Picture plank_floor(int x, int variant) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int i, int j) {
+        const int board = j / 4;
+        const int along = (x & 3) * 16 + i + board * 23 + (variant & 3) * 37;
+        if (along % 64 == 0 || j % 4 == 3)
+            return floor[1];
+        const bool grain = scatter(along / 5 % 64, j, 3, 7) == 0;
+        return floor[(j % 4 == 0 ? 3 : 2) + (along / 64 % 3 == 0) - grain];
+    });
+    return p;
+}
+
+/// Courses of blocks under a moulding.
+Picture castle_wall(int row, bool west, bool east, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // 0 to 47
+        if (height < 5)
+            return wall[height == 0 ? 4 : height < 3 ? 3 : height == 3 ? 1 : 0];
+        if (height > 41)
+            return wall[height == 42 ? 4 : height < 46 ? 2 : 0];
+        const int course = (height - 5) / 8, in = (height - 5) % 8;
+        const int lx = (x + (course & 1) * 8) & 15;
+        if (in == 7 || lx == 15)
+            return wall[0];
+        int shade = 2 + (in == 0 || lx == 0) - (height < 10) +
+                    (scatter(course, (x + (course & 1) * 8) / 16, 2, 3) == 0 && in > 0 && in < 6 &&
+                     lx > 1 && lx < 13);
+        shade += (!west && x < 2) - (!east && x > 13);
+        return wall[shade];
+    });
+    return p;
+}
+
+/// Plaster over wooden panels.
+Picture house_wall(int row, bool west, bool east, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // 0 to 47
+        if (height < 4)
+            return panel[height == 0 ? 3 : height == 3 ? 0 : 2];
+        if (height < 32)
+            return wall[(height < 7 ? 1 : 3) - (!east && x > 13) + (!west && x < 2) -
+                        (height == 31)];
+        if (height == 32 || height > 44)
+            return panel[height == 32 ? 3 : height == 45 ? 3 : height == 46 ? 1 : 0];
+        const int lx = x % 8;
+        return panel[lx == 7        ? 0
+                     : lx == 0      ? 3
+                     : height == 34 ? 0
+                     : height == 43 ? 3
+                                    : 2 - (lx > 4)];
+    });
+    return p;
+}
+
+Picture dark_top(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const auto off = [&](int dx, int dy) {
+            static constexpr int sides[2][2] = {{8, 2}, {1, 4}};
+            const bool out_x = x + dx < 0 || x + dx > 15, out_y = y + dy < 0 || y + dy > 15;
+            const bool gone_x = out_x && (shape.mask & sides[0][dx > 0]) == 0;
+            const bool gone_y = out_y && (shape.mask & sides[1][dy > 0]) == 0;
+            const int corner = dx > 0 ? (dy > 0 ? 32 : 16) : (dy > 0 ? 64 : 128);
+            return gone_x || gone_y || (out_x && out_y && (shape.mask & corner) == 0);
+        };
+        for (int step = 1; step <= 4; ++step)
+            for (const int dx : {-step, 0, step})
+                for (const int dy : {-step, 0, step})
+                    if ((dx != 0 || dy != 0) && off(dx, dy))
+                        return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
+        return dark;
+    });
+    return p;
+}
+
+/// Cloth on the floor with a golden hem.
+Picture draw_carpet(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        int edge = 9;
+        const auto side = [&](int bit, int distance) {
+            if ((shape.mask & bit) == 0)
+                edge = std::min(edge, distance);
+        };
+        side(8, x), side(2, 15 - x), side(1, y), side(4, 15 - y);
+        side(128, std::max(x, y)), side(16, std::max(15 - x, y));
+        side(64, std::max(x, 15 - y)), side(32, std::max(15 - x, 15 - y));
+        if (edge < 1)
+            return carpet[0];
+        if (edge < 4)
+            return gold[edge == 1 ? 3 : edge == 2 ? 2 : 0];
+        const int diamond = std::abs(x % 16 - 8) + std::abs(y % 16 - 8);
+        return carpet[edge == 4 ? 1 : diamond == 4 ? 3 : diamond < 2 ? 4 : 2];
+    });
+    return p;
+}
+
+// clang-format off
+Plan mirrored(const Plan& half) {
+    Plan plan(2 * half.width, half.height, '#');
+    for (int y = 0; y < half.height; ++y)
+        for (int x = 0; x < half.width; ++x)
+            plan.at(x, y) = plan.at(plan.width - 1 - x, y) = half.at(x, y);
+    return plan;
+}
+
+Plan throne_hall() {
+    Plan plan = mirrored(drawn_plan({
+        "################",
+        "################",
+        "###.............",
+        "###.............",
+        "###t.g.v_.g.v_.t",
+        "###......kkkkkkk",
+        "###.K....kkkkkkk",
+        "###......kkkkkkk",
+        "###......kkkkkkk",
+        "###.C_...SSSSSSS",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###...........kk",
+        "###.C_........kk",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###...........kk",
+        "###.C_........kk",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###...........kk",
+        "###.C_........kk",
+        "###...........kk",
+        "###.K.........kk",
+        "############..kk",
+        "############..kk",
+        "#...........#.kk",
+        "#...........#.kk",
+        "#t.v_.g.v_.t#.kk",
+        "#...........#.kk",
+        "#.P....T__..#.kk",
+        "#...........#.kk",
+        "#....kkkk.....kk",
+        "#....kkkkkkkkkkk",
+        "#....kkkk.....kk",
+        "#...........#.kk",
+        "#.o.x.......#.kk",
+        "#...........#.kk",
+        "#############.kk",
+        "#############.kk",
+        "#...............",
+        "#...............",
+        "#.t.g.v_.g.v_.g.",
+        "#.............kk",
+        "#.K...........kk",
+        "#.............kk",
+        "#..C_...C_....kk",
+        "#.............kk",
+        "#.............kk",
+        "#..........L..kk",
+        "#.............kk",
+        "#..C_...C_....kk",
+        "#.............kk",
+        "#.............kk",
+        "#..........L..kk",
+        "#.............kk",
+        "#..C_...C_....kk",
+        "#.K...........kk",
+        "#.............kk",
+        "##############kk",
+        "##############kk",
+    }));
+    plan.at(15, 7) = 'X';
+    return plan;
+}
+
+Plan cottage() {
+    return drawn_plan({
+        "################################",
+        "#..............##..............#",
+        "#..............##..............#",
+        "#B_B_.w_.H__.w_##B_B_B_w_.a_q.c#",
+        "#..............##..............#",
+        "#.............o##..............#",
+        "#.....kkkkkk..o##.T__....kkkk..#",
+        "#.....kkkkkk....#........kkkk..#",
+        "#..h..kT__kk..x##.h.h....kkkk..#",
+        "#.....kkkkkk...................#",
+        "#.....kkkkkk................P..#",
+        "#P...............##............#",
+        "#..............#################",
+        "#...............################",
+        "######....######################",
+        "######....######################",
+        "#..............##..............#",
+        "#..............##..............#",
+        "#d_.w_.d_.w_.qP##J_J_.w_.J_.a_P#",
+        "#..............##..............#",
+        "#..............##oo............#",
+        "#..............##xo..T__..T__..#",
+        "#...kkkkk......##..............#",
+        "#...kkkkk......##..h.h....h.h..#",
+        "#d_.kkkkk.d_...................#",
+        "#...kkkkk......................#",
+        "#..............##..............#",
+        "#P...........c.##x............P#",
+        "#..............##..............#",
+        "################################",
+        "################################",
+        "################################",
+    });
+}
+// clang-format on
+
+struct IndoorArt {
+    Enclosure walls;
+    Ground carpets;
+    Props props;
+
+    IndoorArt(BlockTable& table, const EnclosureStyle& style)
+        : walls(table, style), carpets(table, draw_carpet) {
+        const auto prop = [&](char letter, const Picture& picture, int right = 0,
+                              int high_rows = 0) {
+            props[letter] = {cut(table, picture), right, 0, high_rows};
+        };
+        prop('t', draw_torch());
+        prop('H', draw_hearth());
+        prop('C', draw_column(), 0, 7);
+        prop('g', draw_banner());
+        prop('v', draw_stained_window());
+        prop('X', draw_throne(), 0, 3);
+        prop('K', draw_armour(), 0, 2);
+        prop('L', draw_candelabrum(), 0, 2);
+        prop('S', draw_steps());
+        prop('T', draw_table());
+        prop('h', draw_chair());
+        prop('d', draw_bed());
+        prop('B', draw_shelf(true), 0, 2);
+        prop('J', draw_shelf(false), 0, 2);
+        prop('o', draw_barrel(), 0, 1);
+        prop('x', draw_crate(), 0, 1);
+        prop('P', draw_potted_plant(), 0, 2);
+        prop('w', draw_window());
+        prop('a', draw_painting());
+        prop('q', draw_clock(), 0, 2);
+        prop('c', draw_chest());
+    }
+    void paint(MapCanvas& canvas, const Plan& plan) {
+        walls.paint(canvas, plan);
+        carpets.paint(canvas, 1, plan, "kX", "kX", 1);
+        paint_props(props, canvas, plan);
+        canvas.sink_opaque_tops();
+    }
+};
+
+constexpr Furnishing castle_furniture[] = {{'t', 1, true},  {'v', 2, true},  {'g', 1, true},
+                                           {'g', 1, true},  {'C', 2, false}, {'C', 2, false},
+                                           {'K', 1, false}, {'L', 1, false}, {'T', 3, false}};
+constexpr Furnishing house_furniture[] = {{'w', 2, true},  {'B', 2, true},  {'H', 3, true},
+                                          {'q', 1, true},  {'J', 2, true},  {'T', 3, false},
+                                          {'h', 1, false}, {'d', 2, false}, {'o', 1, false},
+                                          {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
+
+/// Some room gets a carpet in its middle.
+void lay_carpets(Plan& plan, Random& random) {
+    for (int y = 8; y + 4 < plan.height; y += 16)
+        for (int x = 5; x + 6 < plan.width; x += 16)
+            if (!random.one_in(3))
+                for (int j = y; j < y + 3; ++j)
+                    for (int i = x; i < x + 5; ++i)
+                        if (plan.is(i, j, "."))
+                            plan.at(i, j) = 'k';
+}
+
+Scenery indoor_scenery(BlockTable& table, const EnclosureStyle& style, Plan (*place)(),
+                       std::span<const Furnishing> furniture) {
+    const auto art = std::make_shared<IndoorArt>(table, style);
+    return {{flame_frames()},
+            [place, furniture](int layout, int width, int height, Random& random) {
+                if (layout == 0)
+                    return place();
+                Plan plan = rooms_plan(width, height, 3, furniture, random);
+                lay_carpets(plan, random);
+                return plan;
+            },
+            [art](MapCanvas& canvas, const Plan& plan) { art->paint(canvas, plan); }};
+}
+
+} // namespace
+
+Scenery castle_scenery(BlockTable& table) {
+    return indoor_scenery(table, {3, marble_floor, castle_wall, dark_top, ""}, throne_hall,
+                          castle_furniture);
+}
+
+Scenery interior_scenery(BlockTable& table) {
+    return indoor_scenery(table, {3, plank_floor, house_wall, dark_top, ""}, cottage,
+                          house_furniture);
+}
+
+} // namespace veldrune::demo

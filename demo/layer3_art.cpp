@@ -1,0 +1,144 @@
+#include "demo/layer3_art.h"
+
+#include "demo/pixel_art.h"
+#include "demo/random.h"
+
+#include <map>
+
+namespace veldrune::demo {
+namespace {
+
+constexpr int period = 128; // pixels after which the pictures repeat
+
+int turn(int distance) {
+    return ((distance % period) + period + period / 2) % period - period / 2;
+}
+
+/// How deep (x, y) lies in soft clusters: 0 outside, up to 100 in the middle of one.
+int depth_in(std::span<const Puff> puffs, int x, int y, int flatness) {
+    int deepest = 0;
+    for (const Puff& puff : puffs) {
+        const int dx = turn(x - puff.x), dy = turn(y - puff.y) * flatness;
+        deepest = std::max(deepest, 100 - 100 * (dx * dx + dy * dy) / (puff.radius * puff.radius));
+    }
+    return deepest;
+}
+
+Pixel cloud_shadow(int x, int y) {
+    static constexpr Puff puffs[] = {{30, 22, 17}, {48, 28, 20},  {66, 24, 14},
+                                     {96, 92, 18}, {112, 86, 14}, {82, 96, 13}};
+    const int depth = depth_in(puffs, x, y, 1);
+    return depth > 14 || (depth > 0 && (x + y) % 2 == 0) ? 1 : 0;
+}
+
+Pixel fog(int x, int y) {
+    static constexpr Puff puffs[] = {{20, 14, 34},  {56, 20, 30}, {92, 52, 38},
+                                     {124, 58, 30}, {40, 94, 36}, {76, 102, 26}};
+    const int depth = depth_in(puffs, x, y, 3);
+    if (depth == 0)
+        return 0;
+    const int level = depth * 32 / 100;
+    return dither(x, y, level) ? (level > 20 ? 2 : 1) : 0;
+}
+
+Pixel light_shaft(int x, int y) {
+    static constexpr std::array<int, 3> shafts[] = {
+        {8, 30, 2}, {46, 52, 1}, {78, 104, 2}}; // left, right, value
+    const int across = ((2 * x + y) / 2 + period) % period;
+    for (const auto& [left, right, value] : shafts) {
+        const int rim = std::min(across - left, right - across);
+        if (rim >= 0)
+            return dither(x, y, std::min(16, 4 + rim * 2)) ? static_cast<Pixel>(rim > 7 ? value : 1)
+                                                           : Pixel{0};
+    }
+    return 0;
+}
+
+Pixel glitter(int x, int y) {
+    static constexpr std::array<int, 2> centres[] = {{5, 4},   {18, 8}, {28, 2}, {9, 17},
+                                                     {24, 20}, {3, 28}, {16, 28}};
+    const Stone stone = stone_at(x, y, centres, 32);
+    return stone.depth < 14 ? 1 : 0;
+}
+
+Pixel raindrop(int x, int y) {
+    const int lane = (x * 2 + y) / 2 % 16;
+    const int drop = (y + 37 * ((x * 2 + y) / 32 % 8)) % 32;
+    return lane == 5 && drop < 9 ? (drop < 3 ? 2 : 1) : 0;
+}
+
+Pixel night_sky(int x, int y) {
+    const int star = scatter(x, y, 21, 180);
+    static constexpr Puff veil[] = {{20, 40, 26}, {50, 56, 30}, {84, 72, 28}, {112, 92, 24}};
+    if (star == 0)
+        return 3;
+    return dither(x, y, depth_in(veil, x, y, 2) / 16 + (star < 3 ? 16 : 0)) ? 2 : 1;
+}
+
+struct Kind3 {
+    Pixel (*shade)(int x, int y); // 0 to 3
+    int row;                      // of four colours
+};
+constexpr std::array<Kind3, layer3::drawn_count> kinds{{{cloud_shadow, 0},
+                                                        {fog, 1},
+                                                        {light_shaft, 2},
+                                                        {glitter, 1},
+                                                        {raindrop, 1},
+                                                        {cloud_shadow, 0},
+                                                        {night_sky, 3}}};
+
+using Tile = std::array<Pixel, 256>;
+
+Tile flipped(const Tile& tile, std::size_t turn_bits) {
+    Tile result;
+    for (std::size_t i = 0; i < tile.size(); ++i)
+        result[i ^ turn_bits] = tile[i];
+    return result;
+}
+
+void write_character(std::vector<std::uint8_t>& graphics, const Tile& tile, std::size_t formation,
+                     std::size_t quadrant) {
+    for (std::size_t y = 0; y < 8; ++y)
+        for (std::size_t x = 0; x < 8; ++x) {
+            const int value = tile[(quadrant / 2 * 8 + y) * 16 + quadrant % 2 * 8 + x];
+            std::uint8_t* planes = &graphics[64 + 16 * (4 * formation + quadrant) + 2 * y];
+            planes[0] = static_cast<std::uint8_t>(planes[0] | (value & 1) << (7 - x));
+            planes[1] = static_cast<std::uint8_t>(planes[1] | (value >> 1) << (7 - x));
+        }
+}
+
+} // namespace
+
+std::vector<std::uint8_t> Layer3Set::cells(int width, int height) const {
+    std::vector<std::uint8_t> result;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            result.push_back(pattern[static_cast<std::size_t>(y % 8 * 8 + x % 8)]);
+    return result;
+}
+
+Layer3Set draw_layer3(int number) {
+    const Kind3& kind = kinds[static_cast<std::size_t>(number % layer3::drawn_count)];
+    Layer3Set set{std::vector<std::uint8_t>(4096), {}};
+    std::fill_n(set.graphics.begin(), 64, static_cast<std::uint8_t>(kind.row << 2));
+    std::map<Tile, std::uint8_t> known{{Tile{}, std::uint8_t{0}}};
+    std::size_t formations = 1;
+    for (int cell = 0; cell < 64; ++cell) {
+        Tile tile;
+        for (int i = 0; i < 256; ++i)
+            tile[static_cast<std::size_t>(i)] =
+                kind.shade(cell % 8 * 16 + i % 16, cell / 8 * 16 + i / 16);
+        if (!known.contains(tile) && formations < 63) {
+            for (std::size_t q = 0; q < 4; ++q)
+                write_character(set.graphics, tile, formations, q);
+            for (const std::size_t flips : {0u, 1u, 2u, 3u})
+                known.try_emplace(flipped(tile, (flips & 1 ? 15u : 0u) + (flips & 2 ? 240u : 0u)),
+                                  static_cast<std::uint8_t>(formations | flips << 6));
+            ++formations;
+        }
+        set.pattern.push_back(known[tile]);
+    }
+    return set;
+}
+
+} // namespace veldrune::demo
