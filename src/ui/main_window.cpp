@@ -54,7 +54,7 @@ MainWindow::MainWindow(EditorState& state, QtDialogs& dialogs)
 void MainWindow::build_panels() {
     auto* panels = new QWidget;
     auto* layout = new QHBoxLayout(panels);
-    layout->setSpacing(20);
+    layout->setSpacing(16);
     QWidget* picture = make_picture_panel(controls_, picture_);
     layout->addWidget(picture);
     layout->addWidget(make_tools_panel(controls_));
@@ -69,9 +69,13 @@ void MainWindow::build_panels() {
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(panels);
     setCentralWidget(area);
-    const QSize wanted = panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());
     const QSize frame(16, 48); // of the window and its title, about
-    resize(wanted.boundedTo(screen()->availableSize() - frame));
+    resize(sizeHint().boundedTo(screen()->availableSize() - frame));
+}
+
+QSize MainWindow::sizeHint() const {
+    const QWidget* panels = static_cast<QScrollArea*>(centralWidget())->widget();
+    return panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());
 }
 
 void MainWindow::act(const Action& edit) {

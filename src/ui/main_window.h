@@ -21,6 +21,8 @@ class MainWindow : public QMainWindow {
     MainWindow(EditorState& state, QtDialogs& dialogs);
     /// Opens the image at path, as Open does once a name is chosen.
     void open_file(const std::string& path);
+    /// The size at which everything shows without scrolling.
+    QSize sizeHint() const override;
 
   protected:
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -44,10 +44,10 @@ class MapListView : public QListView {
 } // namespace
 
 MapList::MapList() {
+    setStyleSheet("QComboBox { combobox-popup: 0; }"); // below the box, not over the whole screen
     setView(new MapListView);
     setMaxVisibleItems(24);
-    setStyleSheet("QComboBox { combobox-popup: 0; }"); // below the box, not over the whole screen
-    setFocusPolicy(Qt::StrongFocus);                   // the wheel alone does not give it the focus
+    setFocusPolicy(Qt::StrongFocus); // the wheel alone does not give it the focus
     for (int map = 0; map < map_count; ++map)
         addItem(QString("map %1").arg(map));
 }

@@ -68,9 +68,9 @@ void fill(Menu& menu, std::string_view control, QMainWindow& window, EditorState
             fill(*inner, command.control, window, state, bindings);
             continue;
         }
-        QAction* action = menu.addAction(command.caption);
+        const bool separator = std::string_view(command.caption) == "-";
+        QAction* action = separator ? menu.addSeparator() : menu.addAction(command.caption);
         action->setObjectName(command.control);
-        action->setSeparator(std::string_view(command.caption) == "-");
         set_shortcut(*action, command.control);
         connect_entry(*action, command, window, state, bindings);
     }

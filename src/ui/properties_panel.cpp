@@ -79,8 +79,7 @@ QWidget* make_properties_panel(const Controls& controls) {
     grid->setVerticalSpacing(4);
     grid->setRowMinimumHeight(gap_line, 12);
     for (const HeadingRow& row : heading_rows)
-        grid->setColumnMinimumWidth(row.cell,
-                                    panel->fontMetrics().horizontalAdvance("000000000000"));
+        grid->setColumnMinimumWidth(row.cell, panel->fontMetrics().horizontalAdvance("0000000000"));
     add_headings(controls, *grid);
     add_fields(controls, *grid);
     share_location_place(controls, *panel);

@@ -119,7 +119,14 @@ QVBoxLayout* map_choice(const Controls& controls) {
     QLabel* label = heading(controls, "Label8", "Select Map");
     label->setBuddy(list);
 
-    QVBoxLayout* layout = section(label);
+    QLabel* place = controls.value_label("Label26", &Form1::Label26);
+    place->setToolTip("Tile under the pointer: column and row. Hexadecimal.");
+    auto* layout = new QVBoxLayout;
+    layout->setSpacing(4);
+    auto* top = new QHBoxLayout;
+    top->addWidget(label, 1);
+    top->addWidget(place);
+    layout->addLayout(top);
     layout->addWidget(list);
     for (const ButtonRow& row : {tileset_button, refresh_button}) {
         auto* button = new QPushButton(row.caption);
@@ -180,9 +187,6 @@ QWidget* make_tools_panel(const Controls& controls) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
-    QLabel* place = controls.value_label("Label26", &Form1::Label26);
-    place->setToolTip("Tile under the pointer: column and row. Hexadecimal.");
-    column->addWidget(place);
     column->addLayout(map_choice(controls));
     column->addWidget(line());
     column->addLayout(tile_and_zoom(controls));
