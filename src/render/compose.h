@@ -45,7 +45,8 @@ void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, cons
 /// The formation numbers of view cell (x, y): 0 outside a layer, and for a missing layer 3.
 CellTiles tiles_at(const MapView& view, int x, int y);
 
-/// Draws the cells of columns x0 to x1 - 1 and rows y0 to y1 - 1 of the view.
+/// Draws the cells of columns x0 to x1 - 1 and rows y0 to y1 - 1 of the view. A cell outside the
+/// view is left out, here and in compose_one_cell.
 void compose_cells(const FormationBitmaps& bitmaps, const MapView& view, int x0, int y0, int x1,
                    int y1, PixelBuffer& buffer);
 

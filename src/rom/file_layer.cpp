@@ -1,6 +1,6 @@
 #include "rom/file_layer.h"
 
-#include <array>
+#include <vector>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -87,7 +87,7 @@ class Disk : public FileLayer {
 
 // A read that fails is told from the end of the file by the file's size.
 bool copy_bytes(File& from, File& to) {
-    std::array<std::uint8_t, 0x10000> block;
+    std::vector<std::uint8_t> block(0x100000);
     const std::int64_t size = from.size();
     for (std::int64_t offset = 0; offset < size;) {
         const std::size_t count = from.read_at(offset, block);

@@ -8,11 +8,9 @@
 namespace veldrune::test {
 namespace {
 
-using demo::demo_map::town;
-
 struct BuiltTown : Editor {
     explicit BuiltTown() {
-        choose(town);
+        choose(demo::demo_map::town);
         build_tileset(*state);
     }
     LayerMap& layer(std::size_t index) { return state->layers[index].map; }

@@ -215,8 +215,9 @@ void try_every_write_failure(void (*operation)(EditorState&), const char* target
                     }
                     ASSERT_TRUE(editor.disk[target] == expected) << at << half << from_then_on;
                 }
-                if (target != std::string("a.smc"))
+                if (target != std::string("a.smc")) {
                     ASSERT_TRUE(editor.image() == demo_bytes());
+                }
                 editor.disk.fail({}, {});
                 editor.dialogs.file_names = {"b.smc"};
                 operation(*editor.state);

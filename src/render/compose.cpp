@@ -1,0 +1,175 @@
+#include "render/compose.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+// Where the compiler and the system can, a function so marked is compiled for each of these vector
+// units, and the program takes the widest that the processor has. The code is the same for all.
+#if defined(__x86_64__) && defined(__GLIBC__)
+#define VELDRUNE_WIDE_VECTORS __attribute__((target_clones("avx512f", "avx2", "default")))
+#else
+#define VELDRUNE_WIDE_VECTORS
+#endif
+
+namespace veldrune {
+
+namespace {
+
+/// The formations that are stacked on one cell. Those of a layer that isn't shown are empty.
+struct CellLayers {
+    const Formation& layer1_high;
+    const Formation& layer1_low;
+    const Formation& layer2_high;
+    const Formation& layer2_low;
+    const Formation& layer3;
+};
+
+constexpr Formation empty_formation{};
+
+CellLayers cell_layers(const FormationBitmaps& bitmaps, const LayerStack& stack,
+                       const CellTiles& tiles) {
+    const auto shown = [&](std::size_t layer, const FormationBitmap& bitmap) -> const Formation& {
+        return stack.shown[layer] ? bitmap[tiles[layer]] : empty_formation;
+    };
+    const bool has_layer3 = stack.blend != Layer3Blend::none;
+    return {shown(0, bitmaps.layer1_high), shown(0, bitmaps.layer1_low),
+            shown(1, bitmaps.layer2_high), shown(1, bitmaps.layer2_low),
+            has_layer3 ? shown(2, bitmaps.layer3_pixels) : empty_formation};
+}
+
+/// p with colour c over it. A mask in place of a branch, so that many pixels go at once.
+constexpr Colour over(Colour c, Colour p) {
+    return c | (p & (c ? 0 : ~Colour{0}));
+}
+
+/// The mean of each channel, rounded down, with no carry from one channel to the next.
+constexpr Colour mean(Colour c, Colour d) {
+    return (c & d) + (((c ^ d) & 0xFEFEFE) >> 1);
+}
+
+/// p with layer 3's colour c over it. Where c is no pixel, the mean is that of p and p.
+template <Layer3Blend blend>
+constexpr Colour layer3_over(Colour c, Colour p) {
+    return blend == Layer3Blend::half ? mean(over(c, p), p) : over(c, p);
+}
+
+/// Draws a cell into out, whose rows are stride pixels apart. It takes its layers by value, so that
+/// they need not be fetched anew after each row written.
+template <int layer3_order, Layer3Blend blend>
+[[gnu::always_inline]] inline void stack_layers(const CellLayers cell, Colour* out,
+                                                std::ptrdiff_t stride) {
+    for (std::size_t y = 0; y < 16; ++y, out += stride) {
+        std::array<Colour, 16> row;
+        for (std::size_t x = 0; x < 16; ++x) {
+            const std::size_t i = 16 * y + x;
+            Colour p = 0;
+            if (layer3_order == 0)
+                p = layer3_over<blend>(cell.layer3[i], p);
+            p = over(cell.layer2_low[i], p);
+            if (layer3_order == 1)
+                p = layer3_over<blend>(cell.layer3[i], p);
+            p = over(cell.layer1_low[i], p);
+            p = over(cell.layer2_high[i], p);
+            p = over(cell.layer1_high[i], p);
+            if (layer3_order == 2)
+                p = layer3_over<blend>(cell.layer3[i], p);
+            row[x] = p;
+        }
+        std::copy(row.begin(), row.end(), out);
+    }
+}
+
+VELDRUNE_WIDE_VECTORS
+void draw_layers(const CellLayers& cell, const LayerStack& stack, Colour* out,
+                 std::ptrdiff_t stride) {
+    using enum Layer3Blend;
+    const bool halved = stack.blend == half;
+    switch (stack.layer3_order) {
+    case 0:
+        return halved ? stack_layers<0, half>(cell, out, stride)
+                      : stack_layers<0, opaque>(cell, out, stride);
+    case 1:
+        return halved ? stack_layers<1, half>(cell, out, stride)
+                      : stack_layers<1, opaque>(cell, out, stride);
+    default:
+        return halved ? stack_layers<2, half>(cell, out, stride)
+                      : stack_layers<2, opaque>(cell, out, stride);
+    }
+}
+
+/// Draws a cell into the picture from out on, each of its pixels scale by scale.
+template <int scale>
+void draw_enlarged(const Formation& cell, Colour* out) {
+    for (std::size_t y = 0; y < 16; ++y) {
+        std::array<Colour, 16 * scale> row;
+        for (std::size_t x = 0; x < 16; ++x)
+            std::fill_n(&row[scale * x], scale, cell[16 * y + x]);
+        for (int i = 0; i < scale; ++i, out += view_size)
+            std::copy(row.begin(), row.end(), out);
+    }
+}
+
+} // namespace
+
+void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, const CellTiles& tiles,
+                  Formation& cell) {
+    draw_layers(cell_layers(bitmaps, stack, tiles), stack, cell.data(), 16);
+}
+
+CellTiles tiles_at(const MapView& view, int x, int y) {
+    const std::int64_t column = std::int64_t{view.h} + x;
+    const std::int64_t row = std::int64_t{view.v} + y;
+    CellTiles tiles{};
+    for (std::size_t layer = 0; layer < tiles.size(); ++layer) {
+        const int width = std::min(view.widths[layer], max_layer_width);
+        const int height = std::min(view.heights[layer], max_layer_height);
+        const bool missing = layer == 2 && view.stack.blend == Layer3Blend::none;
+        if (!missing && column >= 0 && column < width && row >= 0 && row < height)
+            tiles[layer] = view.maps[layer]->at(column, row);
+    }
+    return tiles;
+}
+
+void compose_cells(const FormationBitmaps& bitmaps, const MapView& view, int x0, int y0, int x1,
+                   int y1, PixelBuffer& buffer) {
+    for (int y = y0; y < y1; ++y)
+        for (int x = x0; x < x1; ++x)
+            compose_one_cell(bitmaps, view, x, y, tiles_at(view, x, y), buffer);
+}
+
+void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
+                      const CellTiles& tiles, PixelBuffer& buffer) {
+    if (x < 0 || x >= view.cells_across || y < 0 || y >= view.cells_across)
+        return;
+    const CellLayers layers = cell_layers(bitmaps, view.stack, tiles);
+    Colour* out = buffer.row(y * view.tile_size()) + x * view.tile_size();
+    if (view.cells_across == 32)
+        return draw_layers(layers, view.stack, out, view_size);
+    Formation cell;
+    draw_layers(layers, view.stack, cell.data(), 16);
+    switch (view.cells_across) {
+    case 16:
+        return draw_enlarged<2>(cell, out);
+    case 8:
+        return draw_enlarged<4>(cell, out);
+    case 4:
+        return draw_enlarged<8>(cell, out);
+    }
+}
+
+void scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
+                    PixelBuffer& buffer) {
+    const int across = view.cells_across;
+    const std::int64_t dx = std::int64_t{view.h} - last_h;
+    const std::int64_t dy = std::int64_t{view.v} - last_v;
+    if ((dx != 0) == (dy != 0) || std::abs(dx + dy) >= across)
+        return compose_cells(bitmaps, view, 0, 0, across, across, buffer);
+    const int columns = static_cast<int>(dx);
+    const int rows = static_cast<int>(dy);
+    shift_picture(buffer, -columns * view.tile_size(), -rows * view.tile_size());
+    compose_cells(bitmaps, view, columns > 0 ? across - columns : 0, rows > 0 ? across - rows : 0,
+                  columns < 0 ? -columns : across, rows < 0 ? -rows : across, buffer);
+}
+
+} // namespace veldrune

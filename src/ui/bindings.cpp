@@ -1,0 +1,88 @@
+#include "ui/bindings.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+namespace veldrune {
+
+void Bindings::edit(const Action& write, const Action& then) const {
+    gate_([&] {
+        write();
+        if (then)
+            then();
+    });
+}
+
+void Bindings::show() const {
+    for (const Action& rule : rules_)
+        rule();
+}
+
+void Bindings::text(QLineEdit* field, std::string& value) {
+    QObject::connect(field, &QLineEdit::textEdited, field, [this, &value](const QString& typed) {
+        edit([&] { value = typed.toStdString(); });
+    });
+    rule([field, &value] {
+        if (field->text().toStdString() != value)
+            field->setText(QString::fromStdString(value));
+    });
+}
+
+void Bindings::notes(QPlainTextEdit* field, std::string& value) {
+    QObject::connect(field, &QPlainTextEdit::textChanged, field, [this, field, &value] {
+        edit([&] { value = field->toPlainText().toStdString(); });
+    });
+    rule([field, &value] {
+        const QSignalBlocker blocked(field);
+        if (field->toPlainText().toStdString() != value)
+            field->setPlainText(QString::fromStdString(value));
+    });
+}
+
+void Bindings::label(QLabel* label, const std::string& value) {
+    rule([label, &value] {
+        if (label->text().toStdString() != value)
+            label->setText(QString::fromStdString(value));
+    });
+}
+
+void Bindings::box(QAbstractButton* box, bool& value, const Action& then) {
+    QObject::connect(box, &QAbstractButton::toggled, box,
+                     [this, &value, then](bool on) { edit([&] { value = on; }, then); });
+    rule([box, &value] { show_checked(box, value); });
+}
+
+void Bindings::bar(QScrollBar* bar, ScrollBar& value, const Action& then) {
+    QObject::connect(bar, &QScrollBar::valueChanged, bar,
+                     [this, &value, then](int place) { edit([&] { value.value = place; }, then); });
+    rule([bar, &value] {
+        const QSignalBlocker blocked(bar);
+        bar->setMaximum(value.maximum);
+        bar->setValue(value.value);
+        bar->setVisible(value.visible);
+    });
+}
+
+void Bindings::list(QComboBox* list, int& row, const Action& then) {
+    QObject::connect(list, &QComboBox::activated, list,
+                     [this, &row, then](int chosen) { edit([&] { row = chosen; }, then); });
+    rule([list, &row] {
+        const QSignalBlocker blocked(list);
+        list->setCurrentIndex(row);
+    });
+}
+
+void Bindings::enabled(QWidget* widget, const bool& value) {
+    rule([widget, &value] { widget->setEnabled(value); });
+}
+
+void Bindings::show_checked(QAbstractButton* button, bool checked) {
+    const QSignalBlocker blocked(button);
+    button->setChecked(checked);
+}
+
+} // namespace veldrune

@@ -1,0 +1,71 @@
+#include "ui/map_picture.h"
+#include "ui/panels.h"
+
+#include <QGridLayout>
+#include <QPainter>
+
+namespace veldrune {
+
+namespace {
+
+/// A label whose text is shortened in its middle where there is no room for it.
+class PathLabel : public QLabel {
+  public:
+    PathLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+    }
+};
+
+struct BarRow {
+    const char* control;
+    Qt::Orientation direction;
+    ScrollBar Form1::*value;
+    void (*then)(EditorState&);
+};
+constexpr BarRow bar_rows[] = {
+    {"HScroll1", Qt::Horizontal, &Form1::HScroll1, on_h_scroll},
+    {"VScroll1", Qt::Vertical, &Form1::VScroll1, on_v_scroll},
+    {"HScroll2", Qt::Horizontal, &Form1::HScroll2, nullptr},
+    {"VScroll2", Qt::Vertical, &Form1::VScroll2, nullptr},
+};
+
+void add_path(const Controls& controls, QGridLayout& grid) {
+    auto* path = new PathLabel;
+    path->setObjectName("Label20");
+    path->setMinimumHeight(path->fontMetrics().height());
+    const std::string& value = controls.state.form1.Label20;
+    controls.bindings.label(path, value);
+    controls.bindings.rule([path, &value] { path->setToolTip(QString::fromStdString(value)); });
+    grid.addWidget(path, 0, 0);
+}
+
+} // namespace
+
+QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(2);
+    add_path(controls, *grid);
+    grid->addWidget(picture, 1, 0);
+    for (const BarRow& row : bar_rows) {
+        QScrollBar* bar = controls.bar(row.control, row.direction, row.value, row.then);
+        const bool horizontal = row.direction == Qt::Horizontal;
+        grid->addWidget(bar, horizontal ? 2 : 1, horizontal ? 0 : 1);
+        QObject::connect(picture, &MapPicture::scrolled, bar,
+                         [bar](Qt::Orientation direction, int tiles) {
+                             if (bar->isVisible() && bar->orientation() == direction)
+                                 bar->setValue(bar->value() + tiles);
+                         });
+    }
+    grid->setRowStretch(3, 1);
+    controls.bindings.rule([picture] { picture->update(); });
+    return panel;
+}
+
+} // namespace veldrune

@@ -1,0 +1,90 @@
+#include "ui/qt_dialogs.h"
+
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QStringList>
+
+namespace veldrune {
+
+namespace {
+
+/// Gives the pointer its own shape back while a box is up.
+class BoxCursor {
+  public:
+    BoxCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~BoxCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BoxCursor(const BoxCursor&) = delete;
+    BoxCursor& operator=(const BoxCursor&) = delete;
+};
+
+int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
+        QMessageBox::StandardButtons buttons) {
+    const BoxCursor cursor;
+    QMessageBox box(icon, title, QString::fromStdString(text), buttons, window);
+    box.setTextFormat(Qt::PlainText);
+    if (buttons & QMessageBox::Cancel)
+        box.setDefaultButton(QMessageBox::Cancel); // what is asked about can destroy work
+    return box.exec();
+}
+
+std::optional<std::string> file_name(QFileDialog& dialog) {
+    const BoxCursor cursor;
+    dialog.setNameFilter(qt_file_filter(image_file_filter));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().value(0).toStdString();
+}
+
+} // namespace
+
+BusyCursor::BusyCursor() {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+BusyCursor::~BusyCursor() {
+    QGuiApplication::restoreOverrideCursor();
+}
+
+QString qt_file_filter(const char* filter) {
+    const QStringList parts = QString::fromLatin1(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == "*.*" ? QString("*") : parts[i + 1];
+        filters << parts[i].section('(', 0, 0) + " (" + pattern + ")";
+    }
+    return filters.join(";;");
+}
+
+void QtDialogs::attach(QWidget* window, Action before_box) {
+    window_ = window;
+    before_box_ = std::move(before_box);
+}
+
+void QtDialogs::message(const std::string& text, const std::string& title) {
+    before_box_();
+    ask(window_, QMessageBox::Warning, text, QString::fromStdString(title), QMessageBox::Ok);
+}
+
+bool QtDialogs::question(const std::string& text) {
+    before_box_();
+    const QString title = window_ ? window_->windowTitle() : QString();
+    return ask(window_, QMessageBox::Question, text, title,
+               QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
+}
+
+std::optional<std::string> QtDialogs::open_file_name() {
+    before_box_();
+    QFileDialog dialog(window_, "Open");
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return file_name(dialog);
+}
+
+std::optional<std::string> QtDialogs::save_file_name() {
+    before_box_();
+    QFileDialog dialog(window_, "Save As");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("smc");
+    return file_name(dialog);
+}
+
+} // namespace veldrune

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "forms/dialogs.h"
+#include "ui/bindings.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace veldrune {
+
+/// The filter of the file dialogs in Qt's form.
+QString qt_file_filter(const char* filter);
+
+/// Shows the pointer that says "wait", as long as it lives.
+class BusyCursor {
+  public:
+    BusyCursor();
+    ~BusyCursor();
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+/// Talks to the user through real boxes, modal over the window that it is attached to.
+class QtDialogs : public Dialogs {
+  public:
+    /// before_box runs before anything is shown, to bring the window up to date.
+    void attach(QWidget* window, Action before_box);
+
+    void message(const std::string& text, const std::string& title) override;
+    bool question(const std::string& text) override;
+    std::optional<std::string> open_file_name() override;
+    std::optional<std::string> save_file_name() override;
+
+  private:
+    QWidget* window_ = nullptr;
+    Action before_box_ = [] {};
+};
+
+} // namespace veldrune

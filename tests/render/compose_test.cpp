@@ -1,0 +1,128 @@
+#include "render/literal_render.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <random>
+
+namespace veldrune::test {
+
+constexpr Colour mark = 0xFF000000; // no colour that composition makes
+
+struct Compose : testing::Test {
+    std::mt19937 random{1};
+    FormationBitmaps bitmaps;
+    PixelBuffer picture, before, full;
+    std::array<LayerMap, layer_count> maps;
+    MapView view;
+
+    int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
+    int from(std::initializer_list<int> values) { return values.begin()[random() % values.size()]; }
+    std::uint8_t tile() { return static_cast<std::uint8_t>(random()); }
+
+    void choose_formations() {
+        for (auto* bitmap : {&bitmaps.layer1_high, &bitmaps.layer1_low, &bitmaps.layer2_high,
+                             &bitmaps.layer2_low, &bitmaps.layer3_pixels})
+            for (Formation& formation : *bitmap)
+                for (const int holes = below(5); Colour & colour : formation)
+                    colour = below(4) < holes ? 0 : random() & 0xFFFFFF;
+    }
+    void choose_view() {
+        for (std::size_t layer = 0; layer < layer_count; ++layer) {
+            std::generate(maps[layer].cells.begin(), maps[layer].cells.end(),
+                          [&] { return tile(); });
+            view.maps[layer] = &maps[layer];
+            view.widths[layer] = from({INT_MIN, -1, 0, 1, 33, 64, 127, 128, 129, INT_MAX});
+            view.heights[layer] = from({INT_MIN, -1, 0, 1, 32, 63, 64, 65, 128, INT_MAX});
+            view.stack.shown[layer] = below(4) != 0;
+        }
+        view.stack.layer3_order = below(3);
+        view.stack.blend = static_cast<Layer3Blend>(below(3));
+        view.h = from({0, 1, 5, 20, 100, 127, INT_MAX});
+        view.v = from({0, 1, 5, 20, 40, 63, INT_MAX});
+        view.cells_across = from({4, 8, 16, 32});
+    }
+};
+
+TEST_F(Compose, StacksTheLayersOfACell) {
+    bitmaps.layer2_low[2].fill(0x202020);
+    bitmaps.layer1_low[1][1] = bitmaps.layer1_low[1][3] = 0x404040;
+    bitmaps.layer2_high[2][2] = bitmaps.layer2_high[2][3] = 0x606060;
+    bitmaps.layer1_high[1][4] = 0x808080;
+    bitmaps.layer3_pixels[3].fill(0xC86428);
+    using enum Layer3Blend;
+    const struct {
+        LayerStack stack;
+        std::array<Colour, 5> pixels; // the first of the cell
+    } cases[] = {
+        {{{true, true, true}, 2, none}, {0x202020, 0x404040, 0x606060, 0x606060, 0x808080}},
+        {{{true, true, true}, 0, half}, {0x202020, 0x404040, 0x606060, 0x606060, 0x808080}},
+        {{{true, true, true}, 1, half}, {0x744224, 0x404040, 0x606060, 0x606060, 0x808080}},
+        {{{true, true, true}, 2, half}, {0x744224, 0x845234, 0x946244, 0x946244, 0xA47254}},
+        {{{true, false, true}, 1, opaque}, {0xC86428, 0x404040, 0xC86428, 0x404040, 0x808080}},
+        {{{false, false, true}, 0, half}, {0x643214, 0x643214, 0x643214, 0x643214, 0x643214}},
+    };
+    for (const auto& [stack, pixels] : cases) {
+        Formation cell;
+        compose_cell(bitmaps, stack, {1, 2, 3}, cell);
+        EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), cell.begin())) << stack.layer3_order;
+    }
+}
+
+TEST_F(Compose, DrawsCellsLikeTheLiteralComposerAndNothingElse) {
+    for (int round = 0; round < 150; ++round) {
+        if (round % 10 == 0)
+            choose_formations();
+        choose_view();
+        const int across = view.cells_across, size = view.tile_size();
+        const int x0 = below(across), x1 = x0 + 1 + below(across - x0), cell_x = below(across);
+        const int y0 = below(across), y1 = y0 + 1 + below(across - y0), cell_y = below(across);
+        const CellTiles tiles = {tile(), tile(), tile()};
+        picture.pixels.fill(mark);
+        compose_cells(bitmaps, view, x0, y0, x1, y1, picture);
+        compose_one_cell(bitmaps, view, cell_x, cell_y, tiles, picture);
+        compose_one_cell(bitmaps, view, from({-1, across}), cell_y, tiles, picture);
+        literal_compose(bitmaps, view, full);
+        const auto expected = [&](int x, int y) {
+            const int column = x / size, row = y / size;
+            if (column == cell_x && row == cell_y)
+                return literal_cell_pixel(bitmaps, view.stack, tiles, x % size * 16 / size,
+                                          y % size * 16 / size);
+            const bool drawn = column >= x0 && column < x1 && row >= y0 && row < y1;
+            return drawn ? full.row(y)[x] : mark;
+        };
+        ASSERT_EQ(differing(picture, expected), 0) << "round " << round;
+    }
+}
+
+TEST_F(Compose, ScrollingGivesTheViewAtTheNewPlaceAndMovesMarks) {
+    choose_formations();
+    for (int round = 0; round < 150; ++round) {
+        choose_view();
+        const int last_h = view.h, last_v = view.v, across = view.cells_across;
+        literal_compose(bitmaps, view, before);
+        for (int i = 0; i < 2000; ++i)
+            before.row(below(view_size))[below(view_size)] = mark;
+        picture = before;
+        const int kind = below(9); // mostly one direction; both or none now and then
+        for (int* place : {&view.h, &view.v})
+            if (kind == 8 || kind % 2 == (place == &view.v))
+                *place = static_cast<int>(std::clamp(
+                    0LL + *place + from({0, 1, -1, below(across), -below(across), across, -across}),
+                    0LL, 0LL + INT_MAX));
+        scroll_picture(bitmaps, view, last_h, last_v, picture);
+        literal_compose(bitmaps, view, full);
+        const int dx = view.h - last_h, dy = view.v - last_v;
+        const bool shifted = (dx == 0) != (dy == 0) && std::abs(dx + dy) < across;
+        const auto expected = [&](int x, int y) {
+            const int from_x = x + dx * view.tile_size(), from_y = y + dy * view.tile_size();
+            const bool moved =
+                shifted && from_x >= 0 && from_x < view_size && from_y >= 0 && from_y < view_size;
+            return moved && before.row(from_y)[from_x] == mark ? mark : full.row(y)[x];
+        };
+        ASSERT_EQ(differing(picture, expected), 0) << "round " << round;
+    }
+}
+
+} // namespace veldrune::test

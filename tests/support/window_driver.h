@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+
+#include <stdexcept>
+
+namespace veldrune::test {
+
+/// Works the main window as a user does, by mouse and keyboard. Controls are found by their name.
+class WindowDriver {
+  public:
+    explicit WindowDriver(QWidget& window) : window_(window) {}
+
+    template <typename T = QWidget>
+    T& find(const QString& control) const {
+        T* found = window_.findChild<T*>(control);
+        if (!found)
+            throw std::runtime_error("no control " + control.toStdString());
+        return *found;
+    }
+
+    void show() const {
+        window_.show();
+        activate();
+    }
+
+    /// A platform without a screen leaves the window inactive when a menu, list or box has closed.
+    void activate() const {
+        window_.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window_))
+            throw std::runtime_error("the window does not become active");
+    }
+
+    /// A click on a button; on an option or a box at its indicator.
+    void click(const QString& control) const {
+        auto& button = find(control);
+        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(10, button.height() / 2));
+    }
+
+    void type(const QString& control, const QString& text) const {
+        auto& field = find(control);
+        QTest::keySequence(&field, QKeySequence::SelectAll);
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, text);
+    }
+
+    /// Chooses an entry of the menus, by the mouse.
+    void choose(const QString& command) const {
+        auto& action = find<QAction>(command);
+        std::vector<QMenu*> path; // innermost first
+        for (QObject* menu = menu_of(action); menu; menu = menu_of(*path.back()->menuAction()))
+            path.push_back(static_cast<QMenu*>(menu));
+        auto& bar = find<QMenuBar>("");
+        press_entry(bar, *path.back()->menuAction());
+        for (std::size_t i = path.size(); i-- > 0;)
+            press_entry(*path[i], i == 0 ? action : *path[i - 1]->menuAction());
+        if (window_.isVisible())
+            activate();
+    }
+
+    /// Types the map's number into the list and chooses it.
+    void choose_map(int map) const {
+        auto& list = find<QComboBox>("Combo1");
+        QTest::keyClicks(&list, QString::number(map));
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        activate();
+    }
+
+    /// A point of the map picture in its widget.
+    static QPoint on_picture(int x, int y) { return QPoint(x, y) + QPoint(2, 2); }
+
+    void click_picture(int x, int y, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mouseClick(&find("Picture1"), button, {}, on_picture(x, y));
+    }
+
+    /// A stroke with the left button held, from the first point to the last.
+    void drag(std::initializer_list<QPoint> points) const {
+        auto& picture = find("Picture1");
+        const QPoint first = on_picture(points.begin()->x(), points.begin()->y());
+        QTest::mousePress(&picture, Qt::LeftButton, {}, first);
+        QPoint last = first;
+        for (const QPoint& point : points)
+            move(picture, last = on_picture(point.x(), point.y()), Qt::LeftButton);
+        QTest::mouseRelease(&picture, Qt::LeftButton, {}, last);
+    }
+
+    /// One event of the wheel over a widget; up and left are positive, 120 to a notch.
+    void wheel(const QString& control, QPoint turn, Qt::KeyboardModifiers modifiers = {}) const {
+        auto& widget = find(control);
+        const QPointF middle = widget.rect().center();
+        QWheelEvent event(middle, widget.mapToGlobal(middle), {}, turn, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    static void move(QWidget& widget, QPoint to, Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, to, widget.mapToGlobal(QPointF(to)), Qt::NoButton,
+                          held, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+  private:
+    /// The menu in which an entry stands, or null for a menu of the bar.
+    QMenu* menu_of(QAction& entry) const {
+        for (QMenu* menu : window_.findChildren<QMenu*>())
+            if (menu->actions().contains(&entry))
+                return menu;
+        return nullptr;
+    }
+
+    template <typename Menu>
+    static void press_entry(Menu& menu, QAction& entry) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&entry).center());
+    }
+
+    QWidget& window_;
+};
+
+} // namespace veldrune::test

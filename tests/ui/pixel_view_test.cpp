@@ -1,0 +1,55 @@
+#include "ui/pixel_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QPoint>
+
+#include <cmath>
+#include <vector>
+
+namespace veldrune::test {
+namespace {
+
+// A picture of side 8 drawn on a screen of each scaling, in a widget that lies somewhere.
+TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
+    constexpr int side = 8;
+    std::vector<std::uint32_t> pixels(side * side);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = static_cast<std::uint32_t>(0x030507 * (i + 1));
+
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 3.0})
+        for (const int place : {0, 7, 9, 33}) {
+            SCOPED_TRACE(testing::Message() << ratio << " at " << place);
+            const int square = static_cast<int>(ratio);
+            const PixelView view = pixel_view(ratio, QPointF(place, place + 1), QPointF(2, 2));
+            EXPECT_GE(view.origin.x(), 2.0 - 1e-3);
+            EXPECT_LT(view.origin.x(), 2.0 + 1.0 / ratio);
+
+            QImage screen(200, 200, QImage::Format_RGB32);
+            screen.fill(Qt::white);
+            screen.setDevicePixelRatio(ratio);
+            QPainter painter(&screen);
+            painter.translate(place, place + 1);
+            draw_pixels(painter, view, pixels, side);
+            painter.end();
+
+            const auto left = static_cast<int>(std::lround((place + view.origin.x()) * ratio));
+            const auto top = static_cast<int>(std::lround((place + 1 + view.origin.y()) * ratio));
+            for (int y = -square; y < (side + 1) * square; ++y)
+                for (int x = -square; x < (side + 1) * square; ++x) {
+                    const QPointF point((left + x) / ratio - place, (top + y) / ratio - place - 1);
+                    const QPoint pixel = view.pixel_at(point);
+                    ASSERT_EQ(pixel, QPoint(static_cast<int>(std::floor(double(x) / square)),
+                                            static_cast<int>(std::floor(double(y) / square))));
+                    const bool inside = QRect(0, 0, side, side).contains(pixel);
+                    const auto index = static_cast<std::size_t>(pixel.y() * side + pixel.x());
+                    ASSERT_EQ(screen.pixel(left + x, top + y),
+                              inside ? 0xFF000000 | pixels[index] : 0xFFFFFFFF);
+                }
+        }
+}
+
+} // namespace
+} // namespace veldrune::test
