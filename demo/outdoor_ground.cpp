@@ -94,10 +94,9 @@ Picture draw_grass(int variant) {
 }
 
 Picture draw_path(Shape shape, int variant) {
-    static constexpr Mark pebbles[4][4] = {{{0, 3, 4}, {1, 11, 9}, {2, 6, 13}},
-                                           {{1, 5, 6}, {2, 12, 3}},
-                                           {{2, 4, 10}, {0, 12, 12}, {1, 9, 3}},
-                                           {{2, 8, 7}}};
+    // Each lies within one quadrant.
+    static constexpr Mark pebbles[3][2] = {
+        {{0, 2, 3}, {1, 11, 10}}, {{1, 12, 3}, {2, 3, 11}}, {{2, 10, 2}, {2, 2, 13}}};
     static const Picture pebble[3] = {sprite(ground_row, {".aa.", "a998", ".77."}),
                                       sprite(ground_row, {"aa", "87"}),
                                       sprite(ground_row, {"8..", ".88"})};
@@ -106,10 +105,13 @@ Picture draw_path(Shape shape, int variant) {
         const int edge = lit_edge(shape, x, y);
         return soil[edge == 3 && far_edge(shape, x, y) ? 4 : by_edge[edge]];
     });
-    if (shape.mask == 255)
-        for (const Mark& m : pebbles[variant & 3])
-            if (m.x != 0)
-                picture.draw(pebble[m.number], m.x, m.y);
+    const auto whole = [shape](int x, int y) {
+        return shape.inside(x, y) && shape.inside(x + 7, y) && shape.inside(x, y + 7) &&
+               shape.inside(x + 7, y + 7) && lit_edge(shape, x, y) > 2;
+    };
+    for (const Mark& m : pebbles[variant % 3])
+        if (whole(m.x & 8, m.y & 8))
+            picture.draw(pebble[m.number], m.x, m.y);
     return picture;
 }
 
