@@ -12,15 +12,14 @@ constexpr Ramp rock{ink(1, 6), 5};
 constexpr Ramp moss{ink(1, 11), 4};
 constexpr Pixel deep = ink(1, 15);
 
-Picture draw_floor(int, int variant) {
+Picture draw_floor(int, int, int kind) {
     static constexpr std::array<int, 2> slabs[] = {{2, 3}, {11, 1}, {7, 8}, {14, 11}, {3, 13}};
-    const int kind = variant / 4;
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {
         const Stone stone = stone_at(x, y, slabs, 16);
-        const bool crack = stone.depth < 9 && kind != 3;
-        const bool lit = stone.depth < 26 && stone.light > 1 && kind == 1;
-        return ground[crack && (stone.number + kind) % 3 != 0 ? 1 : lit ? 3 : 2];
+        const bool crack = stone.depth < 9 && (stone.number + kind) % 3 != 0;
+        const bool lit = stone.depth < 26 && stone.light > 1 && stone.number == kind;
+        return ground[crack ? 1 : lit ? 3 : 2];
     });
     if (kind == 2)
         p.draw(sprite(1, {".44.", "4332", "3321", ".11."}), 9, 4);
@@ -29,7 +28,7 @@ Picture draw_floor(int, int variant) {
     return p;
 }
 
-Picture draw_wall(int row, bool west, bool east, int) {
+Picture draw_wall(int row, bool west, bool east) {
     static constexpr std::array<int, 2> columns[] = {{3, 2},   {14, 6}, {25, 1},  {8, 15}, {20, 18},
                                                      {30, 16}, {2, 26}, {14, 28}, {26, 28}};
     Picture p(16, 16);
@@ -41,6 +40,22 @@ Picture draw_wall(int row, bool west, bool east, int) {
         shade += !west && x < 2 ? 1 : 0;
         shade -= !east && x > 12 ? 1 : 0;
         return height == 31 ? ground[0] : rock[shade];
+    });
+    return p;
+}
+
+/// Moss that thins out towards its edges.
+Picture draw_moss(Shape shape, int variant) {
+    Picture p = draw_floor(0, 0, 3);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        int depth = 0;
+        for (const int step : {1, 2, 4})
+            depth +=
+                shape.inside(std::max(x - step, 0), y) + shape.inside(std::min(x + step, 15), y) +
+                shape.inside(x, std::max(y - step, 0)) + shape.inside(x, std::min(y + step, 15));
+        if (!shape.inside(x, y) || !dither(x, y, 2 * depth - 7))
+            return 0;
+        return moss[(x * 3 + y * 5 + variant) % 11 == 0 ? 3 : (x + y * 2) % 7 < 3 ? 1 : 2];
     });
     return p;
 }
@@ -97,16 +112,22 @@ Picture draw_crystals(int row) {
 }
 
 Picture draw_stalagmite() {
+    // Cones: foot, top and half width at the foot.
+    static constexpr std::array<int, 4> cones[] = {{4, 28, 18, 3}, {12, 29, 15, 3}, {8, 30, 3, 5}};
     const Ramp stone{ink(4, 1), 6};
     Picture p(16, 32);
-    p.fill(0, 4, 16, 27, [&](int x, int y) -> Pixel {
-        const int reach = 1 + (y - 4) * (y - 4) / 130 + (y % 7 > 4);
-        const int dx = x - 8;
-        if (dx < -reach || dx > reach)
-            return 0;
-        const int shade = 4 - (dx + reach) * 4 / (2 * reach + 1) - (y % 7 == 6);
-        return dx == reach || y == 30 ? stone[0] : stone[shade];
-    });
+    for (const auto& [cx, foot, top, half] : cones)
+        p.fill(0, top, 16, foot - top + 1,
+               [&, c = cx, f = foot, t = top, h = half](int x, int y) -> Pixel {
+                   const int reach = h * (y - t) / (f - t);
+                   const int dx = x - c;
+                   if (dx < -reach || dx > reach)
+                       return 0;
+                   const int groove = (y + dx * 2 + 40) % 9 == 0;
+                   return dx == reach || y == f
+                              ? stone[0]
+                              : stone[4 - (dx + reach) * 4 / (2 * reach + 1) - groove];
+               });
     return p;
 }
 
@@ -135,13 +156,13 @@ Picture draw_ladder() {
 
 struct CaveArt {
     Enclosure walls;
-    Ground water, path;
+    Ground moss_patch, water, pit;
     Props props;
     Stamp bridge;
 
     explicit CaveArt(BlockTable& table)
-        : walls(table, {2, draw_floor, draw_wall, draw_top, "~="}),
-          water(table, outdoor::draw_water), path(table, outdoor::draw_path),
+        : walls(table, {2, draw_floor, draw_wall, draw_top, "~=O"}), moss_patch(table, draw_moss),
+          water(table, outdoor::draw_water), pit(table, outdoor::draw_pit),
           bridge(cut(table, outdoor::draw_bridge())) {
         props['c'] = {cut(table, draw_crystals(2)), 0, 0, 2};
         props['v'] = {cut(table, draw_crystals(3)), 0, 0, 2};
@@ -153,13 +174,15 @@ struct CaveArt {
     }
     void paint(MapCanvas& canvas, const Plan& plan) {
         walls.paint(canvas, plan);
+        moss_patch.paint(canvas, 1, plan, "gm", "gm", 2);
         water.paint(canvas, 1, plan, "~=", "~=", 1);
+        pit.paint(canvas, 1, plan, "O", "O", 1);
         for (int y = 0; y < plan.height; ++y)
             for (int x = 0; x < plan.width; ++x)
                 if (plan.is(x, y, "="))
                     canvas.stamp(0, 16 * x, 16 * y, bridge);
         paint_props(props, canvas, plan);
-        canvas.sink_opaque_tops();
+        canvas.sink_deep_tops();
     }
 };
 

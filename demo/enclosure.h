@@ -11,10 +11,10 @@ namespace veldrune::demo {
 /// show its wall.
 struct EnclosureStyle {
     int wall_height; // tiles
-    /// The floor on a place; x and y count tiles.
-    Picture (*floor)(int x, int y);
+    /// A floor tile: x and y count tiles modulo 4, variant is 0 to 3.
+    Picture (*floor)(int x, int y, int variant);
     /// A tile of a wall: row 0 is the uppermost; whether the wall goes on to the west and east.
-    Picture (*wall)(int row, bool west, bool east, int variant);
+    Picture (*wall)(int row, bool west, bool east);
     /// The top of solid ground.
     Picture (*top)(Shape shape, int variant);
     std::string_view never_wall; // letters that stand in for floor even below '#'
@@ -37,10 +37,12 @@ class Enclosure {
     int wall_row(const Plan& plan, int x, int y) const;
 
   private:
+    const Stamp& tile(const Plan& plan, int x, int y);
+
     BlockTable& table_;
     EnclosureStyle style_;
     Ground top_;
-    std::map<int, Stamp> floors_, walls_;
+    std::map<std::array<int, 3>, Stamp> tiles_; // by wall row, surroundings and variant
 };
 
 using Props = std::map<char, Prop>;

@@ -9,35 +9,36 @@ namespace {
 
 using namespace indoor;
 
-Picture marble_floor(int x, int variant) {
-    const bool inlaid = ((x + variant) & 1) != 0;
+Picture marble_floor(int x, int y, int variant) {
+    const bool inlaid = ((x + y) & 1) != 0;
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int i, int j) {
         if (i == 15 || j == 15)
             return inlaid ? panel[0] : floor[1];
         if (i == 0 || j == 0)
             return inlaid ? panel[2] : floor[4];
-        const bool vein = (i * 2 + j + variant * 3) % 23 == 0 && scatter(i, j, variant, 3) != 0;
+        const bool vein = (i * 2 + j + variant * 7) % 29 == 0 && scatter(i, j, variant, 3) != 0;
         return inlaid ? panel[vein ? 2 : 1] : floor[vein ? 2 : 3];
     });
     return p;
 }
 
-Picture plank_floor(int x, int variant) {
+Picture plank_floor(int x, int y, int) {
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int i, int j) {
-        const int board = j / 4;
-        const int along = (x & 3) * 16 + i + board * 23 + (variant & 3) * 37;
-        if (along % 64 == 0 || j % 4 == 3)
+        const int board = j / 8 + 2 * (y & 1);
+        const int along = (16 * (x & 3) + i + 27 * board) % 64;
+        if (j % 8 == 7 || along == 0)
             return floor[1];
-        const bool grain = scatter(along / 5 % 64, j, 3, 7) == 0;
-        return floor[(j % 4 == 0 ? 3 : 2) + (along / 64 % 3 == 0) - grain];
+        const bool nail = (along == 2 || along == 62) && (j % 8 == 2 || j % 8 == 5);
+        const bool grain = (j % 8 == 3 && along % 23 < 9) || (j % 8 == 5 && (along + 9) % 31 < 8);
+        return floor[2 - (nail || grain) + (j % 8 == 0 && board % 2 == 0)];
     });
     return p;
 }
 
 /// Courses of blocks under a moulding.
-Picture castle_wall(int row, bool west, bool east, int) {
+Picture castle_wall(int row, bool west, bool east) {
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {
         const int height = 16 * row + y; // 0 to 47
@@ -59,7 +60,7 @@ Picture castle_wall(int row, bool west, bool east, int) {
 }
 
 /// Plaster over wooden panels.
-Picture house_wall(int row, bool west, bool east, int) {
+Picture house_wall(int row, bool west, bool east) {
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {
         const int height = 16 * row + y; // 0 to 47
@@ -96,7 +97,7 @@ Picture dark_top(Shape shape, int) {
                 for (const int dy : {-step, 0, step})
                     if ((dx != 0 || dy != 0) && off(dx, dy))
                         return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
-        return dark;
+        return Pixel{0}; // nothing: the night sky may show
     });
     return p;
 }
@@ -129,6 +130,11 @@ Plan mirrored(const Plan& half) {
     for (int y = 0; y < half.height; ++y)
         for (int x = 0; x < half.width; ++x)
             plan.at(x, y) = plan.at(plan.width - 1 - x, y) = half.at(x, y);
+    // What is two tiles wide stands on the left one in both halves.
+    for (int y = 0; y < plan.height; ++y)
+        for (int x = half.width; x + 1 < plan.width; ++x)
+            if (plan.at(x, y) == '_')
+                std::swap(plan.at(x, y), plan.at(x + 1, y)), ++x;
     return plan;
 }
 
@@ -140,66 +146,67 @@ Plan throne_hall() {
         "###.............",
         "###t.g.v_.g.v_.t",
         "###......kkkkkkk",
-        "###.K....kkkkkkk",
         "###......kkkkkkk",
         "###......kkkkkkk",
-        "###.C_...SSSSSSS",
+        "###......kkkkkkk",
+        "###.K....SSSSSSS",
+        "###...........kk",
+        "###..C_.....L.kk",
+        "###...........kk",
+        "###...........kk",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###..C_.......kk",
+        "###...........kk",
         "###...........kk",
         "###...........kk",
         "###.........L.kk",
         "###...........kk",
-        "###.C_........kk",
+        "###..C_.......kk",
         "###...........kk",
         "###...........kk",
-        "###.........L.kk",
-        "###...........kk",
-        "###.C_........kk",
-        "###...........kk",
-        "###...........kk",
-        "###.........L.kk",
-        "###...........kk",
-        "###.C_........kk",
-        "###...........kk",
-        "###.K.........kk",
+        "###.K.......K.kk",
         "############..kk",
         "############..kk",
         "#...........#.kk",
         "#...........#.kk",
         "#t.v_.g.v_.t#.kk",
         "#...........#.kk",
-        "#.P....T__..#.kk",
+        "#K..........#.kk",
         "#...........#.kk",
-        "#....kkkk.....kk",
-        "#....kkkkkkkkkkk",
-        "#....kkkk.....kk",
-        "#...........#.kk",
-        "#.o.x.......#.kk",
-        "#...........#.kk",
+        "#...kkkkkkk...kk",
+        "#...kkUkkkkkkkkk",
+        "#...kkkkkkk...kk",
+        "#..h....h...#.kk",
+        "#.o.........#.kk",
+        "#..x.......K#.kk",
         "#############.kk",
         "#############.kk",
-        "#...............",
-        "#...............",
-        "#.t.g.v_.g.v_.g.",
+        "#.............kk",
+        "#.............kk",
+        "#.t.g.v_.g.v_.kk",
+        "#.............kk",
         "#.............kk",
         "#.K...........kk",
         "#.............kk",
-        "#..C_...C_....kk",
+        "#.............kk",
+        "#...C_....C_..kk",
         "#.............kk",
         "#.............kk",
-        "#..........L..kk",
-        "#.............kk",
-        "#..C_...C_....kk",
+        "#...........L.kk",
         "#.............kk",
         "#.............kk",
-        "#..........L..kk",
+        "#...C_....C_..kk",
         "#.............kk",
-        "#..C_...C_....kk",
+        "#.............kk",
         "#.K...........kk",
         "#.............kk",
         "##############kk",
         "##############kk",
     }));
     plan.at(15, 7) = 'X';
+    std::swap(plan.at(23, 36), plan.at(25, 36)); // a table is three tiles wide
     return plan;
 }
 
@@ -208,32 +215,32 @@ Plan cottage() {
         "################################",
         "#..............##..............#",
         "#..............##..............#",
-        "#B_B_.w_.H__.w_##B_B_B_w_.a_q.c#",
+        "#B_B_.w_H__.w_q##B_B_.w_.a_B_.P#",
+        "#..............................#",
+        "#..............................#",
+        "#.xo...........................#",
+        "#....kkkkkkk........T__...kkkk.#",
+        "#....kkkkkkk..............kkkk.#",
+        "#.h..kkUkkkk.......h.h....kkkk.#",
+        "#....kkkkkkk..............kkkk.#",
+        "#....kkkkkkk...............h...#",
+        "#P.............##P.............#",
+        "#.............x##............xo#",
+        "######...#######################",
+        "######...#######################",
         "#..............##..............#",
-        "#.............o##..............#",
-        "#.....kkkkkk..o##.T__....kkkk..#",
-        "#.....kkkkkk....#........kkkk..#",
-        "#..h..kT__kk..x##.h.h....kkkk..#",
-        "#.....kkkkkk...................#",
-        "#.....kkkkkk................P..#",
-        "#P...............##............#",
-        "#..............#################",
-        "#...............################",
-        "######....######################",
-        "######....######################",
         "#..............##..............#",
-        "#..............##..............#",
-        "#d_.w_.d_.w_.qP##J_J_.w_.J_.a_P#",
-        "#..............##..............#",
-        "#..............##oo............#",
-        "#..............##xo..T__..T__..#",
-        "#...kkkkk......##..............#",
-        "#...kkkkk......##..h.h....h.h..#",
-        "#d_.kkkkk.d_...................#",
-        "#...kkkkk......................#",
-        "#..............##..............#",
-        "#P...........c.##x............P#",
-        "#..............##..............#",
+        "#w_.d_...q_.d_P##J_J_.w_.J_.a_.#",
+        "#..............................#",
+        "#..............................#",
+        "#..............................#",
+        "#..kkkkkkk..........T__..T__...#",
+        "#..kkkkkkk.....................#",
+        "#..kkkkkkk..d_.....h.h..h.h....#",
+        "#..kkkkkkk.....##.............o#",
+        "#..............##o............x#",
+        "#Pc...........P##.xo..........x#",
+        "################################",
         "################################",
         "################################",
         "################################",
@@ -262,6 +269,7 @@ struct IndoorArt {
         prop('L', draw_candelabrum(), 0, 2);
         prop('S', draw_steps());
         prop('T', draw_table());
+        prop('U', draw_table());
         prop('h', draw_chair());
         prop('d', draw_bed());
         prop('B', draw_shelf(true), 0, 2);
@@ -276,9 +284,9 @@ struct IndoorArt {
     }
     void paint(MapCanvas& canvas, const Plan& plan) {
         walls.paint(canvas, plan);
-        carpets.paint(canvas, 1, plan, "kX", "kX", 1);
+        carpets.paint(canvas, 1, plan, "kXU", "kXU", 1);
         paint_props(props, canvas, plan);
-        canvas.sink_opaque_tops();
+        canvas.sink_deep_tops();
     }
 };
 
@@ -290,17 +298,6 @@ constexpr Furnishing house_furniture[] = {{'w', 2, true},  {'B', 2, true},  {'H'
                                           {'h', 1, false}, {'d', 2, false}, {'o', 1, false},
                                           {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
 
-/// Some room gets a carpet in its middle.
-void lay_carpets(Plan& plan, Random& random) {
-    for (int y = 8; y + 4 < plan.height; y += 16)
-        for (int x = 5; x + 6 < plan.width; x += 16)
-            if (!random.one_in(3))
-                for (int j = y; j < y + 3; ++j)
-                    for (int i = x; i < x + 5; ++i)
-                        if (plan.is(i, j, "."))
-                            plan.at(i, j) = 'k';
-}
-
 Scenery indoor_scenery(BlockTable& table, const EnclosureStyle& style, Plan (*place)(),
                        std::span<const Furnishing> furniture) {
     const auto art = std::make_shared<IndoorArt>(table, style);
@@ -308,9 +305,7 @@ Scenery indoor_scenery(BlockTable& table, const EnclosureStyle& style, Plan (*pl
             [place, furniture](int layout, int width, int height, Random& random) {
                 if (layout == 0)
                     return place();
-                Plan plan = rooms_plan(width, height, 3, furniture, random);
-                lay_carpets(plan, random);
-                return plan;
+                return rooms_plan(width, height, 3, furniture, random);
             },
             [art](MapCanvas& canvas, const Plan& plan) { art->paint(canvas, plan); }};
 }

@@ -8,7 +8,7 @@
 namespace veldrune::demo {
 namespace {
 
-constexpr int period = 128; // pixels after which the pictures repeat
+constexpr int period = 256; // pixels after which the pictures repeat from left to right
 
 int turn(int distance) {
     return ((distance % period) + period + period / 2) % period - period / 2;
@@ -18,61 +18,59 @@ int turn(int distance) {
 int depth_in(std::span<const Puff> puffs, int x, int y, int flatness) {
     int deepest = 0;
     for (const Puff& puff : puffs) {
-        const int dx = turn(x - puff.x), dy = turn(y - puff.y) * flatness;
+        const int dx = turn(x - puff.x), dy = (y - puff.y) * flatness;
         deepest = std::max(deepest, 100 - 100 * (dx * dx + dy * dy) / (puff.radius * puff.radius));
     }
     return deepest;
 }
 
 Pixel cloud_shadow(int x, int y) {
-    static constexpr Puff puffs[] = {{30, 22, 17}, {48, 28, 20},  {66, 24, 14},
-                                     {96, 92, 18}, {112, 86, 14}, {82, 96, 13}};
+    static constexpr Puff puffs[] = {{130, 30, 18}, {150, 36, 24}, {174, 34, 26}, {196, 40, 17},
+                                     {24, 92, 14},  {38, 96, 19},  {54, 92, 15},  {70, 98, 10}};
     const int depth = depth_in(puffs, x, y, 1);
-    return depth > 14 || (depth > 0 && (x + y) % 2 == 0) ? 1 : 0;
+    return depth > 16 || (depth > 0 && (x + y) % 2 == 0) ? 1 : 0;
 }
 
 Pixel fog(int x, int y) {
-    static constexpr Puff puffs[] = {{20, 14, 34},  {56, 20, 30}, {92, 52, 38},
-                                     {124, 58, 30}, {40, 94, 36}, {76, 102, 26}};
-    const int depth = depth_in(puffs, x, y, 3);
-    if (depth == 0)
-        return 0;
-    const int level = depth * 32 / 100;
-    return dither(x, y, level) ? (level > 20 ? 2 : 1) : 0;
+    static constexpr Puff puffs[] = {{40, 24, 60},  {92, 30, 44},  {14, 34, 40},
+                                     {160, 78, 62}, {206, 86, 48}, {116, 88, 40}};
+    return dither(x, y, depth_in(puffs, x, y, 4) * 10 / 100) ? 1 : 0;
 }
 
 Pixel light_shaft(int x, int y) {
-    static constexpr std::array<int, 3> shafts[] = {
-        {8, 30, 2}, {46, 52, 1}, {78, 104, 2}}; // left, right, value
-    const int across = ((2 * x + y) / 2 + period) % period;
-    for (const auto& [left, right, value] : shafts) {
+    // Left, right and strength of the beams, which lean by half a pixel a row.
+    static constexpr std::array<int, 3> beams[] = {
+        {6, 58, 2}, {72, 92, 1}, {126, 196, 2}, {206, 222, 1}};
+    const int across = (2 * x + y) % 256;
+    for (const auto& [left, right, strength] : beams) {
         const int rim = std::min(across - left, right - across);
         if (rim >= 0)
-            return dither(x, y, std::min(16, 4 + rim * 2)) ? static_cast<Pixel>(rim > 7 ? value : 1)
-                                                           : Pixel{0};
+            return dither(x, y, std::min(16, rim)) ? static_cast<Pixel>(rim > 15 ? strength : 1)
+                                                   : Pixel{0};
     }
     return 0;
 }
 
-Pixel glitter(int x, int y) {
-    static constexpr std::array<int, 2> centres[] = {{5, 4},   {18, 8}, {28, 2}, {9, 17},
-                                                     {24, 20}, {3, 28}, {16, 28}};
-    const Stone stone = stone_at(x, y, centres, 32);
-    return stone.depth < 14 ? 1 : 0;
+Pixel snow(int x, int y) {
+    // One flake in each 8 by 8 pixels of a 32 by 32 pattern, mirrored across and down.
+    const auto fold = [](int at) { return at & 32 ? 31 - (at & 31) : at & 31; };
+    const int i = fold(x) / 8, j = fold(y) / 8;
+    const int dx = fold(x) % 8 - scatter(i, j, 41, 6), dy = fold(y) % 8 - scatter(i, j, 42, 6);
+    const int size = scatter(i, j, 43, 4); // half of them are missing
+    return dx >= 0 && dy >= 0 && dx < size && dy < size && size < 3 ? 3 : 0;
 }
 
 Pixel raindrop(int x, int y) {
-    const int lane = (x * 2 + y) / 2 % 16;
-    const int drop = (y + 37 * ((x * 2 + y) / 32 % 8)) % 32;
-    return lane == 5 && drop < 9 ? (drop < 3 ? 2 : 1) : 0;
+    const int lane = (2 * x + y) / 2 % 64;
+    const int drop = (y + lane * 11) % 32;
+    return lane % 9 == 4 && drop < 9 ? (drop < 3 ? 2 : 1) : 0;
 }
 
 Pixel night_sky(int x, int y) {
-    const int star = scatter(x, y, 21, 180);
-    static constexpr Puff veil[] = {{20, 40, 26}, {50, 56, 30}, {84, 72, 28}, {112, 92, 24}};
-    if (star == 0)
-        return 3;
-    return dither(x, y, depth_in(veil, x, y, 2) / 16 + (star < 3 ? 16 : 0)) ? 2 : 1;
+    const int star = scatter(x & 63, y, 21, 180);
+    static constexpr Puff veil[] = {{32, 36, 40}, {0, 84, 44}};
+    const int haze = depth_in(veil, x & 63, y, 2) + depth_in(veil, (x & 63) - 64, y, 2);
+    return star == 0 ? 3 : star < 3 || dither(x, y, haze / 16) ? 2 : 1;
 }
 
 struct Kind3 {
@@ -82,7 +80,7 @@ struct Kind3 {
 constexpr std::array<Kind3, layer3::drawn_count> kinds{{{cloud_shadow, 0},
                                                         {fog, 1},
                                                         {light_shaft, 2},
-                                                        {glitter, 1},
+                                                        {snow, 1},
                                                         {raindrop, 1},
                                                         {cloud_shadow, 0},
                                                         {night_sky, 3}}};
@@ -113,7 +111,7 @@ std::vector<std::uint8_t> Layer3Set::cells(int width, int height) const {
     std::vector<std::uint8_t> result;
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
-            result.push_back(pattern[static_cast<std::size_t>(y % 8 * 8 + x % 8)]);
+            result.push_back(pattern[static_cast<std::size_t>(y % 8 * 16 + (x + y / 8 * 4) % 16)]);
     return result;
 }
 
@@ -123,11 +121,11 @@ Layer3Set draw_layer3(int number) {
     std::fill_n(set.graphics.begin(), 64, static_cast<std::uint8_t>(kind.row << 2));
     std::map<Tile, std::uint8_t> known{{Tile{}, std::uint8_t{0}}};
     std::size_t formations = 1;
-    for (int cell = 0; cell < 64; ++cell) {
+    for (int cell = 0; cell < 128; ++cell) {
         Tile tile;
         for (int i = 0; i < 256; ++i)
             tile[static_cast<std::size_t>(i)] =
-                kind.shade(cell % 8 * 16 + i % 16, cell / 8 * 16 + i / 16);
+                kind.shade(cell % 16 * 16 + i % 16, cell / 16 * 16 + i / 16);
         if (!known.contains(tile) && formations < 63) {
             for (std::size_t q = 0; q < 4; ++q)
                 write_character(set.graphics, tile, formations, q);

@@ -10,17 +10,18 @@ namespace layer3 {
 inline constexpr int cloud_shadows = 0;
 inline constexpr int fog = 1;
 inline constexpr int light_shafts = 2;
-inline constexpr int water_glitter = 3;
+inline constexpr int snow = 3;
 inline constexpr int rain = 4;
 inline constexpr int night_sky = 6; // the opaque one
 inline constexpr int drawn_count = 7;
 } // namespace layer3
 
-/// Layer 3 graphics and the pattern of 8 by 8 cells that they make.
+/// Layer 3 graphics and the pattern of 16 by 8 cells that they make.
 struct Layer3Set {
     std::vector<std::uint8_t> graphics; // 4096 bytes: 64 attributes, then characters of 16 bytes
-    std::vector<std::uint8_t> pattern;  // 64 cell values: formation, + 64 and + 128 for flips
-    /// The cells of a layer of this size: the pattern over and over.
+    std::vector<std::uint8_t> pattern;  // 128 cell values: formation, + 64 and + 128 for flips
+    /// The cells of a layer of this size: the pattern over and over, each row of patterns four
+    /// cells to the left of the one above.
     std::vector<std::uint8_t> cells(int width, int height) const;
 };
 Layer3Set draw_layer3(int number);

@@ -72,17 +72,21 @@ void MapCanvas::ground(int layer, int x, int y, const Stamp& tile) {
             Level::low, true);
 }
 
-void MapCanvas::sink_opaque_tops() {
-    for (int y = 0; y < 2 * height_; y += 2)
-        for (int x = 0; x < 2 * width_; x += 2) {
-            bool hides = true;
-            for (int q = 0; q < 4; ++q) {
-                const Cell& top = cell(0, x + q % 2, y + q / 2);
-                hides = hides && top.level == Level::high && table_.opaque(top.block);
-            }
-            for (int q = 0; hides && q < 4; ++q)
-                cell(1, x + q % 2, y + q / 2) = std::exchange(cell(0, x + q % 2, y + q / 2), {});
-        }
+bool MapCanvas::hides_all(int x, int y) const {
+    for (int q = 0; q < 4; ++q)
+        if (const Cell& top = cell(0, 2 * x + q % 2, 2 * y + q / 2);
+            top.level == Level::low || !table_.opaque(top.block))
+            return false;
+    return true;
+}
+
+void MapCanvas::sink_deep_tops() {
+    for (int y = height_ - 2; y > 0; --y)
+        for (int x = 0; x < width_; ++x)
+            if (hides_all(x, y) && hides_all(x, y - 1))
+                for (int q = 0; q < 4; ++q)
+                    cell(1, 2 * x + q % 2, 2 * y + q / 2) =
+                        std::exchange(cell(0, 2 * x + q % 2, 2 * y + q / 2), {});
 }
 
 std::vector<std::uint8_t> MapCanvas::formations(int layer, CharacterPool& characters,

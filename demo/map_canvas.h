@@ -59,8 +59,9 @@ class MapCanvas {
     void stamp(int layer, int x, int y, const Stamp& stamp, int high_rows = 0);
     /// Puts a tile over whatever is there, on tile (x, y).
     void ground(int layer, int x, int y, const Stamp& tile);
-    /// High tiles of layer 1 that hide all below go to layer 2, which leaves layer 1 free.
-    void sink_opaque_tops();
+    /// High tiles of layer 1 that hide all below, like the tile above them, go to layer 2, which
+    /// leaves layer 1 free.
+    void sink_deep_tops();
     std::vector<std::uint8_t> formations(int layer, CharacterPool& characters,
                                          FormationPool& pool) const;
 
@@ -75,6 +76,8 @@ class MapCanvas {
     const Cell& cell(int layer, int x, int y) const {
         return cells_[static_cast<std::size_t>((layer * 2 * height_ + y) * 2 * width_ + x)];
     }
+
+    bool hides_all(int x, int y) const;
 
     BlockTable& table_;
     int width_;

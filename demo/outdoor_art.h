@@ -7,6 +7,7 @@
 namespace veldrune::demo::outdoor {
 
 inline constexpr int grass_variants = 12; // the last four carry flowers
+inline constexpr int plain_grass = 4;     // and its mirror images up to 7
 
 Picture draw_grass(int variant);
 /// Trodden earth in grass.
@@ -30,8 +31,19 @@ Picture draw_stump();
 Picture draw_rock(bool large);
 Picture draw_log();
 
-/// Fence posts with rails towards the east and west, or south.
-Picture draw_fence(bool west, bool east, bool south);
+Picture draw_fountain(); // 48 by 48
+Picture draw_well();     // 32 by 48
+Picture draw_stall();    // 48 by 48
+Picture draw_lamp();     // 16 by 32
+Picture draw_sign();
+Picture draw_flower_bed();
+Picture draw_field(Shape shape, int variant);
+Picture draw_hedge(Shape shape, int variant);
+/// A drop into the dark, its far side lit.
+Picture draw_pit(Shape shape, int variant);
+
+/// A fence post with rails towards its neighbours.
+Picture draw_fence(Shape shape, int variant);
 
 /// A house front, width a multiple of 16 and 112 high: the roof is the upper 64.
 struct HouseStyle {

@@ -23,8 +23,8 @@ int tile_shade(int x, int y, int width) {
         return 0;
     if (lx == 7)
         return 1;
-    const int side = x < width / 3 ? 1 : x > width * 4 / 5 ? -1 : 0;
-    const int worn = scatter((x + (row & 1) * 4) / 8 % 4, row % 4, 11, 5) == 0 ? -1 : 0;
+    const int side = x < 24 ? 1 : x >= width - 16 ? -1 : 0;
+    const int worn = scatter((x + (row & 1) * 4) / 8 % 2, row % 4, 11, 4) == 0 ? -1 : 0;
     return 2 + (ly < 2) + (ly == 0 && lx < 4) + side + worn - (ly == 4);
 }
 
@@ -141,35 +141,28 @@ Picture draw_house(const HouseStyle& style) {
     if (style.gable)
         draw_gable(p, w / 2, inks);
     draw_chimney(p, w - 28, inks);
-    const int door = style.gable ? w / 2 - 8 : 24;
-    for (int x = 12; x + 12 < w - 8; x += 32)
-        if (x + 16 < door || x > door + 18)
-            draw_window(p, x + 2, eave + 14, inks);
+    const int door = w / 2 - 8;
+    for (const int x : {11, 30, w - 42, w - 23})
+        if (x + 20 < door || x > door + 20)
+            draw_window(p, x, eave + 14, inks);
     draw_door(p, door, inks);
     return p;
 }
 
-Picture draw_fence(bool west, bool east, bool south) {
+Picture draw_fence(Shape shape, int) {
     const Ramp wood{ink(stone_row, 7), 4};
     Picture p(16, 16);
-    const auto rail = [&](int x, int w) {
-        for (const int y : {5, 10}) {
-            p.rect(x, y, w, 1, wood[3]);
-            p.rect(x, y + 1, w, 1, wood[1]);
-            p.rect(x, y + 2, w, 1, wood[0]);
-        }
-    };
-    if (west)
-        rail(0, 6);
-    if (east)
-        rail(10, 6);
-    if (south) {
-        p.rect(7, 9, 1, 7, wood[2]);
-        p.rect(8, 9, 1, 7, wood[0]);
+    for (const int y : {4, 9}) {
+        const int left = shape.mask & 8 ? 0 : 7, right = shape.mask & 2 ? 16 : 8;
+        p.rect(left, y, right - left, 1, wood[3]);
+        p.rect(left, y + 1, right - left, 1, wood[1]);
+        p.rect(left, y + 2, right - left, 1, wood[0]);
     }
-    p.bevel(5, 2, 5, 13, wood[3], wood[2], wood[0]);
+    const int top = shape.mask & 1 ? 0 : 4, foot = shape.mask & 4 ? 16 : 8;
+    p.rect(6, top, 1, foot - top, wood[2]);
+    p.rect(7, top, 2, foot - top, wood[0]);
+    p.bevel(5, 2, 5, 12, wood[3], wood[2], wood[0]);
     p.rect(6, 1, 3, 1, wood[3]);
-    p.rect(5, 14, 5, 1, wood[0]);
     return p;
 }
 
