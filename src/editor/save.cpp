@@ -22,12 +22,13 @@ bool save_all_layers(EditorState& state) {
     return save_layers(state.rom, state.form1, state.layers, state.compress_output, state.dialogs);
 }
 
-// Makes a copy of the open image, unless path names that image itself, and opens it. The map in
-// memory belongs to the copy from then on as it belonged to the original. False, with the former
-// image open, where that fails; it has been told.
+// Makes a copy of the open image, unless path names that image itself, and opens it. The map and
+// the object lists in memory belong to the copy from then on as they belonged to the original.
+// False, with the former image open, where that fails; it has been told.
 bool go_on_in_copy(EditorState& state, const std::string& path) {
     const bool read_from_open_image =
         map_in_memory(state) && state.map_source->identity == state.rom.identity();
+    const bool lists_of_open_image = state.objects.image == state.rom.identity();
     const bool copied = state.rom.is_file(path) || state.rom.copy_to(path);
     if (!copied || !switch_image(state, path)) {
         state.dialogs.message("The image could not be copied to " + path + ".", "Error");
@@ -35,6 +36,8 @@ bool go_on_in_copy(EditorState& state, const std::string& path) {
     }
     if (read_from_open_image)
         state.map_source = MapSource{state.rom.identity(), path};
+    if (lists_of_open_image)
+        state.objects.image = state.rom.identity();
     return true;
 }
 
