@@ -1,6 +1,7 @@
 #include "editor/editor_state.h"
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
+#include "ui/windows.h"
 
 #include <QApplication>
 
@@ -15,11 +16,11 @@ int main(int argc, char** argv) {
     const std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;
     const auto state = std::make_unique<EditorState>(*disk, dialogs);
-    MainWindow window(*state, dialogs);
-    window.show();
+    Windows windows(*state, dialogs);
+    windows.main_window().show();
 
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() > 1)
-        window.open_file(arguments[1].toStdString());
+        windows.main_window().open_file(arguments[1].toStdString());
     return QCoreApplication::exec();
 }
