@@ -230,6 +230,8 @@ Plan rooms_plan(int width, int height, int wall_height, std::span<const Furnishi
                 plan.rect(x + 12, y + 5, 8, wall_height + 3, '.');
             if (y + 16 < height)
                 plan.rect(x + 7, y + 11, 2, 9, '.');
+            if (y > 0)
+                plan.rect(x + 7, y, 2, wall_height + 1, '_'); // the way in stays free
             furnish(plan, room, wall_height, furniture, random);
         }
     return plan;
