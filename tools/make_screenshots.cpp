@@ -86,7 +86,7 @@ QString demo_image_in(const QTemporaryDir& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    test::work_without_display();
     const QApplication application(argc, argv);
     QStringList arguments = QCoreApplication::arguments().mid(1);
     const bool one = arguments.value(0) == "--window";

@@ -25,7 +25,7 @@ struct CellLayers {
     const Formation& layer3;
 };
 
-constexpr Formation empty_formation{};
+alignas(64) constexpr Formation empty_formation{};
 
 CellLayers cell_layers(const FormationBitmaps& bitmaps, const LayerStack& stack,
                        const CellTiles& tiles) {
@@ -38,9 +38,9 @@ CellLayers cell_layers(const FormationBitmaps& bitmaps, const LayerStack& stack,
             has_layer3 ? shown(2, bitmaps.layer3_pixels) : empty_formation};
 }
 
-/// p with colour c over it. A mask in place of a branch, so that many pixels go at once.
+/// p with colour c over it.
 constexpr Colour over(Colour c, Colour p) {
-    return c | (p & (c ? 0 : ~Colour{0}));
+    return c ? c : p;
 }
 
 /// The mean of each channel, rounded down, with no carry from one channel to the next.
@@ -48,10 +48,10 @@ constexpr Colour mean(Colour c, Colour d) {
     return (c & d) + (((c ^ d) & 0xFEFEFE) >> 1);
 }
 
-/// p with layer 3's colour c over it. Where c is no pixel, the mean is that of p and p.
+/// p with layer 3's colour c over it.
 template <Layer3Blend blend>
 constexpr Colour layer3_over(Colour c, Colour p) {
-    return blend == Layer3Blend::half ? mean(over(c, p), p) : over(c, p);
+    return c ? (blend == Layer3Blend::half ? mean(c, p) : c) : p;
 }
 
 /// Draws a cell into out, whose rows are stride pixels apart. It takes its layers by value, so that

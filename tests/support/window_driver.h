@@ -11,9 +11,20 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include <cstdio>
 #include <stdexcept>
 
 namespace veldrune::test {
+
+/// Has Qt draw without a display, and leaves out what it says there about every window. To be
+/// called before the application is made.
+inline void work_without_display() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (!text.startsWith("This plugin does not support"))
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+    });
+}
 
 /// Works the main window as a user does, by mouse and keyboard. Controls are found by their name.
 class WindowDriver {
