@@ -59,7 +59,14 @@ struct Reader {
         return 16 << bits(map, std::array{188, 184, 196}[static_cast<std::size_t>(layer)], 2);
     }
     int layer_stream(int number) const { return 0x19D3B0 + pointer(0x19CF90 + 3 * number); }
-    Bytes layer(int map, int which) const { return decode(layer_stream(data_number(map, which))); }
+    std::size_t size(int map, int layer) const {
+        return static_cast<std::size_t>(width(map, layer) * height(map, layer));
+    }
+    Bytes layer(int map, int which) const {
+        Bytes cells = decode(layer_stream(data_number(map, which)));
+        cells.resize(size(map, which));
+        return cells;
+    }
     bool has_layer3(int map) const { return layer_stream(data_number(map, 2)) != 0x19D3B0; }
     Bytes formations(int map, int layer) const {
         return decode(0x1E0200 + pointer(0x1FBC00 + 3 * bits(map, 90 + 7 * layer, 7)));
@@ -70,6 +77,13 @@ struct Reader {
         return v & 4 ? 1 : (v & 3) == 0 || (v & 3) == 3 ? 2 : 0;
     }
 };
+
+/// A stream's output of size bytes; its last run may go on with zeros behind them.
+bool holds(const Bytes& output, std::size_t size) {
+    return output.size() >= size && output.size() < size + 34 &&
+           std::count(output.begin() + static_cast<std::ptrdiff_t>(size), output.end(), 0) ==
+               static_cast<std::ptrdiff_t>(output.size() - size);
+}
 
 class DemoImage : public testing::Test {
   protected:
@@ -101,19 +115,18 @@ TEST_F(DemoImage, StreamsFillTheirAreasAndDecodeToTheirSizes) {
         for (int i = 0; i < area.count; ++i) {
             const int at = area.start + rom.pointer(area.table + 3 * i);
             ASSERT_LE(rom.end_of_stream(at), area.end) << i;
-            const std::size_t size = rom.decode(at).size();
-            EXPECT_TRUE(area.size == 0 || size == area.size) << i;
+            EXPECT_TRUE(area.size == 0 || holds(rom.decode(at), area.size)) << i;
         }
-    EXPECT_EQ(rom.decode(0x19D3B0), Bytes(256));
-    for (int i = 0; i < 85; ++i) // 256 characters at most
+    EXPECT_EQ(rom.layer(0, 0), Bytes(256)); // what a missing layer 3 points to
+    for (int i = 0; i < 85; ++i)            // 256 characters at most
         EXPECT_LE(0x1FDD00 + rom.pointer(0x1FDC00 + 3 * i) + 32 * 128, 0x260200) << i;
 }
 
 TEST_F(DemoImage, EveryMapHasLayersOfItsSizeAndShowsSomething) {
     for (int map = 0; map < map_count; ++map) {
         for (int layer = 0; layer < 3; ++layer)
-            ASSERT_EQ(rom.layer(map, layer).size(),
-                      static_cast<std::size_t>(rom.width(map, layer) * rom.height(map, layer)))
+            ASSERT_TRUE(holds(rom.decode(rom.layer_stream(rom.data_number(map, layer))),
+                              rom.size(map, layer)))
                 << map << " layer " << layer + 1;
         const Bytes ground = rom.layer(map, 1);
         EXPECT_NE(std::ranges::count(ground, 0), static_cast<std::ptrdiff_t>(ground.size())) << map;
