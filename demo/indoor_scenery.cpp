@@ -227,9 +227,9 @@ Plan cottage() {
         "#.xo...........................#",
         "#....kkkkkkk........T__...kkkk.#",
         "#....kkkkkkk..............kkkk.#",
-        "#.h..kkUkkkk.......h.h....kkkk.#",
-        "#....kkkkkkk..............kkkk.#",
-        "#....kkkkkkk...............h...#",
+        "#....kkUkkkk.......h.h....kkkk.#",
+        "#....kjkkjkk..............kkkk.#",
+        "#....kkkkkkk...................#",
         "#P.............##P.............#",
         "#.............x##............xo#",
         "######...#######################",
@@ -255,11 +255,11 @@ Plan cottage() {
 // clang-format on
 
 // clang-format off
-constexpr GroundArt grounds[] = {{"kXU", "kXU", draw_carpet}};
+constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
 constexpr PropArt props[] = {
     {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},
     {'C', draw_column, 56},    {'X', draw_throne, 24},   {'K', draw_armour, 16},     {'L', draw_candelabrum, 16},
-    {'T', draw_table},         {'U', draw_table},        {'h', draw_chair},          {'d', draw_bed},
+    {'T', draw_table},         {'U', draw_table},        {'h', draw_chair}, {'j', draw_chair},          {'d', draw_bed},
     {'B', draw_bookshelf, 16}, {'J', draw_jar_shelf, 16}, {'w', draw_window},        {'a', draw_painting},
     {'H', draw_hearth},        {'q', draw_clock, 16},    {'c', draw_chest},          {'P', draw_potted_plant, 16},
     {'o', draw_barrel, 8},     {'x', draw_crate, 8},
