@@ -42,6 +42,16 @@ void load_map_fields(EditorState& state) {
     show_monster_set(state.rom, state.map_index, state.form1);
 }
 
+// What the disk has refused to give must not be saved over what stands there.
+void tell_read_refusal(EditorState& state) {
+    if (!state.rom.take_read_refusal())
+        return;
+    state.map_source.reset();
+    state.dialogs.message("Reading " + state.rom.path() + " failed. What is shown of this map is " +
+                              "not what the image holds, and it can't be saved.",
+                          "Error");
+}
+
 } // namespace
 
 void select_map(EditorState& state) {
@@ -60,6 +70,7 @@ void select_map(EditorState& state) {
     if (form.Combo1 > 0)
         state.map_selected = true;
     load_map_fields(state);
+    tell_read_refusal(state);
 }
 
 } // namespace veldrune
