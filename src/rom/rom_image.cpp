@@ -17,8 +17,15 @@ bool RomImage::open(const std::string& path) {
 }
 
 FileIdentity RomImage::identity() const {
-    const std::optional<FileStatus> status = file_ ? file_->status() : std::nullopt;
-    return status ? status->identity : FileIdentity{};
+    return status().identity;
+}
+
+std::int64_t RomImage::size() const {
+    return status().size;
+}
+
+FileStatus RomImage::status() const {
+    return (file_ ? file_->status() : std::nullopt).value_or(FileStatus{});
 }
 
 bool RomImage::is_file(const std::string& path) const {
