@@ -21,6 +21,9 @@ struct Command {
 /// All menus and entries of the main window in their order.
 std::span<const Command> menu_commands();
 
+/// All menus and entries of the object window.
+std::span<const Command> object_window_commands();
+
 /// A button of the main window.
 struct ButtonCommand {
     const char* control;

@@ -4,12 +4,18 @@
 #include "compression/decompress.h"
 #include "forms/dialogs.h"
 #include "forms/form1.h"
+#include "forms/form10.h"
+#include "forms/form2.h"
+#include "forms/form8.h"
 #include "map/layer_map.h"
 #include "map/map_properties.h"
 #include "map/palette.h"
 #include "map/tile_sources.h"
+#include "objects/object_record.h"
+#include "objects/object_tables.h"
 #include "render/formations.h"
 #include "render/pixel_buffer.h"
+#include "rom/patch_marks.h"
 #include "rom/rom_image.h"
 
 #include <array>
@@ -32,6 +38,9 @@ struct EditorState {
     RomImage rom;
     Dialogs& dialogs;
     Form1 form1;
+    Form2 form2;
+    Form8 form8;
+    Form10 form10;
 
     // Flags and values of the main window.
     bool rom_open = false;       // an image is open
@@ -42,9 +51,9 @@ struct EditorState {
     bool view_stale = false;     // a "View Layer" box changed since the last full composition
     bool painting = false;       // a drag paints
     bool tile_picked = false;    // the press was a pick: the coming click must not paint
-    std::array<bool, 13> patch_flags{}; // the patch marks of the open image
-    float zoom = 1.0f;                  // 0.25, 0.5, 1 or 2; a smaller value is a closer view
-    std::string rom_path;               // path of the open image, as Label20 shows it
+    PatchFlags patch_flags{};    // the patch marks of all images opened so far
+    float zoom = 1.0f;           // 0.25, 0.5, 1 or 2; a smaller value is a closer view
+    std::string rom_path;        // path of the open image, as Label20 shows it
 
     // The selected map.
     int map_index = 0;
@@ -54,6 +63,11 @@ struct EditorState {
     int layer3_order = 0;
     AnimTileTable anim_tiles{};
     std::array<Layer, layer_count> layers;
+    MapProperties property_clipboard{}; // the copied record; zeros before the first copy
+
+    // Objects.
+    ObjectLists objects;            // of the map that was drawn last
+    SelectedObject selected_object; // in the object window
 
     // The picture.
     Palette256 palette{};
@@ -61,6 +75,7 @@ struct EditorState {
     PixelBuffer picture;
     int last_h = 0; // place of the latest composition or scroll
     int last_v = 0;
+    PixelBuffer tile_sheet; // Picture1 of the tile chooser
 
     // Work space, with no meaning between operations.
     DecompressBuffer decompress_buffer;

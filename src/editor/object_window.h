@@ -1,0 +1,30 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// Shows record index of a kind in the object window.
+void open_object(EditorState& state, ObjectKind kind, int index);
+
+/// Drops the record: the fields are blank and disabled until another one is loaded.
+void drop_object(EditorState& state);
+
+/// After a change of form10.TabStrip1 by the user: loads the first record of its kind.
+void on_object_tab(EditorState& state);
+
+/// After a change of form10.HScroll1 by the user: loads that record.
+void on_record_scroll(EditorState& state);
+
+/// After a change of form10.Text2 or form10.Text7 by the user. On the NPC tab the sprite preview
+/// follows.
+void on_palette_text(EditorState& state);
+void on_sprite_text(EditorState& state);
+
+/// "Save": packs the fields and writes the record into the image, at once.
+void save_object(EditorState& state);
+
+/// After the user has closed the window.
+void close_object_window(EditorState& state);
+
+} // namespace veldrune

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// "Choose Tile": draws the tiles of the edit layer into the chooser and shows it with the layer
+/// palette. Does nothing without an image and a selected map.
+void open_tile_chooser(EditorState& state);
+
+/// After a click on a button of the layer palette: form2.layer becomes the edit layer, and the
+/// chooser shows its tiles.
+void on_palette_layer(EditorState& state);
+
+/// A click on the chooser's picture at pixel (x, y): takes that tile and closes both windows.
+void choose_tile(EditorState& state, int x, int y);
+
+/// After the user has closed the chooser or the layer palette: both close.
+void close_tile_chooser(EditorState& state);
+
+} // namespace veldrune

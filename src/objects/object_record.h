@@ -1,0 +1,42 @@
+#pragma once
+
+#include "forms/dialogs.h"
+#include "forms/form10.h"
+#include "objects/object_tables.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace veldrune {
+
+/// A record of any kind; bytes behind its size are 0.
+using ObjectBytes = std::array<std::uint8_t, max_object_size>;
+
+/// The object in the object window, which holds its kind as the chosen tab.
+struct SelectedObject {
+    std::optional<int> index;       // of its record in the list; nothing without a record
+    ObjectBytes bytes{};            // as loaded; palette and sprite follow their fields
+    std::int64_t script_offset = 0; // file offset of the script of an NPC or event trigger
+    std::int64_t sprite_offset = 0; // file offset of the NPC's sprite graphics
+};
+
+/// Shows a record in the fields of its kind. A chest without a kind of contents leaves the option
+/// that was pressed; all else that the kind has is set.
+void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
+
+/// Packs the fields into a record. Bits that no field shows come from raw, the record as loaded; a
+/// value too wide for its bits spills into the others of its last byte. Nothing where a field can't
+/// be meant, which is told.
+std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
+                                       Dialogs& dialogs);
+
+/// File offset of the script of an NPC or event trigger; nothing for other kinds.
+std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record);
+
+/// The sprite of an NPC and the palette it has, 0 to 7.
+std::uint8_t npc_sprite(const ObjectBytes& record);
+void set_npc_sprite(ObjectBytes& record, std::uint32_t sprite);
+void set_npc_palette(ObjectBytes& record, std::uint32_t palette);
+
+} // namespace veldrune

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "forms/form1.h"
+#include "map/palette.h"
+#include "rom/rom_image.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace veldrune {
+
+/// The kinds of object, in the order of the object window's tabs.
+enum class ObjectKind { npc, chest, event_trigger, entrance, long_entrance };
+inline constexpr std::size_t object_kind_count = 5;
+
+/// What tells the kinds apart. The 16-bit pointer of map m stands at pointers + 2 * m: the offset
+/// of its first record from base. The pointer of the next map ends the list.
+struct ObjectKindRow {
+    std::int32_t pointers;
+    std::int32_t base;
+    int record_size;     // bytes
+    int x_byte;          // where the record's column on the map stands
+    int y_byte;          // and its row
+    std::uint8_t y_mask; // the bits of that byte that are the row
+    bool Form1::*shown;  // the box that shows the kind and makes it clickable
+    Colour colour;       // of its markers
+};
+const ObjectKindRow& object_kind_row(ObjectKind kind);
+
+inline constexpr int max_object_count = 255;
+inline constexpr int max_object_size = 9;
+
+/// The objects of one kind on a map, raw as the image held them when the list was read.
+struct ObjectList {
+    int count = 0;        // records by the pointers, 0 to 255; renewed whenever a map is chosen
+    int first_offset = 0; // of record 0, from the kind's base; goes with the rows
+    int row_count = 0;    // records that stand in bytes
+    bool drawn = false;   // the markers have been drawn since the list was read
+    std::array<std::uint8_t, max_object_count * max_object_size> bytes{};
+};
+
+/// The five lists, and whose they are.
+struct ObjectLists {
+    std::array<ObjectList, object_kind_count> lists;
+    int map = -1;       // the map whose rows stand in the lists, -1 before the first reading
+    FileIdentity image; // the image that they were read from
+
+    ObjectList& operator[](ObjectKind kind) { return lists[static_cast<std::size_t>(kind)]; }
+    const ObjectList& operator[](ObjectKind kind) const {
+        return lists[static_cast<std::size_t>(kind)];
+    }
+};
+
+/// Where a map's records lie: the offset of the first from the kind's base, and their number, which
+/// is 0 where the pointers fall or lie too far apart.
+struct ObjectExtent {
+    int first_offset;
+    int count;
+};
+ObjectExtent read_object_extent(const RomImage& rom, ObjectKind kind, int map_index);
+
+/// Reads the count and the rows of one kind.
+void load_object_list(const RomImage& rom, ObjectKind kind, int map_index, ObjectList& list);
+
+/// The bytes of a record; index must be from 0 to list.row_count - 1.
+std::span<const std::uint8_t> object_row(ObjectKind kind, const ObjectList& list, int index);
+
+/// File offset of a record of the list.
+std::int64_t object_offset(ObjectKind kind, const ObjectList& list, int index);
+
+/// The 256 lines of a chest's contents: the number, hexadecimal, a blank and the name.
+std::vector<std::string> load_item_names(const RomImage& rom);
+
+/// File offset of a sprite's first character.
+std::int64_t sprite_graphics_offset(const RomImage& rom, std::uint8_t sprite);
+
+} // namespace veldrune
