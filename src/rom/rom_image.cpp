@@ -13,9 +13,10 @@ bool RomImage::open(const std::string& path) {
     return is_open();
 }
 
-void RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
+std::size_t RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
     const std::size_t count = file_ && offset >= 0 ? file_->read_at(offset, bytes) : 0;
     std::ranges::fill(bytes.subspan(count), std::uint8_t{0xFF});
+    return count;
 }
 
 std::uint8_t RomImage::read_byte(std::int64_t offset) const {
