@@ -17,9 +17,9 @@ Picture draw_floor(int, int, int kind) {
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {
         const Stone stone = stone_at(x, y, slabs, 16);
-        const bool crack = stone.depth < 9 && kind != 3;
-        const bool lit = stone.depth < 26 && stone.light > 1 && kind == 1;
-        return ground[crack && (stone.number + kind) % 3 != 0 ? 1 : lit ? 3 : 2];
+        const bool crack = stone.depth < 9 && (stone.number + kind) % 3 != 0;
+        const bool lit = stone.depth < 26 && stone.light > 1 && stone.number == kind;
+        return ground[crack ? 1 : lit ? 3 : 2];
     });
     if (kind == 2)
         p.draw(sprite(1, {".44.", "4332", "3321", ".11."}), 9, 4);
@@ -112,16 +112,22 @@ Picture draw_crystals(int row) {
 }
 
 Picture draw_stalagmite() {
+    // Cones: foot, top and half width at the foot.
+    static constexpr std::array<int, 4> cones[] = {{4, 28, 18, 3}, {12, 29, 15, 3}, {8, 30, 3, 5}};
     const Ramp stone{ink(4, 1), 6};
     Picture p(16, 32);
-    p.fill(0, 4, 16, 27, [&](int x, int y) -> Pixel {
-        const int reach = 1 + (y - 4) * (y - 4) / 130 + (y % 7 > 4);
-        const int dx = x - 8;
-        if (dx < -reach || dx > reach)
-            return 0;
-        const int shade = 4 - (dx + reach) * 4 / (2 * reach + 1) - (y % 7 == 6);
-        return dx == reach || y == 30 ? stone[0] : stone[shade];
-    });
+    for (const auto& [cx, foot, top, half] : cones)
+        p.fill(0, top, 16, foot - top + 1,
+               [&, c = cx, f = foot, t = top, h = half](int x, int y) -> Pixel {
+                   const int reach = h * (y - t) / (f - t);
+                   const int dx = x - c;
+                   if (dx < -reach || dx > reach)
+                       return 0;
+                   const int groove = (y + dx * 2 + 40) % 9 == 0;
+                   return dx == reach || y == f
+                              ? stone[0]
+                              : stone[4 - (dx + reach) * 4 / (2 * reach + 1) - groove];
+               });
     return p;
 }
 

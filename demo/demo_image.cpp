@@ -57,9 +57,9 @@ constexpr Size tall_size{32, 128};
 /// Layer 3 of a kind's maps, in turn; the first is that of the place itself.
 constexpr Overlay none{};
 constexpr Overlay overlays[kind_count][5] = {
-    {{layer3::cloud_shadows, 2, true}, none, {layer3::rain, 2, true}, {layer3::water_glitter, 1, true}, {layer3::fog, 2, true, false}},
-    {{layer3::light_shafts, 2, true}, {layer3::fog, 2, true}, none, {layer3::cloud_shadows, 2, true}, {layer3::rain, 2, true, false}},
-    {{layer3::fog, 2, true}, none, {layer3::fog, 0, true}, {layer3::water_glitter, 1, true}, {layer3::fog, 2, true, false}},
+    {{layer3::cloud_shadows, 2, true}, none, {layer3::rain, 2, true}, {layer3::fog, 1, true}, {layer3::snow, 2, true}},
+    {{layer3::light_shafts, 2, true}, {layer3::fog, 1, true}, none, {layer3::snow, 2, true}, {layer3::rain, 2, true}},
+    {{layer3::fog, 2, true}, none, {layer3::fog, 1, true}, none, {layer3::fog, 2, true, false}},
     {none, {layer3::night_sky, 0, true}, {layer3::light_shafts, 2, true}, none, {layer3::fog, 2, true, false}},
     {none, none, {layer3::night_sky, 0, true}, {layer3::light_shafts, 2, true, false}, none},
 };

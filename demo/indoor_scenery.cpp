@@ -97,7 +97,7 @@ Picture dark_top(Shape shape, int) {
                 for (const int dy : {-step, 0, step})
                     if ((dx != 0 || dy != 0) && off(dx, dy))
                         return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
-        return dark;
+        return Pixel{0}; // nothing: the night sky may show
     });
     return p;
 }
@@ -173,19 +173,19 @@ Plan throne_hall() {
         "#...........#.kk",
         "#t.v_.g.v_.t#.kk",
         "#...........#.kk",
-        "#P..........#.kk",
+        "#K..........#.kk",
         "#...........#.kk",
         "#...kkkkkkk...kk",
         "#...kkUkkkkkkkkk",
         "#...kkkkkkk...kk",
         "#..h....h...#.kk",
         "#.o.........#.kk",
-        "#..x.......P#.kk",
+        "#..x.......K#.kk",
         "#############.kk",
         "#############.kk",
-        "#...............",
-        "#...............",
-        "#.t.g.v_.g.v_.g.",
+        "#.............kk",
+        "#.............kk",
+        "#.t.g.v_.g.v_.kk",
         "#.............kk",
         "#.............kk",
         "#.K...........kk",
@@ -193,7 +193,7 @@ Plan throne_hall() {
         "#.............kk",
         "#...C_....C_..kk",
         "#.............kk",
-        "#P............kk",
+        "#.............kk",
         "#...........L.kk",
         "#.............kk",
         "#.............kk",
@@ -206,6 +206,7 @@ Plan throne_hall() {
         "##############kk",
     }));
     plan.at(15, 7) = 'X';
+    std::swap(plan.at(23, 36), plan.at(25, 36)); // a table is three tiles wide
     return plan;
 }
 

@@ -51,11 +51,13 @@ Pixel light_shaft(int x, int y) {
     return 0;
 }
 
-Pixel glitter(int x, int y) {
-    static constexpr std::array<int, 2> centres[] = {{5, 4},   {18, 8}, {28, 2}, {9, 17},
-                                                     {24, 20}, {3, 28}, {16, 28}};
-    const Stone stone = stone_at(x, y, centres, 32);
-    return stone.depth < 14 ? 1 : 0;
+Pixel snow(int x, int y) {
+    // One flake in each 8 by 8 pixels of a 32 by 32 pattern, mirrored across and down.
+    const auto fold = [](int at) { return at & 32 ? 31 - (at & 31) : at & 31; };
+    const int i = fold(x) / 8, j = fold(y) / 8;
+    const int dx = fold(x) % 8 - scatter(i, j, 41, 6), dy = fold(y) % 8 - scatter(i, j, 42, 6);
+    const int size = scatter(i, j, 43, 4); // half of them are missing
+    return dx >= 0 && dy >= 0 && dx < size && dy < size && size < 3 ? 3 : 0;
 }
 
 Pixel raindrop(int x, int y) {
@@ -65,11 +67,10 @@ Pixel raindrop(int x, int y) {
 }
 
 Pixel night_sky(int x, int y) {
-    const int star = scatter(x, y, 21, 180);
-    static constexpr Puff veil[] = {{20, 40, 26}, {50, 50, 34}, {84, 62, 30}, {112, 84, 26}};
-    if (star == 0)
-        return 3;
-    return dither(x, y, depth_in(veil, x, y, 2) / 16 + (star < 3 ? 16 : 0)) ? 2 : 1;
+    const int star = scatter(x & 63, y, 21, 180);
+    static constexpr Puff veil[] = {{32, 36, 40}, {0, 84, 44}};
+    const int haze = depth_in(veil, x & 63, y, 2) + depth_in(veil, (x & 63) - 64, y, 2);
+    return star == 0 ? 3 : star < 3 || dither(x, y, haze / 16) ? 2 : 1;
 }
 
 struct Kind3 {
@@ -79,7 +80,7 @@ struct Kind3 {
 constexpr std::array<Kind3, layer3::drawn_count> kinds{{{cloud_shadow, 0},
                                                         {fog, 1},
                                                         {light_shaft, 2},
-                                                        {glitter, 1},
+                                                        {snow, 1},
                                                         {raindrop, 1},
                                                         {cloud_shadow, 0},
                                                         {night_sky, 3}}};

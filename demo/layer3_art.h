@@ -10,7 +10,7 @@ namespace layer3 {
 inline constexpr int cloud_shadows = 0;
 inline constexpr int fog = 1;
 inline constexpr int light_shafts = 2;
-inline constexpr int water_glitter = 3;
+inline constexpr int snow = 3;
 inline constexpr int rain = 4;
 inline constexpr int night_sky = 6; // the opaque one
 inline constexpr int drawn_count = 7;

@@ -7,6 +7,7 @@
 namespace veldrune::demo::outdoor {
 
 inline constexpr int grass_variants = 12; // the last four carry flowers
+inline constexpr int plain_grass = 4;     // and its mirror images up to 7
 
 Picture draw_grass(int variant);
 /// Trodden earth in grass.

@@ -13,7 +13,7 @@ constexpr Ramp cobble_grass{ink(stone_row, 11), 5};
 
 // Marks on grass, by value in the ground row: blades, tufts and flowers.
 const Picture& mark(int number) {
-    static const std::array<Picture, 8> marks{
+    static const std::array<Picture, 10> marks{
         sprite(ground_row, {"4.", "2."}),
         sprite(ground_row, {".4.", "4.4", ".2."}),
         sprite(ground_row, {"5..4", ".44.", ".22."}),
@@ -22,6 +22,8 @@ const Picture& mark(int number) {
         sprite(ground_row, {"d.", "2d", ".2"}),
         sprite(ground_row, {".e.", "ede", ".e.", ".2."}),
         sprite(ground_row, {".f.", "fcf", ".f.", ".2."}),
+        sprite(ground_row, {"22"}),
+        sprite(ground_row, {"4"}),
     };
     return marks[static_cast<std::size_t>(number)];
 }
@@ -33,12 +35,9 @@ struct Mark {
 constexpr Mark grass_marks[grass_variants][6] = {
     {{1,2,3}, {3,9,8}, {0,13,2}, {3,4,12}},
     {{0,3,2}, {1,10,5}, {3,2,10}, {0,12,13}},
-    {{3,5,4}, {0,11,3}, {1,7,11}},
-    {{2,3,4}, {1,10,11}, {3,12,4}},
-    {{0,6,6}, {3,12,10}},
-    {{3,3,7}, {0,9,13}, {0,13,5}},
     {{2,9,3}, {2,2,9}, {1,11,10}, {3,6,13}},
     {{1,6,2}, {0,2,8}, {3,10,12}, {1,12,7}},
+    {{8,3,3}, {8,11,6}, {9,6,10}, {8,5,13}, {9,13,2}}, {}, {}, {}, // 5 to 7 mirror 4
     {{4,2,3}, {4,9,8}, {5,12,2}, {1,4,11}},
     {{5,3,4}, {5,10,3}, {5,7,10}, {0,12,12}, {1,2,11}},
     {{6,10,2}, {6,3,8}, {1,4,2}, {0,11,12}},
@@ -75,7 +74,7 @@ bool far_edge(Shape shape, int x, int y) {
 }
 
 Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
-    static const Picture plain = draw_grass(4);
+    static const Picture plain = draw_grass(plain_grass);
     Picture picture(16, 16);
     picture.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         return shape.inside(x, y) ? inside(x, y) : grass_rim(shape, plain, x, y, grass_ramp);
@@ -86,6 +85,8 @@ Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
 } // namespace
 
 Picture draw_grass(int variant) {
+    if (variant > plain_grass && variant < 8)
+        return mirrored(draw_grass(plain_grass), variant & 1, variant & 2);
     Picture picture(16, 16, grass[2]);
     for (const Mark& m : grass_marks[variant])
         if (m.x != 0)
@@ -160,7 +161,7 @@ Picture draw_water(Shape shape, int) {
 }
 
 Picture draw_tall_grass(Shape shape, int variant) {
-    Picture picture = draw_grass(4);
+    Picture picture = draw_grass(plain_grass);
     for (int row = 0; row < 4; ++row)
         for (int i = 0; i < 4; ++i) {
             const int x = i * 4 + (row & 1) * 2 + scatter(i, row, variant, 2);

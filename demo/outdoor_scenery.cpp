@@ -54,6 +54,7 @@ OutdoorArt::OutdoorArt(BlockTable& blocks)
             letter, std::pair{part(table, picture, 0, crown_height), part(table, picture, 40, 24)});
     };
     tree('T', draw_tree(tree_row, 0));
+    tree('Y', draw_tree(tree_row, 1));
     tree('B', draw_tree(blue_house_row, 0));
     tree('P', draw_conifer(red_house_row));
 }
@@ -72,11 +73,12 @@ void paint_outdoors(OutdoorArt& art, MapCanvas& canvas, const Plan& plan) {
         for (int x = 0; x < plan.width; ++x) {
             const bool flowers = plan.is(x, y, ",");
             const int kind = flowers ? 8 + scatter(x / 3, y / 3, 3, 4) : scatter(x, y, 2, 8);
-            canvas.ground(1, x, y, art.meadow.tile({255}, by_tree(art, plan, x, y) ? 4 : kind));
+            canvas.ground(1, x, y,
+                          art.meadow.tile({255}, by_tree(art, plan, x, y) ? plain_grass : kind));
         }
     art.tall_grass.paint(canvas, 1, plan, "\"", "\"", 1);
     art.path.paint(canvas, 1, plan, ":g", ":=cg", 4);
-    art.paving.paint(canvas, 1, plan, "cFM", "cFM", 3);
+    art.paving.paint(canvas, 1, plan, "cFM", "cFM", 2);
     art.field.paint(canvas, 1, plan, "t", "t", 2);
     art.water.paint(canvas, 1, plan, "~=", "~=", 1);
     art.hedge.paint(canvas, 0, plan, "h", "h", 1);

@@ -114,13 +114,17 @@ Picture draw_rock(bool large) {
     const Ramp ramp{ink(stone_row, 1), 6};
     Picture picture(16, 16);
     draw_shadow(picture, 9, 13, r, 3, stone_row);
-    picture.fill(0, 0, 16, 16, [=](int x, int y) -> Pixel {
-        const int dx = x - 8, dy = (y - 14 + r) * (y < 14 - r ? 5 : 4) / 4;
-        const int d = dx * dx + dy * dy;
-        if (d > r * r || y > 13)
+    // Three facets: a top that catches the light, a front and a shaded side.
+    picture.fill(0, 0, 16, 14, [=](int x, int y) -> Pixel {
+        const int dx = x - 8, up = 13 - y;
+        const int side = dx < 0 ? -dx : dx;
+        if (side > r || up > 2 * r - 3 || side + up > 2 * r + (dx < 0 ? -2 : -3) ||
+            (up == 0 && side > r - 2))
             return 0;
-        const int facet = dx + (dy > -2 && dx > -3 ? 3 : 0) + 2 * dy / 3;
-        return d > (r - 1) * (r - 1) && dx + dy > -3 ? ramp[0] : ramp[3 - facet * 3 / r];
+        if (up == 0 || side == r || side + up == 2 * r + (dx < 0 ? -2 : -3))
+            return ramp[dx < 1 && up > 3 ? 3 : 0];
+        const bool top = up > r - 1 + dx / 3, shaded = dx > r / 3 - (up - r) / 3;
+        return ramp[top ? (dx < 0 ? 5 : 4) : shaded ? 1 + (up > 3) : (x + y) % 6 == 0 ? 2 : 3];
     });
     return picture;
 }

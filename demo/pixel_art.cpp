@@ -28,6 +28,15 @@ void Picture::outline(Pixel edge) {
     });
 }
 
+Picture mirrored(const Picture& picture, bool across, bool upside_down) {
+    Picture result(picture.width, picture.height);
+    result.fill(0, 0, picture.width, picture.height, [&](int x, int y) {
+        return picture.at(across ? picture.width - 1 - x : x,
+                          upside_down ? picture.height - 1 - y : y);
+    });
+    return result;
+}
+
 Picture sprite(int row, std::initializer_list<std::string_view> lines) {
     Picture picture(static_cast<int>(lines.begin()->size()), static_cast<int>(lines.size()));
     int y = 0;

@@ -59,6 +59,8 @@ struct Picture {
     void outline(Pixel edge);
 };
 
+Picture mirrored(const Picture& picture, bool across, bool upside_down);
+
 /// A small picture in one palette row: each hexadecimal digit is the value of a pixel.
 Picture sprite(int row, std::initializer_list<std::string_view> lines);
 

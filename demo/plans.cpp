@@ -28,13 +28,13 @@ void wander(Plan& plan, int from, int to, int y, int thickness, char letter, std
     }
 }
 
-void disc(Plan& plan, int cx, int cy, int rx, int ry, char letter, std::string_view keep = "") {
+void disc(Plan& plan, int cx, int cy, int rx, int ry, char letter) {
     for (int y = std::max(0, cy - ry); y <= std::min(plan.height - 1, cy + ry); ++y)
-        for (int x = std::max(0, cx - rx); x <= std::min(plan.width - 1, cx + rx); ++x)
-            if ((x - cx) * (x - cx) * ry * ry + (y - cy) * (y - cy) * rx * rx <=
-                    rx * rx * ry * ry &&
-                !plan.is(x, y, keep))
+        for (int x = std::max(0, cx - rx); x <= std::min(plan.width - 1, cx + rx); ++x) {
+            const int dx = ry * (x - cx), dy = rx * (y - cy);
+            if (dx * dx + dy * dy <= rx * rx * ry * ry * 5 / 4)
                 plan.at(x, y) = letter;
+        }
 }
 
 /// True where the w by h tiles from (x, y) on are all in kinds and on the plan.
@@ -65,10 +65,18 @@ void adorn(Plan& plan, std::string_view things, int rarity, Random& random) {
             if (plan.is(x, y, ".")) {
                 if (field(x, y, 5, seed) > 190)
                     plan.at(x, y) = ',';
-                else if (random.one_in(rarity) && all(plan, x - 1, y - 1, 3, 3, ".,"))
+                else if (random.one_in(rarity) && all(plan, x - 1, y - 1, 3, 5, ".,"))
                     plan.at(x, y) = things[static_cast<std::size_t>(
                         random.below(static_cast<int>(things.size())))];
             }
+}
+
+/// Every eighth layout has bare ground in its eastern half, which its layer 1 then leaves out.
+void clear_east(Plan& plan, int layout) {
+    for (int y = 0; layout % 8 == 5 && y < plan.height; ++y)
+        for (int x = plan.width / 2 - 1; x < plan.width; ++x)
+            if (!plan.is(x, y, ".,\":~c"))
+                plan.at(x, y) = '.';
 }
 
 } // namespace
@@ -83,33 +91,32 @@ Plan drawn_plan(std::initializer_list<std::string_view> rows) {
 
 Plan village_plan(int layout, int width, int height, Random& random) {
     Plan plan(width, height, '.');
-    const int road = height / 2 + 1;
-    plan.rect(1, road, width - 2, 2, ':');
-    for (int x = 2; x + 8 <= width; x += random.between(8, 10)) {
-        const char house = "HHIJ"[random.below(4)];
-        const int door = house == 'I' ? 3 : 2;
-        plan.rect(x, road - 9, house == 'I' ? 7 : 5, 7, '_');
-        plan.at(x, road - 3) = house;
-
-        plan.rect(x + door, road - 2, 1, 2, ':');
-    }
-    if (width >= 32)
-        plan.rect(width / 2, road - 1, 6, 5, 'c');
-    if (height >= 32) {
-        plan.rect(width / 3, road, 1, height - road, ':');
-        disc(plan, width / 3 + 9, height - 6, 5, 3, '~');
+    for (int road = std::min(height / 2 + 1, 17); road < height; road += 24) {
+        plan.rect(1, road, width - 2, 2, ':');
+        for (int x = 2; x + 8 <= width; x += random.between(8, 10)) {
+            const char house = "HHIJ"[random.below(4)];
+            const int across = house == 'I' ? 7 : 5;
+            plan.rect(x, road - 9, across, 7, '_');
+            plan.at(x, road - 3) = house;
+            plan.rect(x + across / 2, road - 2, 1, 2, ':');
+        }
+        if (width >= 32)
+            plan.rect(width / 2, road - 1, 6, 5, 'c');
+        if (road + 12 < height) {
+            plan.rect(width / 3, road, 1, 12, ':');
+            disc(plan, width / 3 + 9, road + 9, 5, 3, '~');
+        }
     }
     for (int y = 0; y < height; y += 2)
         for (int x = 0; x < width; x += 2) {
-            if (!open_above(plan, x, y))
-                continue;
             const bool border = y == 0 || x == 0 || x >= width - 2 || y >= height - 2;
-            if (all(plan, x, y, 1, 1, ".") && border && !random.one_in(4))
+            if (open_above(plan, x, y) && border && !random.one_in(4))
                 plan.at(x, y) = 'T';
-            else if (y > road + 4 && random.one_in(9) && all(plan, x - 1, y - 1, 3, 3, "."))
+            else if (open_above(plan, x, y) && random.one_in(12))
                 plan.at(x, y) = layout % 2 ? 'T' : 'b';
         }
-    adorn(plan, "bbRrs", 22, random);
+    adorn(plan, "bbpRrs", 22, random);
+    clear_east(plan, layout);
     return plan;
 }
 
@@ -132,14 +139,17 @@ Plan woodland_plan(int layout, int width, int height, Random& random) {
         for (int x = (y / 2) & 1; x < width; x += 2) {
             if (!open_above(plan, x, y))
                 continue;
-            const int density = field(x, y, 9, seed);
-            if (density > 105 || y < 3 || x < 2)
-                plan.rect(x - 1, y - 1, 3, 2, '.'), plan.at(x, y) = field(x, y, 16, seed + 2) > 160
-                                                                        ? 'P'
-                                                                    : layout % 5 == 3 ? 'B'
-                                                                                      : 'T';
+            if (field(x, y, 9, seed) > 120 || y < 3 || x < 2) {
+                const bool dark = field(x, y, 16, seed + 2) > 160;
+                plan.rect(x - 1, y - 1, 3, 2, '.'); // no tall grass at its foot
+                plan.at(x, y) = dark                             ? 'P'
+                                : layout % 5 == 3                ? 'B'
+                                : field(x, y, 8, seed + 4) > 150 ? 'Y'
+                                                                 : 'T';
+            }
         }
     adorn(plan, "bsrRb", 14, random);
+    clear_east(plan, layout);
     return plan;
 }
 

@@ -1,9 +1,9 @@
 #include "rom/file_layer.h"
 
-#include <vector>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace veldrune {
 namespace {

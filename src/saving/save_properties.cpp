@@ -133,7 +133,7 @@ bool write_pointers_as(RomImage& rom, Form1& form, const MapProperties& at_load,
     for (const int layer : {1, 0}) {
         const std::int64_t entry = data_pointer_offset(layer_data_number(at_load, layer));
         const std::array<std::uint8_t, 3> pointer = location_pointer(form, layer, dialogs);
-        for (const std::size_t i : {2, 1, 0})
+        for (const std::size_t i : {2u, 1u, 0u})
             if (!told_write(rom, entry + static_cast<std::int64_t>(i), {&pointer[i], 1}, dialogs))
                 return false;
     }
