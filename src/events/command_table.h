@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <span>
 
@@ -22,16 +23,13 @@ enum class ParameterKind : std::uint8_t {
     queue_count, // 1 byte: number of bytes of the actions that follow
 };
 
-/// Labels of a command that is added differ from those of a loaded one in places.
-enum class LabelSet { loaded, added };
-
+/// The words beside a row: those of a command that was loaded, and those of one that is added.
 struct Label {
     const char* loaded;
     const char* added;
     constexpr Label(const char* both = "") : loaded(both), added(both) {}
     constexpr Label(const char* when_loaded, const char* when_added)
         : loaded(when_loaded), added(when_added) {}
-    constexpr const char* in(LabelSet set) const { return set == LabelSet::added ? added : loaded; }
 };
 
 struct Parameter {
@@ -43,10 +41,14 @@ inline constexpr std::size_t most_parameters = 9;
 
 /// A command of the event scripts, or an action of their queues.
 struct ScriptCommand {
-    std::uint8_t code = 0;
-    bool can_be_added = true; // a typed code makes rows
+    std::uint8_t code;
     Label label;
-    std::array<Parameter, most_parameters> rows{}; // the rows under it, in their order
+    std::array<Parameter, most_parameters> rows; // the rows under it, ended by kind none
+    bool can_be_added = true;                    // a typed code makes rows
+
+    template <std::same_as<Parameter>... Parameters>
+    constexpr ScriptCommand(std::uint8_t its_code, Label its_label, Parameters... its_rows)
+        : code(its_code), label(its_label), rows{its_rows...} {}
 
     constexpr std::span<const Parameter> parameters() const {
         std::size_t count = 0;
@@ -57,17 +59,19 @@ struct ScriptCommand {
     constexpr bool is_queue() const { return rows[0].kind == ParameterKind::queue_count; }
 };
 
-/// A queue's number of bytes from its length byte: bit 7 is no part of it, but 0x80 is 128.
+/// The tables in ascending order of codes.
+const ScriptCommand& script_command(std::uint8_t code);
+const ScriptCommand& queue_action(std::uint8_t code);
+
+/// Bytes of a queue action with its arguments.
+int action_size(std::uint8_t code);
+
+/// Bytes of a queue by its length byte: bit 7 is no part of the number, but 0x80 alone is 128.
 constexpr int queue_size(std::uint8_t length) {
     return length > 0x80 ? length - 0x80 : length;
 }
 
 inline constexpr std::uint8_t return_command = 0xFE;
 inline constexpr std::uint8_t end_queue_action = 0xFF;
-
-const ScriptCommand& script_command(std::uint8_t code);
-const ScriptCommand& queue_action(std::uint8_t code);
-/// Bytes of an action with its arguments.
-int action_size(std::uint8_t code);
 
 } // namespace veldrune

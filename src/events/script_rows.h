@@ -24,9 +24,9 @@ void remove_command_rows(ScriptGrid& grid, int row);
 /// into lines. A list or map data of a wrong length is refused and left as it is.
 std::optional<CellRefusal> normalise_command(ScriptGrid& grid, int row, Dialogs& dialogs);
 
-/// The value of an action's code cell; above 0xFF where it is no code.
-std::uint64_t action_value(const ScriptRow& row);
-/// The actions in the queue that begins at a row, in bytes.
+/// The queue action in a row; null where its secondary cell holds no code.
+const ScriptCommand* action_in(const ScriptRow& row);
+/// Bytes of the actions in the queue that begins at a row.
 int queue_bytes(const ScriptGrid& grid, int row);
 
 } // namespace veldrune
