@@ -29,6 +29,8 @@ class RomImage {
     bool is_file(const std::string& path) const {
         return file_ && files_.identity_of(path) == file_->identity();
     }
+    /// Bytes of the open file, 0 without one.
+    std::int64_t size() const { return file_ ? file_->size() : 0; }
     /// Copies the open file to path. On failure nothing has changed there.
     bool copy_to(const std::string& path) const { return file_ && copy_file(files_, *file_, path); }
 
