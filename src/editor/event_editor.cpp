@@ -2,17 +2,13 @@
 
 #include "events/script_encoder.h"
 #include "rom/number_text.h"
+#include "rom/patch_marks.h"
 #include "saving/told_write.h"
 
 namespace veldrune {
 namespace {
 
 constexpr const char* program_title = "Veldrune Map Editor"; // of a message without its own
-
-bool has_dialogue_mark(const RomImage& rom) { // TODO: has_dialogue_patch
-    std::array<std::uint8_t, 1> mark{};
-    return rom.read(rom_layout::patch_marks + 1, mark) == 1 && (mark[0] & 2) == 0;
-}
 
 ScriptDesk desk_of(EditorState& state) {
     return {state.form9, state.script_entry, state.rom, state.dialogs};
@@ -60,7 +56,7 @@ void open_event_editor(EditorState& state) {
     const std::int64_t offset = state.selected_object.script_offset;
     state.form9 = Form9{};
     state.script_entry = ScriptEntry{};
-    state.script_entry.dialogue_patched = has_dialogue_mark(state.rom);
+    state.script_entry.dialogue_patched = has_dialogue_patch(state.rom);
     state.script =
         load_script(state.rom, offset, state.script_entry.dialogue_patched, state.form9.grid);
     state.script_source = {state.rom.identity(), state.rom.path()};

@@ -130,7 +130,7 @@ bool fits_queue(ScriptDesk desk, int bytes) {
 void renew_count(ScriptDesk desk) {
     const int bytes = queue_bytes(desk.form.grid, desk.entry.command_row);
     const int mark = has_count_mark(desk) ? 0x80 : 0;
-    count_cell(desk) = " " + padded(format_hex(mark | bytes), 2);
+    count_cell(desk) = cell_text(padded(format_hex(mark | bytes), 2));
 }
 
 void complete_queue(ScriptDesk desk) {
@@ -214,7 +214,7 @@ void enter_action(ScriptDesk desk) {
 }
 
 void enter_action_argument(ScriptDesk desk) {
-    current_cell(desk) = " " + desk.form.Text2;
+    current_cell(desk) = cell_text(desk.form.Text2);
     if (--desk.entry.action_params_left == 0)
         return finish_action(desk);
     place_edit_box(desk, desk.form.grid_row + 1, tertiary);
@@ -226,7 +226,7 @@ void enter_queue_count(ScriptDesk desk) {
         desk.dialogs.message("The count of a queue does not fit in a byte.", "Error");
         return;
     }
-    current_cell(desk) = " " + format_hex(count);
+    current_cell(desk) = cell_text(format_hex(count));
     desk.entry.rows_left = 0;
     const int actions = queue_size(static_cast<std::uint8_t>(count));
     if (actions == 0)
@@ -273,7 +273,7 @@ void enter_parameter(ScriptDesk desk) {
     const ParameterKind kind = current_parameter(desk).kind;
     if (kind == ParameterKind::queue_count)
         return enter_queue_count(desk);
-    current_cell(desk) = " " + desk.form.Text2;
+    current_cell(desk) = cell_text(desk.form.Text2);
     if (kind == ParameterKind::dialogue)
         show_dialogue(desk, number_in_box(desk) & entered_number_bits);
     if (--desk.entry.rows_left == 0)
@@ -291,7 +291,7 @@ void change_value(ScriptDesk desk) {
         show_dialogue(desk, number & typed_number_bits);
         current_cell(desk) = text;
     } else {
-        current_cell(desk) = " " + desk.form.Text2;
+        current_cell(desk) = cell_text(desk.form.Text2);
     }
     hide_edit_box(desk);
 }

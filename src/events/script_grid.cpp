@@ -48,6 +48,10 @@ ScriptRow blank_script_row(std::string_view label) {
     return {{" ", {}, {}, std::string(label)}};
 }
 
+std::string cell_text(std::string_view value) {
+    return std::string(1, ' ').append(value);
+}
+
 bool is_blank(std::string_view cell) {
     return cell.find_first_not_of(' ') == std::string_view::npos;
 }

@@ -23,6 +23,9 @@ ScriptRow script_row(ScriptColumn column, std::string_view value, std::string_vi
 /// A row that waits for a value.
 ScriptRow blank_script_row(std::string_view label = {});
 
+/// A value as a cell holds it, with a blank in front.
+std::string cell_text(std::string_view value);
+
 /// Whether a cell holds only blanks.
 bool is_blank(std::string_view cell);
 /// Whether all cells of a row are blank.

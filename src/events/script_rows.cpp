@@ -32,7 +32,7 @@ std::size_t digits_of(ParameterKind kind) {
 }
 
 void normalise_cell(std::string& cell, ParameterKind kind) {
-    cell = " " + padded(without_blanks(cell), digits_of(kind));
+    cell = cell_text(padded(without_blanks(cell), digits_of(kind)));
 }
 
 // A cell of lines: a blank before every line and behind the last line break.
