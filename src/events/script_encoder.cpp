@@ -134,6 +134,8 @@ class Encoder {
     }
 
     bool encode_action(int row, int end) {
+        if (is_blank(cell_at(row, secondary)))
+            return refuse(row, tertiary, "it belongs to no action");
         if (!encode_value(ParameterKind::byte, row, secondary))
             return false;
         for (const Parameter& parameter : queue_action(script_.bytes.back()).parameters()) {

@@ -351,10 +351,9 @@ void end_entry(ScriptDesk desk) {
 }
 
 void click_cell(ScriptDesk desk, int row, int column) {
-    const bool in_grid = row > 0 && row < static_cast<int>(desk.form.grid.size()) && column >= 0 &&
-                         column < explanation;
-    const bool editable =
-        in_grid && !is_blank(row_at(desk, row).cells[static_cast<std::size_t>(column)]);
+    const bool in_grid = row > 0 && row < static_cast<int>(desk.form.grid.size());
+    const bool editable = in_grid && column >= primary && column < explanation &&
+                          !is_blank(row_at(desk, row).cells[static_cast<std::size_t>(column)]);
     if (in_grid)
         desk.entry.cell_row = row;
     end_entry(desk);

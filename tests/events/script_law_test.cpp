@@ -10,21 +10,21 @@ namespace {
 
 // The length of every command; q: queue, m: map data, o: offset list, l: counted list,
 // c: conditional.
-constexpr char lengths[] = "qqqqqqqqqqqqqqqq" // 00
-                           "qqqqqqqqqqqqqqqq" // 10
-                           "qqqqqqqqqqqqqqqq" // 20
-                           "qqqqq22311115223" // 30
-                           "3223312131133311" // 40
-                           "2424122222211333" // 50
-                           "3422331111667111" // 60
-                           "333mm11224512233" // 70
-                           "2211332244433211" // 80
-                           "1111111124122111" // 90
-                           "6211111211111111" // A0
-                           "214522o5222134l1" // B0
-                           "cccccccccccccccc" // C0
-                           "2222222222222211" // D0
-                           "1111111144441113" // E0
+constexpr char lengths[] = "qqqqqqqqqqqqqqqq"  // 00
+                           "qqqqqqqqqqqqqqqq"  // 10
+                           "qqqqqqqqqqqqqqqq"  // 20
+                           "qqqqq22311115223"  // 30
+                           "3223312131133311"  // 40
+                           "2424122222211333"  // 50
+                           "3422331111667111"  // 60
+                           "333mm11224512233"  // 70
+                           "2211332244433211"  // 80
+                           "1111111124122111"  // 90
+                           "6211111211111111"  // A0
+                           "214522o5222134l1"  // B0
+                           "cccccccccccccccc"  // C0
+                           "2222222222222211"  // D0
+                           "1111111144441113"  // E0
                            "2322244112111111"; // F0
 
 std::size_t action_length(std::uint8_t code) {
@@ -97,9 +97,7 @@ Bytes joined(std::initializer_list<Bytes> parts) {
 
 // One whole command with random arguments, few of them large. options tells what a list of B6 has.
 Bytes any_command(Random& random, std::uint8_t code, std::size_t& options) {
-    const auto argument = [&] {
-        return random.below(6) == 0 ? std::uint8_t{0xFE} : random.byte();
-    };
+    const auto argument = [&] { return random.below(6) == 0 ? std::uint8_t{0xFE} : random.byte(); };
     Bytes command{code};
     const auto add = [&](std::size_t count) {
         while (count-- > 0)
