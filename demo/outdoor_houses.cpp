@@ -3,6 +3,7 @@
 namespace veldrune::demo::outdoor {
 namespace {
 
+constexpr int house_height = 112;
 constexpr int eave = 62; // where the roof ends
 constexpr int foot = house_height - 2;
 
@@ -158,9 +159,9 @@ Picture draw_fence(Shape shape, int) {
         p.rect(left, y + 1, right - left, 1, wood[1]);
         p.rect(left, y + 2, right - left, 1, wood[0]);
     }
-    const int top = shape.mask & 1 ? 0 : 4, foot = shape.mask & 4 ? 16 : 8;
-    p.rect(6, top, 1, foot - top, wood[2]);
-    p.rect(7, top, 2, foot - top, wood[0]);
+    const int top = shape.mask & 1 ? 0 : 4, bottom = shape.mask & 4 ? 16 : 8;
+    p.rect(6, top, 1, bottom - top, wood[2]);
+    p.rect(7, top, 2, bottom - top, wood[0]);
     p.bevel(5, 2, 5, 12, wood[3], wood[2], wood[0]);
     p.rect(6, 1, 3, 1, wood[3]);
     return p;

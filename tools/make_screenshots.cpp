@@ -68,7 +68,8 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
         paint(user);
     QTest::qWait(20);
     const bool written = window.grab().save(file);
-    std::fprintf(stderr, written ? "" : "%s can't be written\n", qPrintable(file));
+    if (!written)
+        std::fprintf(stderr, "%s can't be written\n", qPrintable(file));
     return written;
 }
 

@@ -36,10 +36,9 @@ TEST(Open, CancelAndFailureKeepTheOpenImage) {
     EXPECT_TRUE(editor.state->rom_open);
     EXPECT_EQ(editor.form.Label20, "a.smc");
     EXPECT_TRUE(editor.dialogs.silent());
-    // Without the former image, too, there is none.
-    editor.disk.remove("a.smc");
+    editor.disk.remove("a.smc"); // what is open stays open, whatever becomes of its name
     open_image_file(*editor.state, "missing.smc");
-    EXPECT_FALSE(editor.state->rom_open || editor.form.Combo1_enabled);
+    EXPECT_EQ(editor.state->rom.read_byte(0x2D9100), demo_bytes()[0x2D9100]);
 }
 
 TEST(Open, ASecondImageTakesThePlaceAndLeavesTheFields) {
@@ -109,6 +108,22 @@ TEST(SelectMap, AsksAboutUnsavedChangesAndLeavesTheWorldMapFirst) {
     EXPECT_EQ(state.map_index, 4);
     EXPECT_TRUE(editor.form.map_fields_enabled);
     EXPECT_FALSE(editor.form.Text24_visible);
+}
+
+TEST(SelectMap, WhatTheDiskRefusesToGiveIsToldAndCantBeSaved) {
+    for (int at = 1;; ++at) {
+        Editor editor;
+        editor.disk.fail({at}, {});
+        editor.choose(town);
+        const bool refused = editor.disk.reads >= at;
+        ASSERT_EQ(editor.dialogs.messages.size(), refused ? 1u : 0u) << at;
+        ASSERT_EQ(editor.state->map_source.has_value(), !refused);
+        editor.disk.fail({}, {});
+        editor.choose(town); // and works once the disk does
+        ASSERT_TRUE(editor.state->map_source);
+        if (!refused)
+            break;
+    }
 }
 
 TEST(Build, WritesNothingAndTakesTheFieldsAsTheyStand) {

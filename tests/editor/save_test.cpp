@@ -272,6 +272,20 @@ TEST(SaveAs, CancelAtTheQuestionLeavesTheCopyOpenUnderTheOldName) {
     EXPECT_EQ(editor.image(), demo_bytes());
 }
 
+TEST(SaveAs, ACopyThatCantBeOpenedLeavesTheImageOpen) {
+    Editor editor;
+    editor.choose(town);
+    editor.state->changes_saved = false;
+    editor.disk.refuse_open = true;
+    editor.dialogs.file_names = {"b.smc"};
+    save_as(*editor.state);
+    ASSERT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_EQ(editor.dialogs.messages[0].title, "Error");
+    EXPECT_EQ(editor.state->rom.path(), "a.smc");
+    EXPECT_EQ(editor.form.Label20, "a.smc");
+    EXPECT_FALSE(editor.state->changes_saved);
+}
+
 TEST(SaveAs, WithoutAMapItCopiesAndTakesOverTheName) {
     Editor editor;
     editor.dialogs.file_names = {"b.smc"};
@@ -292,7 +306,7 @@ TEST(Save, AMapOfAnotherImageAsksFirst) {
         open_image_file(*editor.state, "other.smc");
         editor.disk.writes = 0;
         editor.dialogs.answers = {false};
-        editor.dialogs.file_names = {"b.smc"};
+        editor.dialogs.file_names = {"b.smc", "b.smc"};
         operation(*editor.state);
         ASSERT_EQ(editor.dialogs.questions.size(), 1u);
         EXPECT_NE(editor.dialogs.questions[0].find("a.smc"), std::string::npos);
