@@ -1,6 +1,7 @@
 #include "editor/build.h"
 #include "editor/mouse.h"
 #include "editor/object_window.h"
+#include "editor/objects.h"
 #include "editor/save.h"
 #include "objects/sprite_preview.h"
 #include "support/editor_fixture.h"
@@ -179,6 +180,22 @@ TEST(ObjectWindow, SavesItsRecordAndNothingElse) {
     };
     expect_prefixes_of_writes([] { return EditedNpc(); },
                               [](EditedNpc& editor) { save_object(editor.s); });
+}
+
+TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
+    for (int kind = 0; kind < 10; ++kind) { // the pointers and the rows of five lists
+        ObjectEditor editor;
+        editor.click(9, 9);
+        editor.disk.fail({kind + 1}, {});
+        draw_objects(editor.s);
+        EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+        EXPECT_EQ(editor.index(), -1);
+        editor.click(9, 9);
+        EXPECT_EQ(editor.index(), -1);
+        draw_objects(editor.s);
+        editor.click(9, 9);
+        EXPECT_EQ(editor.index(), 2);
+    }
 }
 
 TEST(ObjectWindow, SavesIntoTheImageOfItsListsAlone) {
