@@ -65,20 +65,21 @@ constexpr Overlay overlays[kind_count][5] = {
 };
 // clang-format on
 
-constexpr Scenery (*sceneries[kind_count])(BlockTable&) = {
-    town_scenery, forest_scenery, cave_scenery, castle_scenery, interior_scenery};
+const PlaceArt* const place_arts[kind_count] = {&town_art, &forest_art, &cave_art, &castle_art,
+                                                &interior_art};
 
-/// One kind's scenery and all that its maps have in common.
+/// What all maps of one kind have in common.
 struct KindArt {
+    const PlaceArt& art;
     BlockTable blocks;
     Scenery scenery;
     CharacterPool characters;
     std::array<FormationPool, 2> formations;
 
     explicit KindArt(int kind)
-        : blocks(palette(static_cast<Kind>(kind), 0)), scenery(sceneries[kind](blocks)) {
-        for (const auto& frames : scenery.animated)
-            characters.add_animated(frames);
+        : art(*place_arts[kind]), blocks(palette(static_cast<Kind>(kind), 0)),
+          scenery(art, blocks) {
+        characters.add_animated(art.animated());
     }
 };
 
@@ -166,7 +167,7 @@ void DemoImage::write_kind(int kind) {
 LayoutData DemoImage::write_layout(KindArt& art, int kind, int layout) {
     const bool tall = kind == static_cast<int>(Kind::cave) && layout == 1;
     const Size size = layout == 0 ? place_sizes[kind] : tall ? tall_size : layout_sizes[layout];
-    const Plan plan = art.scenery.plan(layout, size.width, size.height, random_);
+    const Plan plan = art.art.plan(layout, size.width, size.height, random_);
     MapCanvas canvas(art.blocks, size.width, size.height);
     art.scenery.paint(canvas, plan);
     LayoutData data{{}, size};
