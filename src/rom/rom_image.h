@@ -27,6 +27,8 @@ class RomImage {
     FileIdentity identity() const;
     /// Whether path names the open file.
     bool is_file(const std::string& path) const;
+    /// Bytes of the open file, 0 without one.
+    std::int64_t size() const;
     /// Copies the open file to path. On failure nothing has changed there.
     bool copy_to(const std::string& path) const;
     /// Whether the disk has refused a read since this was asked last.
@@ -36,8 +38,8 @@ class RomImage {
     std::uint16_t read_word(std::int64_t offset) const;
     /// 24 bits: three bytes, the lowest first.
     std::int32_t read_pointer24(std::int64_t offset) const;
-    /// Fills all of bytes from offset on.
-    void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+    /// Fills all of bytes from offset on. Returns how many of them the file holds.
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
 
     /// False where the bytes could not be written; some of them may then stand in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
@@ -46,6 +48,8 @@ class RomImage {
     bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
+    FileStatus status() const;
+
     FileLayer& files_;
     std::unique_ptr<File> file_;
     std::string path_;
