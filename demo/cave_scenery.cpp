@@ -1,8 +1,5 @@
-#include "demo/enclosure.h"
 #include "demo/outdoor_art.h"
-#include "demo/plans.h"
-
-#include <memory>
+#include "demo/scenery.h"
 
 namespace veldrune::demo {
 namespace {
@@ -139,60 +136,22 @@ Picture draw_mushrooms() {
                    "...ba..11..aa1..", "..1aa1.....111..", "..1111..........", "................"});
 }
 
-Picture draw_ladder() {
-    const Ramp wood{ink(4, 7), 4};
-    Picture p(16, 32);
-    for (const int x : {2, 11}) {
-        p.rect(x, 0, 3, 32, wood[2]);
-        p.rect(x, 0, 1, 32, wood[3]);
-        p.rect(x + 2, 0, 1, 32, wood[0]);
-    }
-    for (int y = 2; y < 32; y += 5) {
-        p.rect(4, y, 8, 2, wood[3]);
-        p.rect(4, y + 2, 8, 1, wood[0]);
-    }
-    return p;
-}
-
-struct CaveArt {
-    Enclosure walls;
-    Ground moss_patch, water, pit;
-    Props props;
-    Stamp bridge;
-
-    explicit CaveArt(BlockTable& table)
-        : walls(table, {2, draw_floor, draw_wall, draw_top, "~=O"}), moss_patch(table, draw_moss),
-          water(table, outdoor::draw_water), pit(table, outdoor::draw_pit),
-          bridge(cut(table, outdoor::draw_bridge())) {
-        props['c'] = {cut(table, draw_crystals(2)), 0, 0, 2};
-        props['v'] = {cut(table, draw_crystals(3)), 0, 0, 2};
-        props['i'] = {cut(table, draw_stalagmite()), 0, 0, 2};
-        props['m'] = {cut(table, draw_mushrooms())};
-        props['r'] = {cut(table, outdoor::draw_rock(false))};
-        props['R'] = {cut(table, outdoor::draw_rock(true))};
-        props['h'] = {cut(table, draw_ladder())};
-    }
-    void paint(MapCanvas& canvas, const Plan& plan) {
-        walls.paint(canvas, plan);
-        moss_patch.paint(canvas, 1, plan, "gm", "gm", 2);
-        water.paint(canvas, 1, plan, "~=", "~=", 1);
-        pit.paint(canvas, 1, plan, "O", "O", 1);
-        for (int y = 0; y < plan.height; ++y)
-            for (int x = 0; x < plan.width; ++x)
-                if (plan.is(x, y, "="))
-                    canvas.stamp(0, 16 * x, 16 * y, bridge);
-        paint_props(props, canvas, plan);
-        canvas.sink_deep_tops();
-    }
+// clang-format off
+constexpr WallArt walls{2, draw_floor, draw_wall, draw_top};
+constexpr GroundArt grounds[] = {
+    {"gm", "gm", draw_moss, 2},
+    {"~",  "~",  outdoor::draw_water},
+    {"O",  "O",  outdoor::draw_pit},
 };
+constexpr PropArt props[] = {
+    {'c', [] { return draw_crystals(2); }, 16}, {'v', [] { return draw_crystals(3); }, 16},
+    {'i', draw_stalagmite, 16}, {'m', draw_mushrooms},
+    {'r', [] { return outdoor::draw_rock(false); }}, {'R', [] { return outdoor::draw_rock(true); }},
+};
+// clang-format on
 
 } // namespace
 
-Scenery cave_scenery(BlockTable& table) {
-    const auto art = std::make_shared<CaveArt>(table);
-    return {{outdoor::water_frames()}, cavern_plan, [art](MapCanvas& canvas, const Plan& plan) {
-                art->paint(canvas, plan);
-            }};
-}
+const PlaceArt cave_art{outdoor::water_frames, cavern_plan, &walls, grounds, props};
 
 } // namespace veldrune::demo

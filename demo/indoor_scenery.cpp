@@ -1,8 +1,5 @@
-#include "demo/enclosure.h"
 #include "demo/indoor_art.h"
-#include "demo/plans.h"
-
-#include <memory>
+#include "demo/scenery.h"
 
 namespace veldrune::demo {
 namespace {
@@ -98,6 +95,15 @@ Picture dark_top(Shape shape, int) {
                     if ((dx != 0 || dy != 0) && off(dx, dy))
                         return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
         return Pixel{0}; // nothing: the night sky may show
+    });
+    return p;
+}
+
+Picture draw_steps() {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [](int, int y) {
+        static constexpr int shades[] = {4, 3, 3, 1, 0};
+        return floor[shades[y % 5]];
     });
     return p;
 }
@@ -221,9 +227,9 @@ Plan cottage() {
         "#.xo...........................#",
         "#....kkkkkkk........T__...kkkk.#",
         "#....kkkkkkk..............kkkk.#",
-        "#.h..kkUkkkk.......h.h....kkkk.#",
-        "#....kkkkkkk..............kkkk.#",
-        "#....kkkkkkk...............h...#",
+        "#....kkUkkkk.......h.h....kkkk.#",
+        "#....kjkkjkk..............kkkk.#",
+        "#....kkkkkkk...................#",
         "#P.............##P.............#",
         "#.............x##............xo#",
         "######...#######################",
@@ -248,78 +254,40 @@ Plan cottage() {
 }
 // clang-format on
 
-struct IndoorArt {
-    Enclosure walls;
-    Ground carpets;
-    Props props;
-
-    IndoorArt(BlockTable& table, const EnclosureStyle& style)
-        : walls(table, style), carpets(table, draw_carpet) {
-        const auto prop = [&](char letter, const Picture& picture, int right = 0,
-                              int high_rows = 0) {
-            props[letter] = {cut(table, picture), right, 0, high_rows};
-        };
-        prop('t', draw_torch());
-        prop('H', draw_hearth());
-        prop('C', draw_column(), 0, 7);
-        prop('g', draw_banner());
-        prop('v', draw_stained_window());
-        prop('X', draw_throne(), 0, 3);
-        prop('K', draw_armour(), 0, 2);
-        prop('L', draw_candelabrum(), 0, 2);
-        prop('S', draw_steps());
-        prop('T', draw_table());
-        prop('U', draw_table());
-        prop('h', draw_chair());
-        prop('d', draw_bed());
-        prop('B', draw_shelf(true), 0, 2);
-        prop('J', draw_shelf(false), 0, 2);
-        prop('o', draw_barrel(), 0, 1);
-        prop('x', draw_crate(), 0, 1);
-        prop('P', draw_potted_plant(), 0, 2);
-        prop('w', draw_window());
-        prop('a', draw_painting());
-        prop('q', draw_clock(), 0, 2);
-        prop('c', draw_chest());
-    }
-    void paint(MapCanvas& canvas, const Plan& plan) {
-        walls.paint(canvas, plan);
-        carpets.paint(canvas, 1, plan, "kXU", "kXU", 1);
-        paint_props(props, canvas, plan);
-        canvas.sink_deep_tops();
-    }
+// clang-format off
+constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
+constexpr PropArt props[] = {
+    {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},
+    {'C', draw_column, 56},    {'X', draw_throne, 24},   {'K', draw_armour, 16},     {'L', draw_candelabrum, 16},
+    {'T', draw_table},         {'U', draw_table},        {'h', draw_chair}, {'j', draw_chair},          {'d', draw_bed},
+    {'B', draw_bookshelf, 16}, {'J', draw_jar_shelf, 16}, {'w', draw_window},        {'a', draw_painting},
+    {'H', draw_hearth},        {'q', draw_clock, 16},    {'c', draw_chest},          {'P', draw_potted_plant, 16},
+    {'o', draw_barrel, 8},     {'x', draw_crate, 8},
 };
+constexpr Furnishing hall_furniture[] = {
+    {'t', 1, true},  {'v', 2, true},  {'g', 1, true},  {'g', 1, true},  {'C', 2, false},
+    {'C', 2, false}, {'K', 1, false}, {'L', 1, false}, {'T', 3, false}};
+constexpr Furnishing house_furniture[] = {
+    {'w', 2, true},  {'B', 2, true},  {'H', 3, true},  {'q', 1, true},  {'J', 2, true},  {'T', 3, false},
+    {'h', 1, false}, {'d', 2, false}, {'o', 1, false}, {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
+// clang-format on
 
-constexpr Furnishing castle_furniture[] = {{'t', 1, true},  {'v', 2, true},  {'g', 1, true},
-                                           {'g', 1, true},  {'C', 2, false}, {'C', 2, false},
-                                           {'K', 1, false}, {'L', 1, false}, {'T', 3, false}};
-constexpr Furnishing house_furniture[] = {{'w', 2, true},  {'B', 2, true},  {'H', 3, true},
-                                          {'q', 1, true},  {'J', 2, true},  {'T', 3, false},
-                                          {'h', 1, false}, {'d', 2, false}, {'o', 1, false},
-                                          {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
+constexpr WallArt hall_walls{3, marble_floor, castle_wall, dark_top};
+constexpr WallArt house_walls{3, plank_floor, house_wall, dark_top};
 
-Scenery indoor_scenery(BlockTable& table, const EnclosureStyle& style, Plan (*place)(),
-                       std::span<const Furnishing> furniture) {
-    const auto art = std::make_shared<IndoorArt>(table, style);
-    return {{flame_frames()},
-            [place, furniture](int layout, int width, int height, Random& random) {
-                if (layout == 0)
-                    return place();
-                return rooms_plan(width, height, 3, furniture, random);
-            },
-            [art](MapCanvas& canvas, const Plan& plan) { art->paint(canvas, plan); }};
+Plan castle_plan(int layout, int width, int height, Random& random) {
+    return layout == 0 ? throne_hall()
+                       : rooms_plan(width, height, hall_walls.height, hall_furniture, random);
+}
+
+Plan interior_plan(int layout, int width, int height, Random& random) {
+    return layout == 0 ? cottage()
+                       : rooms_plan(width, height, house_walls.height, house_furniture, random);
 }
 
 } // namespace
 
-Scenery castle_scenery(BlockTable& table) {
-    return indoor_scenery(table, {3, marble_floor, castle_wall, dark_top, ""}, throne_hall,
-                          castle_furniture);
-}
-
-Scenery interior_scenery(BlockTable& table) {
-    return indoor_scenery(table, {3, plank_floor, house_wall, dark_top, ""}, cottage,
-                          house_furniture);
-}
+const PlaceArt castle_art{flame_frames, castle_plan, &hall_walls, grounds, props};
+const PlaceArt interior_art{flame_frames, interior_plan, &house_walls, grounds, props};
 
 } // namespace veldrune::demo

@@ -58,12 +58,12 @@ void MapCanvas::put(int layer, int x, int y, int block, Level level, bool replac
     there.level = replace ? level : std::max(level, there.level);
 }
 
-void MapCanvas::stamp(int layer, int x, int y, const Stamp& stamp, int high_rows) {
+void MapCanvas::stamp(int layer, int x, int y, const Stamp& stamp, int high) {
     for (int j = 0; j < stamp.height; ++j)
         for (int i = 0; i < stamp.width; ++i)
             put(layer, (x >> 3) + i, (y >> 3) + j,
                 stamp.blocks[static_cast<std::size_t>(j * stamp.width + i)],
-                j < high_rows ? Level::high : Level::low);
+                8 * j < high ? Level::high : Level::low);
 }
 
 void MapCanvas::ground(int layer, int x, int y, const Stamp& tile) {
@@ -105,24 +105,6 @@ std::vector<std::uint8_t> MapCanvas::formations(int layer, CharacterPool& charac
             result.push_back(pool.find(quadrants));
         }
     return result;
-}
-
-const Stamp& Ground::tile(Shape shape, int variant) {
-    const int key = shape.mask | variant << 8;
-    auto place = tiles_.find(key);
-    if (place == tiles_.end())
-        place = tiles_.emplace(key, cut(*table_, draw_(shape, variant))).first;
-    return place->second;
-}
-
-void Ground::paint(MapCanvas& canvas, int layer, const Plan& plan, std::string_view members,
-                   std::string_view joins, int variants) {
-    for (int y = 0; y < plan.height; ++y)
-        for (int x = 0; x < plan.width; ++x)
-            if (plan.is(x, y, members)) {
-                const Shape shape = shape_at(plan, x, y, joins);
-                canvas.ground(layer, x, y, tile(shape, scatter(x, y, 1, variants)));
-            }
 }
 
 } // namespace veldrune::demo

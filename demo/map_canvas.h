@@ -4,8 +4,6 @@
 #include "demo/random.h"
 #include "demo/tile_pool.h"
 
-#include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,23 +38,18 @@ struct Shape {
     int from_top(int x, int y, int limit) const;
 };
 
-/// A ground that joins its neighbours: draws a tile from its shape and a variant.
-using DrawGround = std::function<Picture(Shape shape, int variant)>;
-
 enum class Level { low, high };
 
 /// Layers 1 and 2 of a map as blocks.
 class MapCanvas {
   public:
     MapCanvas(BlockTable& table, int width, int height);
-    int width() const { return width_; } // in tiles
-    int height() const { return height_; }
 
     /// Puts a block on layer 0 or 1; block coordinates outside are ignored.
     void put(int layer, int x, int y, int block, Level level, bool replace = false);
-    /// Puts a stamp with its upper left at pixel (x, y), multiples of 8. The first high_rows rows
-    /// of blocks are high.
-    void stamp(int layer, int x, int y, const Stamp& stamp, int high_rows = 0);
+    /// Puts a stamp with its upper left at pixel (x, y), multiples of 8. Blocks are high in
+    /// its first high pixels.
+    void stamp(int layer, int x, int y, const Stamp& stamp, int high);
     /// Puts a tile over whatever is there, on tile (x, y).
     void ground(int layer, int x, int y, const Stamp& tile);
     /// High tiles of layer 1 that hide all below, like the tile above them, go to layer 2, which
@@ -83,22 +76,6 @@ class MapCanvas {
     int width_;
     int height_;
     std::vector<Cell> cells_;
-};
-
-/// A ground's tiles, drawn when a map first needs them.
-class Ground {
-  public:
-    Ground(BlockTable& table, DrawGround draw) : table_(&table), draw_(std::move(draw)) {}
-    const Stamp& tile(Shape shape, int variant);
-    /// Paints all tiles of the plan whose letter is in members; towards letters in joins there is
-    /// no edge. One of variants is picked by place.
-    void paint(MapCanvas& canvas, int layer, const Plan& plan, std::string_view members,
-               std::string_view joins, int variants);
-
-  private:
-    BlockTable* table_;
-    DrawGround draw_;
-    std::map<int, Stamp> tiles_;
 };
 
 /// The shape of a plan's tile among its neighbours in members.

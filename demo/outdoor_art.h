@@ -4,46 +4,32 @@
 
 #include <array>
 
+/// Pictures of the open country, its caves and its houses. All take their colours from the palette
+/// rows that outdoor places share.
 namespace veldrune::demo::outdoor {
 
-inline constexpr int grass_variants = 12; // the last four carry flowers
-inline constexpr int plain_grass = 4;     // and its mirror images up to 7
-
+// Grounds. Beyond the edge of the shape they show grass.
+inline constexpr int plain_grass = 4;   // its mirror images are the next three
+inline constexpr int first_flowers = 8; // and three more
 Picture draw_grass(int variant);
-/// Trodden earth in grass.
 Picture draw_path(Shape shape, int variant);
-/// Round paving stones with a rim towards the grass.
 Picture draw_paving(Shape shape, int variant);
-/// Water with a bank; a tile without edges is the animated one.
-Picture draw_water(Shape shape, int variant);
-std::array<Picture, 4> water_frames();
-/// A tile of a bridge with rails, from west to east.
-Picture draw_bridge();
+Picture draw_water(Shape shape, int variant); // a whole tile is the animated one
 Picture draw_tall_grass(Shape shape, int variant);
+Picture draw_field(Shape shape, int variant);
+Picture draw_pit(Shape shape, int variant);
+std::array<Picture, 4> water_frames();
+
+// Hedges and fences show nothing beside them.
+Picture draw_hedge(Shape shape, int variant);
+Picture draw_fence(Shape shape, int variant);
 
 /// 48 by 64 pixels: the crown is the upper 48, trunk and shadow the lower 24.
 Picture draw_tree(int row, int variant);
 Picture draw_conifer(int row);
-inline constexpr int crown_height = 48;
-
 Picture draw_bush();
 Picture draw_stump();
 Picture draw_rock(bool large);
-Picture draw_log();
-
-Picture draw_fountain(); // 48 by 48
-Picture draw_well();     // 32 by 48
-Picture draw_stall();    // 48 by 48
-Picture draw_lamp();     // 16 by 32
-Picture draw_sign();
-Picture draw_flower_bed();
-Picture draw_field(Shape shape, int variant);
-Picture draw_hedge(Shape shape, int variant);
-/// A drop into the dark, its far side lit.
-Picture draw_pit(Shape shape, int variant);
-
-/// A fence post with rails towards its neighbours.
-Picture draw_fence(Shape shape, int variant);
 
 /// A house front, width a multiple of 16 and 112 high: the roof is the upper 64.
 struct HouseStyle {
@@ -51,9 +37,15 @@ struct HouseStyle {
     int width;
     bool timbered;
     bool gable;
-    bool sign;
 };
-inline constexpr int house_height = 112;
 Picture draw_house(const HouseStyle& style);
+
+Picture draw_bridge(); // one tile, from west to east
+Picture draw_fountain();
+Picture draw_well();
+Picture draw_stall();
+Picture draw_lamp();
+Picture draw_sign();
+Picture draw_flower_bed();
 
 } // namespace veldrune::demo::outdoor

@@ -32,7 +32,7 @@ struct Mark {
     int number, x, y;
 };
 // clang-format off
-constexpr Mark grass_marks[grass_variants][6] = {
+constexpr Mark grass_marks[12][6] = {
     {{1,2,3}, {3,9,8}, {0,13,2}, {3,4,12}},
     {{0,3,2}, {1,10,5}, {3,2,10}, {0,12,13}},
     {{2,9,3}, {2,2,9}, {1,11,10}, {3,6,13}},

@@ -3,6 +3,7 @@
 namespace veldrune::demo::outdoor {
 namespace {
 
+constexpr int house_height = 112;
 constexpr int eave = 62; // where the roof ends
 constexpr int foot = house_height - 2;
 

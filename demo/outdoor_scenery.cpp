@@ -1,121 +1,80 @@
-#include "demo/enclosure.h"
 #include "demo/indoor_art.h"
 #include "demo/outdoor_art.h"
-#include "demo/plans.h"
-
-#include <memory>
+#include "demo/scenery.h"
 
 namespace veldrune::demo {
 namespace {
 
 using namespace outdoor;
 
-struct OutdoorArt {
-    BlockTable& table;
-    Ground meadow, tall_grass, path, paving, water, field, hedge, fence;
-    Props props;
-    Stamp bridge;
-    std::map<char, std::pair<Stamp, Stamp>> trees; // crown, and trunk with shadow
-
-    explicit OutdoorArt(BlockTable& blocks);
-};
-
-Stamp part(BlockTable& table, const Picture& whole, int top, int height) {
-    Picture piece(whole.width, height);
-    piece.draw(whole, 0, -top);
-    return cut(table, piece);
+Picture meadow(Shape, int variant) {
+    return draw_grass(variant);
+}
+Picture foot_grass(Shape, int) {
+    return draw_grass(plain_grass);
+}
+Picture flowers(Shape, int variant) {
+    return draw_grass(first_flowers + variant);
 }
 
-OutdoorArt::OutdoorArt(BlockTable& blocks)
-    : table(blocks), meadow(blocks, [](Shape, int variant) { return draw_grass(variant); }),
-      tall_grass(blocks, draw_tall_grass), path(blocks, draw_path), paving(blocks, draw_paving),
-      water(blocks, draw_water), field(blocks, draw_field), hedge(blocks, draw_hedge),
-      fence(blocks, draw_fence), bridge(cut(blocks, draw_bridge())) {
-    const auto prop = [&](char letter, const Picture& picture, int high_rows = 0) {
-        props[letter] = {cut(table, picture), 0, 0, high_rows};
-    };
-    prop('H', draw_house({red_house_row, 80, true, false, false}), 7);
-    prop('I', draw_house({blue_house_row, 112, true, true, true}), 7);
-    prop('J', draw_house({blue_house_row, 80, false, false, false}), 7);
-    prop('F', draw_fountain(), 3);
-    prop('w', draw_well(), 3);
-    prop('M', draw_stall(), 3);
-    prop('L', draw_lamp(), 2);
-    prop('n', draw_sign());
-    prop('p', draw_flower_bed());
-    prop('o', indoor::draw_barrel(), 1);
-    prop('b', draw_bush());
-    prop('s', draw_stump());
-    prop('r', draw_rock(false));
-    prop('R', draw_rock(true));
-    prop('l', draw_log());
-    const auto tree = [&](char letter, const Picture& picture) {
-        trees.emplace(
-            letter, std::pair{part(table, picture, 0, crown_height), part(table, picture, 40, 24)});
-    };
-    tree('T', draw_tree(tree_row, 0));
-    tree('Y', draw_tree(tree_row, 1));
-    tree('B', draw_tree(blue_house_row, 0));
-    tree('P', draw_conifer(red_house_row));
+template <int row, int variant>
+Picture crown() {
+    return part(draw_tree(row, variant), 0, 48);
 }
-
-/// Grass without marks where the foot of a tree may lie.
-bool by_tree(const OutdoorArt& art, const Plan& plan, int x, int y) {
-    for (int j = y; j <= y + 1; ++j)
-        for (int i = x - 1; i <= x + 1; ++i)
-            if (art.trees.contains(plan.at(i, j)))
-                return true;
-    return false;
-}
-
-void paint_outdoors(OutdoorArt& art, MapCanvas& canvas, const Plan& plan) {
-    for (int y = 0; y < plan.height; ++y)
-        for (int x = 0; x < plan.width; ++x) {
-            const bool flowers = plan.is(x, y, ",");
-            const int kind = flowers ? 8 + scatter(x / 3, y / 3, 3, 4) : scatter(x, y, 2, 8);
-            canvas.ground(1, x, y,
-                          art.meadow.tile({255}, by_tree(art, plan, x, y) ? plain_grass : kind));
-        }
-    art.tall_grass.paint(canvas, 1, plan, "\"", "\"", 1);
-    art.path.paint(canvas, 1, plan, ":g", ":=cg", 4);
-    art.paving.paint(canvas, 1, plan, "cFM", "cFM", 2);
-    art.field.paint(canvas, 1, plan, "t", "t", 2);
-    art.water.paint(canvas, 1, plan, "~=", "~=", 1);
-    art.hedge.paint(canvas, 0, plan, "h", "h", 1);
-    art.fence.paint(canvas, 0, plan, "f", "f", 1);
-    for (int y = 0; y < plan.height; ++y)
-        for (int x = 0; x < plan.width; ++x) {
-            const char letter = plan.at(x, y);
-            if (letter == '=')
-                canvas.stamp(0, 16 * x, 16 * y, art.bridge);
-            if (const auto tree = art.trees.find(letter); tree != art.trees.end()) {
-                const auto& [crown, trunk] = tree->second;
-                canvas.stamp(1, 16 * x - 16, 16 * y - 8, trunk);
-                canvas.stamp(0, 16 * x - 16, 16 * y - 48, crown, crown.height);
-            }
-        }
-    paint_props(art.props, canvas, plan);
-    canvas.sink_deep_tops();
+template <int row, int variant>
+Picture foot() {
+    return part(draw_tree(row, variant), 40, 24);
 }
 
 // clang-format off
-Plan town_square() {
+constexpr GroundArt grounds[] = {
+    // letters  joins    draw            variants layer patch feet
+    {"",        "",      meadow,         8},
+    {",",       "",      flowers,        4,       1,    3},
+    {"TYBP",    "",      foot_grass,     1,       1,    1,    true},
+    {"\"",      "\"",    draw_tall_grass},
+    {":g",      ":=cg",  draw_path,      3},
+    {"cFM",     "cFM",   draw_paving,    2},
+    {"t",       "t",     draw_field,     2},
+    {"~=",      "~=",    draw_water},
+    {"h",       "h",     draw_hedge,     1,       0},
+    {"f",       "f",     draw_fence,     1,       0},
+};
+constexpr PropArt props[] = {
+    // letter, picture, high, layer, left, up
+    {'T', crown<tree_row, 0>, 48, 0, 16, 16},       {'T', foot<tree_row, 0>, 0, 1, 16},
+    {'Y', crown<tree_row, 1>, 48, 0, 16, 16},       {'Y', foot<tree_row, 1>, 0, 1, 16},
+    {'B', crown<blue_house_row, 0>, 48, 0, 16, 16}, {'B', foot<blue_house_row, 0>, 0, 1, 16},
+    {'P', [] { return part(draw_conifer(red_house_row), 0, 48); }, 48, 0, 16, 16},
+    {'P', [] { return part(draw_conifer(red_house_row), 40, 24); }, 0, 1, 16},
+    {'H', [] { return draw_house({red_house_row, 80, true, false}); }, 56},
+    {'I', [] { return draw_house({blue_house_row, 112, true, true}); }, 56},
+    {'J', [] { return draw_house({blue_house_row, 80, false, false}); }, 56},
+    {'F', draw_fountain, 24}, {'w', draw_well, 24}, {'M', draw_stall, 24}, {'L', draw_lamp, 16},
+    {'n', draw_sign}, {'p', draw_flower_bed}, {'o', indoor::draw_barrel, 8}, {'=', draw_bridge},
+    {'b', draw_bush}, {'s', draw_stump},
+    {'r', [] { return draw_rock(false); }}, {'R', [] { return draw_rock(true); }},
+};
+
+Plan town_plan(int layout, int width, int height, Random& random) {
+    if (layout != 0)
+        return village_plan(layout, width, height, random);
     return drawn_plan({
         "T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.T.",
         "..............................,.................................",
-        "T.........T.............T.......T...............T...........T.T.",
+        "T........T..............T.......T...............T...........T.T.",
         "............................................,,..................",
-        "T.........T.........T.....................T.T.................T.",
+        "T........T..........T.........................T...............T.",
         ".,.....................,,.......................................",
-        "T.........T.........T............................T............T.",
-        ".........,,........................,............................",
-        "...H____..,I______..bT...,_______.....bJ____..T....I______...b..",
+        "T........T..........T............................T............T.",
+        "..........,........................,............................",
+        "...H____.,.I______...bT....H____.....b.J____..T....I______...b..",
         ".bp..:.pb.bp..:.pb.........p.:..pb.....p.:..p.....pp..:.pp.b....",
         ".....:.n......:..........b...:..........n:............:.........",
         "..L..:........:....L.........:....L......:....L.......:......L..",
         "::::::::::::::::::::::::ccccccccccccc:::::::::::::::::::::::::::",
         "::::::::::::::::::::::::ccccccccccccc:::::::::::::::::::::::::::",
-        "..L......:.........L.:..cccccccccccccc.L..........:.L......,....",
+        "..L......:.........L.:..ccccccccccccc..L..........:.L......,....",
         ".........:...ffffffffff.cMcccFccccMcc.............:.............",
         "..~~~~...:...ftttgtttf.....cccccc......hhhhhhhhh..:.....~~~~....",
         ".~~~~~~..:...ftttgtttf.....cccccc......hp,,,,,ph..:...~~~~~~~...",
@@ -139,20 +98,7 @@ Plan town_square() {
 
 } // namespace
 
-Scenery town_scenery(BlockTable& table) {
-    const auto art = std::make_shared<OutdoorArt>(table);
-    return {{water_frames()},
-            [](int layout, int width, int height, Random& random) {
-                return layout == 0 ? town_square() : village_plan(layout, width, height, random);
-            },
-            [art](MapCanvas& canvas, const Plan& plan) { paint_outdoors(*art, canvas, plan); }};
-}
-
-Scenery forest_scenery(BlockTable& table) {
-    const auto art = std::make_shared<OutdoorArt>(table);
-    return {{water_frames()}, woodland_plan, [art](MapCanvas& canvas, const Plan& plan) {
-                paint_outdoors(*art, canvas, plan);
-            }};
-}
+const PlaceArt town_art{water_frames, town_plan, nullptr, grounds, props};
+const PlaceArt forest_art{water_frames, woodland_plan, nullptr, grounds, props};
 
 } // namespace veldrune::demo

@@ -53,15 +53,13 @@ Picture draw_tree(int row, int variant) {
     draw_trunk(picture, 24, 38, 61, 5, row);
     Picture crown(48, 64);
     draw_foliage(crown, crowns[variant], leaves(row));
-    Picture rim = crown;
-    rim.outline(leaves(row)[0]);
-    // The rim stays light towards the sun.
-    crown.fill(0, 0, 48, 64, [&](int x, int y) -> Pixel {
-        const bool shaded =
-            crown.at(x, y) != 0 && (crown.at(x + 1, y) == 0 || crown.at(x, y + 1) == 0);
-        return shaded || x + y > 78 ? std::min(rim.at(x, y), crown.at(x, y)) : Pixel{0};
-    });
+    // A dark rim away from the light.
     picture.draw(crown, 0, 0);
+    picture.fill(0, 0, 48, 48, [&](int x, int y) {
+        const bool rim = crown.at(x + 1, y) == 0 || crown.at(x, y + 1) == 0 ||
+                         (x + y > 78 && (crown.at(x - 1, y) == 0 || crown.at(x, y - 1) == 0));
+        return rim && crown.at(x, y) != 0 ? leaves(row)[0] : Pixel{0};
+    });
     return picture;
 }
 
@@ -126,19 +124,6 @@ Picture draw_rock(bool large) {
         const bool top = up > r - 1 + dx / 3, shaded = dx > r / 3 - (up - r) / 3;
         return ramp[top ? (dx < 0 ? 5 : 4) : shaded ? 1 + (up > 3) : (x + y) % 6 == 0 ? 2 : 3];
     });
-    return picture;
-}
-
-Picture draw_log() {
-    Picture picture(32, 16);
-    draw_shadow(picture, 16, 12, 15, 3, tree_row);
-    const Ramp ramp = bark(tree_row);
-    picture.fill(3, 4, 26, 9, [=](int x, int y) {
-        return ramp[3 - (y - 4) / 3 - ((x * 3 + y / 2) % 7 == 0 ? 1 : 0) - (y == 12 ? 1 : 0)];
-    });
-    picture.draw(sprite(tree_row, {".777.", "7aaa7", "7a9a7", "79897", "79897", "7a9a7", "7aaa7",
-                                   "7aaa7", ".777."}),
-                 1, 4);
     return picture;
 }
 

@@ -18,14 +18,10 @@ void Picture::draw(const Picture& top, int x, int y) {
     fill(x, y, top.width, top.height, [&](int i, int j) { return top.at(i - x, j - y); });
 }
 
-void Picture::outline(Pixel edge) {
-    const Picture before = *this;
-    fill(0, 0, width, height, [&](int x, int y) {
-        const bool rim =
-            before.at(x, y) != 0 && (before.at(x + 1, y) == 0 || before.at(x, y + 1) == 0 ||
-                                     before.at(x - 1, y) == 0 || before.at(x, y - 1) == 0);
-        return rim ? edge : Pixel{0};
-    });
+Picture part(const Picture& picture, int top, int height) {
+    Picture result(picture.width, height);
+    result.draw(picture, 0, -top);
+    return result;
 }
 
 Picture mirrored(const Picture& picture, bool across, bool upside_down) {

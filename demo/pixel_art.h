@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -55,10 +56,10 @@ struct Picture {
                 if (const Pixel pixel = shade(i, j); pixel != 0)
                     set(i, j, pixel);
     }
-    /// Darkens the pixels whose lower or right neighbour is empty, and puts edge on them.
-    void outline(Pixel edge);
 };
 
+/// height rows of a picture from top on.
+Picture part(const Picture& picture, int top, int height);
 Picture mirrored(const Picture& picture, bool across, bool upside_down);
 
 /// A small picture in one palette row: each hexadecimal digit is the value of a pixel.

@@ -31,8 +31,9 @@ void wander(Plan& plan, int from, int to, int y, int thickness, char letter, std
 void disc(Plan& plan, int cx, int cy, int rx, int ry, char letter) {
     for (int y = std::max(0, cy - ry); y <= std::min(plan.height - 1, cy + ry); ++y)
         for (int x = std::max(0, cx - rx); x <= std::min(plan.width - 1, cx + rx); ++x) {
-            const int dx = ry * (x - cx), dy = rx * (y - cy);
-            if (dx * dx + dy * dy <= rx * rx * ry * ry * 5 / 4)
+            const int dx = (2 * ry + 1) * (x - cx), dy = (2 * rx + 1) * (y - cy);
+            const int edge = (2 * rx + 1) * (2 * ry + 1);
+            if (3 * (dx * dx + dy * dy) <= edge * edge)
                 plan.at(x, y) = letter;
         }
 }
@@ -73,9 +74,10 @@ void adorn(Plan& plan, std::string_view things, int rarity, Random& random) {
 
 /// Every eighth layout has bare ground in its eastern half, which its layer 1 then leaves out.
 void clear_east(Plan& plan, int layout) {
+    const int half = plan.width / 2;
     for (int y = 0; layout % 8 == 5 && y < plan.height; ++y)
-        for (int x = plan.width / 2 - 1; x < plan.width; ++x)
-            if (!plan.is(x, y, ".,\":~c"))
+        for (int x = std::max(half - 6, 0); x < plan.width; ++x)
+            if (plan.is(x, y, "HIJ_") || (x >= half - 1 && !plan.is(x, y, ".,\":~c")))
                 plan.at(x, y) = '.';
 }
 
@@ -85,7 +87,7 @@ Plan drawn_plan(std::initializer_list<std::string_view> rows) {
     Plan plan(static_cast<int>(rows.begin()->size()), static_cast<int>(rows.size()), '.');
     plan.letters.clear();
     for (const std::string_view row : rows)
-        plan.letters += row;
+        plan.letters.append(row);
     return plan;
 }
 
@@ -167,9 +169,11 @@ Plan cavern_plan(int layout, int width, int height, Random& random) {
                 y += y < to_y ? 1 : -1;
             disc(plan, x, y, 1 + (x + y) / 5 % 2, 3, '.');
         }
-        disc(plan, x, y, random.between(4, 7), random.between(4, 5), '.');
-        if (!random.one_in(3))
-            disc(plan, x, y + 1, random.between(2, 3), 2, "~~Og"[random.below(4)]);
+        const int rx = random.between(4, 7), ry = random.between(4, 5);
+        disc(plan, x, y, rx, ry, '.');
+        const int feature = random.below(6);
+        if (feature < 4)
+            disc(plan, x, y + 1, rx / 2, 2, "~~Og"[feature]);
     }
     plan.rect(0, 0, width, 2, '#');
     plan.rect(0, height - 2, width, 2, '#');
@@ -179,7 +183,7 @@ Plan cavern_plan(int layout, int width, int height, Random& random) {
     const auto seed = static_cast<std::uint32_t>(random.below(1 << 20));
     for (y = 0; y < height; ++y)
         for (x = 0; x < width; ++x)
-            if (all(plan, x, y - 2, 1, 3, ".g") && field(x, y, 5, seed) > 185)
+            if (all(plan, x, y - 2, 1, 3, ".g") && field(x, y, 5, seed) > 200)
                 plan.at(x, y) = 'g';
     for (y = 3; y < height - 1; ++y)
         for (x = 1; x < width - 1; ++x) {
@@ -230,6 +234,8 @@ Plan rooms_plan(int width, int height, int wall_height, std::span<const Furnishi
                 plan.rect(x + 12, y + 5, 8, wall_height + 3, '.');
             if (y + 16 < height)
                 plan.rect(x + 7, y + 11, 2, 9, '.');
+            if (y > 0)
+                plan.rect(x + 7, y, 2, wall_height + 1, '_'); // the way in stays free
             furnish(plan, room, wall_height, furniture, random);
         }
     return plan;

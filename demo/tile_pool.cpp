@@ -145,7 +145,6 @@ Character CharacterPool::find(const Block& block) {
         append_planes(graphics_, shape);
         place = numbers_.find(shape);
     }
-    replaced_ += place == numbers_.end();
     const auto [number, flips] = place != numbers_.end() ? place->second : nearest(shape);
     const int attribute = number >> 8 | row_of(block) << 2 | flips;
     return {static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(attribute)};
@@ -170,7 +169,6 @@ std::uint8_t FormationPool::find(const Quadrants& quadrants) {
         list_.push_back(quadrants);
         return numbers_[quadrants] = static_cast<std::uint8_t>(list_.size() - 1);
     }
-    ++replaced_;
     std::pair<int, std::size_t> best{5, 0};
     for (std::size_t number = 0; number < list_.size(); ++number) {
         int different = 0;

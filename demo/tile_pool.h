@@ -70,10 +70,9 @@ class CharacterPool {
     const std::vector<std::uint8_t>& graphics() const { return graphics_; }
     /// 128 bytes a frame, four frames a tile.
     const std::vector<std::uint8_t>& animated_graphics() const { return animated_; }
-    int used() const { return static_cast<int>(shapes_.size()); }
-    int replaced() const { return replaced_; }
 
   private:
+    int used() const { return static_cast<int>(shapes_.size()); }
     void remember(const Block& shape, int number);
     std::pair<int, std::uint8_t> nearest(const Block& shape) const;
 
@@ -81,7 +80,6 @@ class CharacterPool {
     std::vector<std::uint8_t> graphics_;
     std::vector<std::uint8_t> animated_;
     std::unordered_map<Block, std::pair<int, std::uint8_t>, BlockHash> numbers_;
-    int replaced_ = 0;
 };
 
 /// The formations of one layer: four characters each. Formation 0 is empty.
@@ -93,13 +91,10 @@ class FormationPool {
     std::uint8_t find(const Quadrants& quadrants);
     /// 2048 bytes: tile bytes of the four quadrants, then their attribute bytes.
     std::vector<std::uint8_t> bytes() const;
-    int used() const { return static_cast<int>(list_.size()); }
-    int replaced() const { return replaced_; }
 
   private:
     std::vector<Quadrants> list_{Quadrants{}};
     std::map<Quadrants, std::uint8_t> numbers_;
-    int replaced_ = 0;
 };
 
 } // namespace veldrune::demo

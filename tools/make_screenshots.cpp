@@ -46,9 +46,17 @@ constexpr Shot shots[] = {
     {"markers.png",      demo_map::town,        Scene::markers},
     {"tile-chooser.png", demo_map::town,        Scene::chooser},
 };
-/// The object window on each of its tabs.
-constexpr const char* tab_files[object_tab_count] = {
-    "object-npc.png", "object-chest.png", "object-event.png", "object-entrance.png", "object-long-entrance.png",
+/// The object window, on each tab with the first object of that kind on a map that has some.
+struct TabShot {
+    const char* file;
+    int map;
+};
+constexpr TabShot tab_shots[object_tab_count] = {
+    {"object-npc.png",           demo_map::town},
+    {"object-chest.png",         demo_map::cave},
+    {"object-event.png",         demo_map::town},
+    {"object-entrance.png",      demo_map::town},
+    {"object-long-entrance.png", demo_map::town},
 };
 // clang-format on
 
@@ -132,24 +140,28 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     return write(stage.window.grab(), file);
 }
 
-/// Clicks through the town until an object opens; then every tab has the town's first record.
+/// Clicks all over the map, until an object opens.
+QWidget* open_object_window(const test::WindowDriver& user) {
+    for (int tile = 0; tile < 256 && !window_of("Form10"); ++tile)
+        user.click_picture(tile % 16 * 32 + 8, tile / 16 * 32 + 8);
+    return window_of("Form10");
+}
+
 bool take_object_tabs(const QString& image, const QString& folder) {
     const Stage stage(image);
     stage.show_objects();
-    stage.build(demo_map::town);
-    for (int tile = 0; tile < 256 && !window_of("Form10"); ++tile)
-        stage.user.click_picture(tile % 16 * 32 + 8, tile / 16 * 32 + 8);
-    QWidget* window = window_of("Form10");
-    if (!window) {
-        std::fputs("no object shows in the town\n", stderr);
-        return false;
-    }
-    auto& tabs = *window->findChild<QTabBar*>();
     bool written = true;
     for (int tab = 0; tab < object_tab_count; ++tab) {
+        stage.build(tab_shots[tab].map);
+        QWidget* window = open_object_window(stage.user);
+        if (!window) {
+            std::fputs("no object shows on the map\n", stderr);
+            return false;
+        }
+        auto& tabs = *window->findChild<QTabBar*>();
         QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
         QTest::qWait(20);
-        written = write(window->grab(), folder + "/" + tab_files[tab]) && written;
+        written = write(window->grab(), folder + "/" + tab_shots[tab].file) && written;
     }
     return written;
 }

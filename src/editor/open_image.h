@@ -10,12 +10,8 @@ namespace veldrune {
 void open_image(EditorState& state);
 
 /// Opens the image at path in the place of the open one and enables the map list. Where that fails
-/// the former image is opened again and nothing is said.
+/// the former image stays open and nothing is said.
 void open_image_file(EditorState& state, const std::string& path);
-
-/// Closes the open file and opens path, or, where that fails, the former file again. Nothing else
-/// changes. True where path is open.
-bool switch_image(EditorState& state, const std::string& path);
 
 /// Shows path as that of the open image.
 void take_over_path(EditorState& state, const std::string& path);

@@ -44,6 +44,15 @@ void load_map_fields(EditorState& state) {
 
 } // namespace
 
+void tell_read_refusal(EditorState& state) {
+    if (!state.rom.take_read_refusal())
+        return;
+    state.map_source.reset();
+    state.dialogs.message("Reading " + state.rom.path() + " failed. What is shown of this map is " +
+                              "not what the image holds, and it can't be saved.",
+                          "Error");
+}
+
 void show_map_fields(EditorState& state) {
     show_record(state.rom, state.map_properties, state.form1);
     show_monster_set(state.rom, state.map_index, state.form1);
@@ -56,6 +65,7 @@ void select_map(EditorState& state) {
         return;
     form.Picture3.fill(0);
     enable_map_fields(form);
+    state.rom.take_read_refusal(); // of a reading before
     state.map_index = form.Combo1;
     state.map_source = MapSource{state.rom.identity(), state.rom.path()};
     read_map_properties(state);
@@ -66,6 +76,7 @@ void select_map(EditorState& state) {
     if (form.Combo1 > 0)
         state.map_selected = true;
     load_map_fields(state);
+    tell_read_refusal(state);
 }
 
 } // namespace veldrune

@@ -4,7 +4,8 @@
 #include "rom/number_text.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
+#include <iterator>
 
 namespace veldrune {
 namespace {
@@ -33,7 +34,9 @@ bool map_ready(const EditorState& state) {
     return state.rom_open && state.map_selected;
 }
 
-void compose_and_overlay(EditorState& state) {
+void on_zoom_change(EditorState& state) {
+    if (!map_ready(state))
+        return;
     compose_view(state);
     draw_overlays(state);
 }
@@ -45,7 +48,8 @@ void scroll_view(EditorState& state) {
     state.last_v = view.v;
 }
 
-void show_scrolled(EditorState& state) {
+void on_scroll(EditorState& state, void (*set_bar_maximum)(EditorState&)) {
+    set_bar_maximum(state);
     if (!state.view_stale)
         scroll_view(state);
     else if (any_layer_shown(state.form1))
@@ -59,12 +63,10 @@ void set_zoom(EditorState& state, float zoom) {
     constexpr float farthest = 2.0f;
     if (zoom >= closest && zoom <= farthest) {
         char text[16];
-        std::snprintf(text, sizeof text, "%g", static_cast<double>(zoom));
         state.zoom = zoom;
-        state.form1.Text4 = text;
+        state.form1.Text4.assign(text, std::to_chars(text, std::end(text), zoom).ptr);
     }
-    if (map_ready(state))
-        compose_and_overlay(state);
+    on_zoom_change(state);
 }
 
 } // namespace
@@ -122,13 +124,11 @@ void set_row_maximum(EditorState& state) {
 }
 
 void on_h_scroll(EditorState& state) {
-    set_column_maximum(state);
-    show_scrolled(state);
+    on_scroll(state, set_column_maximum);
 }
 
 void on_v_scroll(EditorState& state) {
-    set_row_maximum(state);
-    show_scrolled(state);
+    on_scroll(state, set_row_maximum);
 }
 
 void zoom_in(EditorState& state) {

@@ -34,6 +34,7 @@ void draw_sprite_preview(const RomImage& rom, std::int64_t graphics_offset, std:
         decode_character(graphics, 0, colours,
                          pixels.data() + k / 2 * 8 * sprite_width + k % 2 * 8);
     }
+    form.Picture1.fill(0);
     constexpr int scale = sprite_picture_width / sprite_width;
     enlarge_pixels(pixels.data(), sprite_width, sprite_width, shape.picture_height / scale, scale,
                    form.Picture1.data(), sprite_picture_width);

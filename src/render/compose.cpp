@@ -50,7 +50,7 @@ constexpr Colour mean(Colour c, Colour d) {
 
 /// p with layer 3's colour c over it.
 template <Layer3Blend blend>
-constexpr Colour layer3_over(Colour c, Colour p) {
+constexpr Colour blend_layer3(Colour c, Colour p) {
     return c ? (blend == Layer3Blend::half ? mean(c, p) : c) : p;
 }
 
@@ -65,15 +65,15 @@ template <int layer3_order, Layer3Blend blend>
             const std::size_t i = 16 * y + x;
             Colour p = 0;
             if (layer3_order == 0)
-                p = layer3_over<blend>(cell.layer3[i], p);
+                p = blend_layer3<blend>(cell.layer3[i], p);
             p = over(cell.layer2_low[i], p);
             if (layer3_order == 1)
-                p = layer3_over<blend>(cell.layer3[i], p);
+                p = blend_layer3<blend>(cell.layer3[i], p);
             p = over(cell.layer1_low[i], p);
             p = over(cell.layer2_high[i], p);
             p = over(cell.layer1_high[i], p);
             if (layer3_order == 2)
-                p = layer3_over<blend>(cell.layer3[i], p);
+                p = blend_layer3<blend>(cell.layer3[i], p);
             row[x] = p;
         }
         std::copy(row.begin(), row.end(), out);

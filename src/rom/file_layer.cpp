@@ -1,6 +1,8 @@
 #include "rom/file_layer.h"
 
+#include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -12,6 +14,15 @@ FileIdentity identity_from(const struct stat& status) {
     return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
 }
 
+// Repeats a system call that a signal has interrupted.
+template <typename Call>
+ssize_t uninterrupted(Call call) {
+    ssize_t result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
 // The standard library can't tell which file stands behind a name that has changed since it was
 // opened, and reports a full disk late. The system's own calls do both.
 class DiskFile : public File {
@@ -21,42 +32,37 @@ class DiskFile : public File {
     DiskFile(const DiskFile&) = delete;
     DiskFile& operator=(const DiskFile&) = delete;
 
-    std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> bytes) override {
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count = ::pread(descriptor_, bytes.data() + done, bytes.size() - done,
-                                          offset + static_cast<std::int64_t>(done));
-            if (count <= 0)
-                break;
-            done += static_cast<std::size_t>(count);
-        }
-        return done;
+    std::optional<std::size_t> read_at(std::int64_t offset,
+                                       std::span<std::uint8_t> bytes) override {
+        const ssize_t count =
+            uninterrupted([&] { return ::pread(descriptor_, bytes.data(), bytes.size(), offset); });
+        if (count < 0)
+            return std::nullopt;
+        return static_cast<std::size_t>(count);
     }
 
     bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count = ::pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
-                                           offset + static_cast<std::int64_t>(done));
+        while (!bytes.empty()) {
+            const ssize_t count = uninterrupted(
+                [&] { return ::pwrite(descriptor_, bytes.data(), bytes.size(), offset); });
             if (count <= 0)
                 return false;
-            done += static_cast<std::size_t>(count);
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+            offset += count;
         }
         return true;
     }
 
-    std::int64_t size() override { return status().st_size; }
+    bool flush() override { return ::fsync(descriptor_) == 0; }
 
-    FileIdentity identity() override { return identity_from(status()); }
-
-  private:
-    struct stat status() const {
+    std::optional<FileStatus> status() override {
         struct stat status {};
         if (::fstat(descriptor_, &status) != 0)
-            status = {};
-        return status;
+            return std::nullopt;
+        return FileStatus{identity_from(status), status.st_size, status.st_mode & 0777u};
     }
 
+  private:
     int descriptor_;
 };
 
@@ -65,11 +71,13 @@ class Disk : public FileLayer {
     std::unique_ptr<File> open(const std::string& path) override {
         return file_of(::open(path.c_str(), O_RDWR | O_CLOEXEC));
     }
-    std::unique_ptr<File> create(const std::string& path) override {
-        return file_of(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    std::unique_ptr<File> create(const std::string& path, unsigned permissions) override {
+        return file_of(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
     }
     bool rename(const std::string& from, const std::string& to) override {
-        return ::rename(from.c_str(), to.c_str()) == 0;
+        std::error_code none;
+        const std::filesystem::path target = std::filesystem::canonical(to, none);
+        return ::rename(from.c_str(), none ? to.c_str() : target.c_str()) == 0;
     }
     void remove(const std::string& path) override { ::unlink(path.c_str()); }
     std::optional<FileIdentity> identity_of(const std::string& path) override {
@@ -85,17 +93,15 @@ class Disk : public FileLayer {
     }
 };
 
-// A read that fails is told from the end of the file by the file's size.
-bool copy_bytes(File& from, File& to) {
+bool copy_bytes(File& from, std::int64_t size, File& to) {
     std::vector<std::uint8_t> block(0x100000);
-    const std::int64_t size = from.size();
     for (std::int64_t offset = 0; offset < size;) {
-        const std::size_t count = from.read_at(offset, block);
+        const std::size_t count = from.read_at(offset, block).value_or(0);
         if (count == 0 || !to.write_at(offset, std::span(block).first(count)))
             return false;
         offset += static_cast<std::int64_t>(count);
     }
-    return true;
+    return to.flush();
 }
 
 } // namespace
@@ -105,13 +111,14 @@ std::unique_ptr<FileLayer> make_disk() {
 }
 
 bool copy_file(FileLayer& files, File& from, const std::string& to) {
+    const std::optional<FileStatus> status = from.status();
     std::string part = to + ".part";
     for (int number = 1; files.identity_of(part); ++number)
         part = to + ".part" + std::to_string(number);
-    std::unique_ptr<File> target = files.create(part);
+    std::unique_ptr<File> target = status ? files.create(part, status->permissions) : nullptr;
     if (!target)
         return false;
-    const bool copied = copy_bytes(from, *target);
+    const bool copied = copy_bytes(from, status->size, *target);
     target.reset();
     if (copied && files.rename(part, to))
         return true;

@@ -15,18 +15,26 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+struct FileStatus {
+    FileIdentity identity;
+    std::int64_t size = 0;
+    unsigned permissions = 0; // as the system has them
+};
+
 /// One open file. Closed when destroyed. Offsets are 0-based bytes.
 class File {
   public:
     virtual ~File() = default;
-    /// Reads up to bytes.size() bytes and returns how many came: fewer at the end of the file or
+    /// Reads up to bytes.size() bytes and returns how many came, 0 at the end of the file. Nothing
     /// where the disk refuses.
-    virtual std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
+    virtual std::optional<std::size_t> read_at(std::int64_t offset,
+                                               std::span<std::uint8_t> bytes) = 0;
     /// Writes all of bytes, extending the file where they reach beyond its end. False where any
     /// of them could not be written.
     virtual bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
-    virtual std::int64_t size() = 0;
-    virtual FileIdentity identity() = 0;
+    /// False where what was written may not have reached the disk.
+    virtual bool flush() = 0;
+    virtual std::optional<FileStatus> status() = 0;
 };
 
 /// The disk, as far as the program needs it. Tests put one in its place that fails on demand.
@@ -36,8 +44,9 @@ class FileLayer {
     /// An existing file, for reading and writing. Null where that can't be had.
     virtual std::unique_ptr<File> open(const std::string& path) = 0;
     /// A new, empty file. Null where the name is taken or the file can't be made.
-    virtual std::unique_ptr<File> create(const std::string& path) = 0;
-    /// Gives the file at from the name to, in the place of what had that name.
+    virtual std::unique_ptr<File> create(const std::string& path, unsigned permissions) = 0;
+    /// Gives the file at from the name to, in the place of what had that name. Where to is a link,
+    /// what it leads to is replaced.
     virtual bool rename(const std::string& from, const std::string& to) = 0;
     virtual void remove(const std::string& path) = 0;
     /// The file behind a name, or nothing where there is none.

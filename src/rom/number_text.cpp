@@ -11,15 +11,17 @@ namespace veldrune {
 namespace {
 
 void normalise(std::string& text) {
-    std::string kept;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
-            ++i;
-        else if (c != ' ')
-            kept += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-    text = kept;
+    std::erase(text, ' ');
+    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at))
+        text.erase(at, 2);
+    for (char& c : text)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+}
+
+// Whether c goes on with a character that began before it, as texts in UTF-8 have them.
+bool continues_character(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
 std::optional<std::uint32_t> hex_digit(char c) {
@@ -42,13 +44,16 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
     const std::string digits = text;
     std::uint32_t value = 0;
     std::uint32_t digit = 0; // of a bad character: the one to its right
-    for (std::size_t place = 0; place < digits.size(); ++place) {
-        const std::optional<std::uint32_t> good = hex_digit(digits[digits.size() - 1 - place]);
+    int place = 0;
+    for (auto c = digits.rbegin(); c != digits.rend(); ++c) {
+        if (continues_character(*c))
+            continue;
+        const std::optional<std::uint32_t> good = hex_digit(*c);
         if (!good)
             dialogs.message("The number " + digits + " you've entered is not valid hex", "Warning");
         digit = good.value_or(digit);
         if (place < 8)
-            value |= digit << (4 * place);
+            value |= digit << (4 * place++);
     }
     return static_cast<std::int32_t>(value);
 }

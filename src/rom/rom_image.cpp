@@ -2,20 +2,57 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 namespace veldrune {
 
 bool RomImage::open(const std::string& path) {
-    close();
-    file_ = files_.open(path);
-    if (file_)
-        path_ = path;
-    return is_open();
+    std::unique_ptr<File> file = files_.open(path);
+    if (!file)
+        return false;
+    file_ = std::move(file);
+    path_ = path;
+    return true;
 }
 
-void RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
-    const std::size_t count = file_ && offset >= 0 ? file_->read_at(offset, bytes) : 0;
-    std::ranges::fill(bytes.subspan(count), std::uint8_t{0xFF});
+std::optional<FileStatus> RomImage::status() const {
+    return file_ ? file_->status() : std::nullopt;
+}
+
+FileIdentity RomImage::identity() const {
+    return status().value_or(FileStatus{}).identity;
+}
+
+std::optional<std::int64_t> RomImage::size() const {
+    const std::optional<FileStatus> known = status();
+    return known ? std::optional(known->size) : std::nullopt;
+}
+
+bool RomImage::is_file(const std::string& path) const {
+    return file_ && files_.identity_of(path) == identity();
+}
+
+bool RomImage::copy_to(const std::string& path) const {
+    return file_ && copy_file(files_, *file_, path);
+}
+
+bool RomImage::take_read_refusal() {
+    return std::exchange(read_refused_, false);
+}
+
+std::size_t RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
+    const std::size_t wanted = bytes.size();
+    while (file_ && offset >= 0 && !bytes.empty()) {
+        const std::optional<std::size_t> count = file_->read_at(offset, bytes);
+        read_refused_ |= !count;
+        if (count.value_or(0) == 0)
+            break;
+        bytes = bytes.subspan(*count);
+        offset += static_cast<std::int64_t>(*count);
+    }
+    std::ranges::fill(bytes, std::uint8_t{0xFF});
+    return wanted - bytes.size();
 }
 
 std::uint8_t RomImage::read_byte(std::int64_t offset) const {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -11,35 +12,35 @@ namespace veldrune {
 
 /// The one open image file. Offsets are 0-based file offsets, the 0x200-byte copier header
 /// included; words and pointers are little-endian. There is no cache: what is written is in the
-/// file when the call returns. A read outside the file, or with no file open, yields 0xFF.
+/// file when the call returns. A read outside the file, or with no file open, yields 0xFF; so does
+/// one that the disk refuses, which take_read_refusal tells.
 class RomImage {
   public:
     explicit RomImage(FileLayer& file_layer) : files_(file_layer) {}
 
-    /// Opens path for reading and writing in the place of the file that was open. On failure no
-    /// file is open.
+    /// Opens path for reading and writing in the place of the file that was open. On failure that
+    /// one stays open.
     bool open(const std::string& path);
-    void close() { file_.reset(); }
     bool is_open() const { return file_ != nullptr; }
-    /// The path of the open file, or of the one that was open last.
+    /// The path of the open file.
     const std::string& path() const { return path_; }
     /// The file behind the open handle, whatever its name is by now.
-    FileIdentity identity() const { return file_ ? file_->identity() : FileIdentity{}; }
+    FileIdentity identity() const;
     /// Whether path names the open file.
-    bool is_file(const std::string& path) const {
-        return file_ && files_.identity_of(path) == file_->identity();
-    }
-    /// Bytes of the open file, 0 without one.
-    std::int64_t size() const { return file_ ? file_->size() : 0; }
+    bool is_file(const std::string& path) const;
+    /// Bytes of the open file. Nothing without one, or where the disk does not tell.
+    std::optional<std::int64_t> size() const;
     /// Copies the open file to path. On failure nothing has changed there.
-    bool copy_to(const std::string& path) const { return file_ && copy_file(files_, *file_, path); }
+    bool copy_to(const std::string& path) const;
+    /// Whether the disk has refused a read since this was asked last.
+    bool take_read_refusal();
 
     std::uint8_t read_byte(std::int64_t offset) const;
     std::uint16_t read_word(std::int64_t offset) const;
     /// 24 bits: three bytes, the lowest first.
     std::int32_t read_pointer24(std::int64_t offset) const;
-    /// Fills all of bytes from offset on.
-    void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+    /// Fills all of bytes from offset on. Returns how many of them the file holds.
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
 
     /// False where the bytes could not be written; some of them may then stand in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
@@ -48,9 +49,12 @@ class RomImage {
     bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
+    std::optional<FileStatus> status() const;
+
     FileLayer& files_;
     std::unique_ptr<File> file_;
     std::string path_;
+    mutable bool read_refused_ = false;
 };
 
 } // namespace veldrune

@@ -29,25 +29,43 @@ bool is_missing(const Form1& form, int index) {
     return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
 }
 
-// The size of the layer as it will be saved, or nothing where it can't be, which is told.
-std::optional<LayerSize> saved_size(const Form1& form, int index, const Layer& layer,
-                                    Dialogs& dialogs) {
-    if (is_missing(form, index))
-        return LayerSize{missing_layer3_side, missing_layer3_side};
+// The size of the layer as it is saved. read takes a number from a field.
+template <typename Read>
+LayerSize saved_size(const Form1& form, int index, Read read) {
     const LayerControls& controls = layer_controls[index];
-    const LayerSize size{parse_decimal_text(form.*controls.width, dialogs).value,
-                         parse_decimal_text(form.*controls.height, dialogs).value};
+    const LayerSize size{read(form.*controls.width).value, read(form.*controls.height).value};
+    return is_missing(form, index) ? LayerSize{missing_layer3_side, missing_layer3_side} : size;
+}
+
+LayerSize told_size(const Form1& form, int index, Dialogs& dialogs) {
+    return saved_size(form, index,
+                      [&](const std::string& text) { return parse_decimal_text(text, dialogs); });
+}
+
+// Why the layer can't be saved, or an empty text.
+std::string obstacle(const Form1& form, int index, const Layer& layer) {
+    const LayerSize size = saved_size(form, index, decimal_number);
     const std::int64_t tiles = std::int64_t{size.width} * size.height;
-    if (layer.rows_missing)
-        refuse(index, "it is 128 tiles high, and only 64 of its rows could be loaded.", dialogs);
-    else if (tiles <= 0 || tiles > max_tiles)
-        refuse(index,
-               "it must have from 1 to " + std::to_string(max_tiles) + " tiles, not " +
-                   std::to_string(size.width) + " times " + std::to_string(size.height) + ".",
-               dialogs);
-    else
-        return size;
-    return std::nullopt;
+    if (layer.rows_missing && !is_missing(form, index))
+        return "it is 128 tiles high, and only 64 of its rows could be loaded.";
+    if (tiles > 0 && tiles <= max_tiles)
+        return "";
+    return "it must have from 1 to " + std::to_string(max_tiles) + " tiles, not " +
+           std::to_string(size.width) + " times " + std::to_string(size.height) + ".";
+}
+
+// Looks at all layers before anything is written.
+bool all_can_be_saved(const Form1& form, const std::array<Layer, layer_count>& layers,
+                      Dialogs& dialogs) {
+    for (const int index : save_order) {
+        const std::string why = obstacle(form, index, layers[static_cast<std::size_t>(index)]);
+        if (why.empty())
+            continue;
+        told_size(form, index, dialogs); // a text that is no number may be the cause
+        refuse(index, why, dialogs);
+        return false;
+    }
+    return true;
 }
 
 bool may_grow(int index, int growth, Dialogs& dialogs) {
@@ -57,8 +75,9 @@ bool may_grow(int index, int growth, Dialogs& dialogs) {
                             "memory location will undoubtably mess something up. Continue?");
 }
 
-bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, LayerSize size,
-                CompressOutput& output, Dialogs& dialogs) {
+bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, CompressOutput& output,
+                Dialogs& dialogs) {
+    const LayerSize size = told_size(form, index, dialogs);
     const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
     std::array<std::uint8_t, max_tiles> tiles;
     const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
@@ -76,19 +95,11 @@ bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, Layer
 
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
                  CompressOutput& output, Dialogs& dialogs) {
-    std::array<LayerSize, layer_count> sizes{};
-    for (const int index : save_order) {
-        const auto i = static_cast<std::size_t>(index);
-        const std::optional<LayerSize> size = saved_size(form, index, layers[i], dialogs);
-        if (!size)
+    if (!all_can_be_saved(form, layers, dialogs))
+        return false;
+    for (const int index : save_order)
+        if (!save_layer(rom, form, index, layers[static_cast<std::size_t>(index)], output, dialogs))
             return false;
-        sizes[i] = *size;
-    }
-    for (const int index : save_order) {
-        const auto i = static_cast<std::size_t>(index);
-        if (!save_layer(rom, form, index, layers[i], sizes[i], output, dialogs))
-            return false;
-    }
     return true;
 }
 

@@ -25,7 +25,7 @@ constexpr RecordField behind_pointers[] = {
 
 // A part of the record that Save As writes: some fields and the bytes that they lie in.
 struct SaveAsStep { std::span<const RecordField> fields; std::size_t first_byte; std::size_t byte_count; };
-constexpr RecordField as_formations[] = {layer2_formation, layer1_formation};
+constexpr RecordField as_formations[] = {layer2_formation, layer1_formation, layer3_graphics};
 constexpr RecordField as_palette[]    = {palette};
 constexpr RecordField as_tilesets[]   = {tileset1, tileset2, tileset3, tileset4};
 constexpr RecordField as_animated[]   = {animated_tileset};
@@ -69,24 +69,17 @@ std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
     return std::nullopt;
 }
 
-std::optional<std::uint32_t> decimal_value(const std::string& text, Dialogs& dialogs) {
-    const DecimalNumber number = parse_decimal_text(text, dialogs);
-    if (!number.is_number)
-        return std::nullopt;
-    return static_cast<std::uint32_t>(number.value);
-}
-
 // The number that the field's control holds, or nothing where the record keeps its bits.
 std::optional<std::uint32_t> control_value(Form1& form, RecordField field, Dialogs& dialogs) {
     const RecordRow& row = record_row(field);
-    switch (row.form) {
-    case FieldForm::flag:
+    if (row.form == FieldForm::flag)
         return form.*row.flag ? 1 : 0;
-    case FieldForm::hexadecimal:
+    if (row.form == FieldForm::hexadecimal)
         return static_cast<std::uint32_t>(parse_hex_text(form.*row.text, dialogs));
-    default:
-        return decimal_value(form.*row.text, dialogs);
-    }
+    const DecimalNumber number = parse_decimal_text(form.*row.text, dialogs);
+    if (!number.is_number)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(number.value);
 }
 
 void merge_fields(MapProperties& record, Form1& form, std::span<const RecordField> fields,
@@ -98,14 +91,13 @@ void merge_fields(MapProperties& record, Form1& form, std::span<const RecordFiel
 
 using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
 
-// False where a size is a number but has no code. A field without a number keeps its bits.
+// False where a size has no code, which is told. The record then keeps its bits, as it does where
+// the text is no number.
 bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode size_code,
                 Dialogs& dialogs) {
-    const auto tiles = decimal_value(form.*record_row(field).text, dialogs);
-    if (!tiles)
-        return true;
-    const auto code = size_code(static_cast<int>(*tiles), dialogs);
-    if (code)
+    const DecimalNumber tiles = parse_decimal_text(form.*record_row(field).text, dialogs);
+    const auto code = size_code(tiles.value, dialogs);
+    if (code && tiles.is_number)
         set_record_value(record, field, *code);
     return code.has_value();
 }
@@ -166,16 +158,19 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
     if (!write_pointers_as(rom, form, at_load, dialogs))
         return false;
     MapProperties record = read_record(rom, map_index);
+    if (rom.take_read_refusal()) {
+        dialogs.message("Reading " + rom.path() + " failed. Nothing more is written.", "Error");
+        return false;
+    }
     const auto write_bytes = [&](std::size_t first, std::size_t count) {
         return told_write(rom, record_offset(map_index) + static_cast<std::int64_t>(first),
                           std::span(record).subspan(first, count), dialogs);
     };
-    // Of the number of layer 3's graphics only the bits in byte 11 are taken from the window.
-    merge_fields(record, form, std::array{layer3_graphics}, dialogs);
-    record[10] = static_cast<std::uint8_t>((record[10] & 0x0F) | (at_load[10] & 0xF0));
     set_record_value(record, byte27_high, record_value(at_load, byte27_high));
     for (const SaveAsStep& step : save_as_steps) {
         merge_fields(record, form, step.fields, dialogs);
+        // Of the number of layer 3's graphics only the bits in byte 11 are taken from the window.
+        record[10] = static_cast<std::uint8_t>((record[10] & 0x0F) | (at_load[10] & 0xF0));
         if (!write_bytes(step.first_byte, step.byte_count))
             return false;
     }

@@ -4,6 +4,9 @@
 #include "ui/windows.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -12,6 +15,9 @@ int main(int argc, char** argv) {
     // A stroke of the mouse must reach every tile that the pointer passes.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);
+    // The file dialogs would keep their last folder in a file of settings: the program keeps none.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
 
     const std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;
@@ -21,6 +27,6 @@ int main(int argc, char** argv) {
 
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() > 1)
-        windows.main_window().open_file(arguments[1].toStdString());
+        windows.main_window().open_file(QFileInfo(arguments[1]).absoluteFilePath().toStdString());
     return QCoreApplication::exec();
 }

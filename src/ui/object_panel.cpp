@@ -61,7 +61,8 @@ void name_control(const Panel& panel, QWidget* control, QLabel* label, const Obj
     });
 }
 
-/// Makes room in a column, so that the fields stay where they are from tab to tab.
+/// Makes room in a column that has a widget, so that the fields stay where they are from tab to
+/// tab.
 void keep_room(QGridLayout& grid, int column, int width) {
     grid.setColumnMinimumWidth(column, std::max(width, grid.columnMinimumWidth(column)));
 }
@@ -123,9 +124,9 @@ void add_list(const Panel& panel, const ObjectListRow& row) {
         panel.bindings.rule(
             [list, &lines = panel.form().Combo2_lines] { show_lines(*list, lines); });
     }
-    keep_room(panel.grid, 2 * row.column + 1, list->sizeHint().width());
     panel.bindings.list(list, panel.form().*row.row);
     place(panel, list, row);
+    keep_room(panel.grid, 2 * row.column + 1, list->sizeHint().width());
 }
 
 void add_column(const Panel& panel, int column) {

@@ -85,7 +85,11 @@ std::optional<std::string> QtDialogs::save_file_name() {
     before_box_();
     QFileDialog dialog(window_, "Save As");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("smc");
+    const auto suffix_of = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.contains("*.smc") ? "smc" : QString());
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, suffix_of);
+    suffix_of("*.smc");
     return file_name(dialog);
 }
 

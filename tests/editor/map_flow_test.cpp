@@ -36,10 +36,9 @@ TEST(Open, CancelAndFailureKeepTheOpenImage) {
     EXPECT_TRUE(editor.state->rom_open);
     EXPECT_EQ(editor.form.Label20, "a.smc");
     EXPECT_TRUE(editor.dialogs.silent());
-    // Without the former image, too, there is none.
-    editor.disk.remove("a.smc");
+    editor.disk.remove("a.smc"); // what is open stays open, whatever becomes of its name
     open_image_file(*editor.state, "missing.smc");
-    EXPECT_FALSE(editor.state->rom_open || editor.form.Combo1_enabled);
+    EXPECT_EQ(editor.state->rom.read_byte(0x2D9100), demo_bytes()[0x2D9100]);
 }
 
 TEST(Open, ASecondImageTakesThePlaceAndLeavesTheFields) {
@@ -109,6 +108,22 @@ TEST(SelectMap, AsksAboutUnsavedChangesAndLeavesTheWorldMapFirst) {
     EXPECT_EQ(state.map_index, 4);
     EXPECT_TRUE(editor.form.map_fields_enabled);
     EXPECT_FALSE(editor.form.Text24_visible);
+}
+
+TEST(SelectMap, WhatTheDiskRefusesToGiveIsToldAndCantBeSaved) {
+    for (int at = 1;; ++at) {
+        Editor editor;
+        editor.disk.fail({at}, {});
+        editor.choose(town);
+        const bool refused = editor.disk.reads >= at;
+        ASSERT_EQ(editor.dialogs.messages.size(), refused ? 1u : 0u) << at;
+        ASSERT_EQ(editor.state->map_source.has_value(), !refused);
+        editor.disk.fail({}, {});
+        editor.choose(town); // and works once the disk does
+        ASSERT_TRUE(editor.state->map_source);
+        if (!refused)
+            break;
+    }
 }
 
 TEST(Build, WritesNothingAndTakesTheFieldsAsTheyStand) {
@@ -232,13 +247,25 @@ TEST(Commands, GuardsKeepSilentWithoutAnImageOrAMap) {
             disk["a.smc"] = demo_bytes();
             open_image_file(*state, "a.smc");
         }
-        for (const Command& command : menu_commands())
+        std::vector<std::string> acting;
+        for (const Command& command : menu_commands()) {
+            run_command(*state, command.guard, command.run);
+            if (!dialogs.silent() || disk.writes != 0)
+                acting.push_back(command.control);
+            dialogs.messages.clear();
+            disk.writes = 0;
+        }
+        EXPECT_EQ(acting, with_image ? (std::vector<std::string>{"Memory_Mng", "Expand",
+                                                                 "Dialogue_Patch", "About1"})
+                                     : (std::vector<std::string>{"Memory_Mng", "About1"}));
+        for (const Command& command : object_window_commands())
             run_command(*state, command.guard, command.run);
         for (const ButtonCommand& button : button_commands())
             run_command(*state, button.guard, button.run);
         on_grid_change(*state);
         EXPECT_TRUE(dialogs.silent());
         EXPECT_EQ(disk.writes, 0);
+        EXPECT_FALSE(state->form8.visible || state->form2.visible || state->form10.visible);
         EXPECT_EQ(std::ranges::count(state->picture.pixels, 0u), 512 * 512);
     }
 }

@@ -24,6 +24,8 @@ TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
         {"ffffffff", "FFFFFFFF", 0xFFFFFFFF, 0},
         {"123456789A", "123456789A", 0x3456789A, 0}, // wraps to 32 bits
         {"1\n", "1\n", 0x10, 1},                     // only a whole line break is dropped
+        {"1a\r \n2", "1A2", 0x1A2, 0},
+        {"1\u00e4", "1\u00e4", 0x10, 1}, // one character, whatever bytes it takes
     };
     for (const auto& c : cases) {
         ScriptedDialogs dialogs;

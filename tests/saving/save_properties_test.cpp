@@ -56,7 +56,7 @@ struct Fields {
                                          {"5", &Form1::Text5},
                                          {"3", &Form1::Text3},
                                          {"22", &Form1::Text22}})
-            decimal(name, text, 16u << random.below(3));
+            decimal(name, text, 16u << random.below(name[0] == '2' && name[1] != '2' ? 4 : 3));
         form.Check8 = random.below(2) != 0;
     }
     std::uint32_t operator[](const char* name) const { return value.at(name); }
@@ -168,7 +168,7 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
     show_record(rom, record, form);
     form.Text41 = "5A";
     form.Text2 = "48", form.Text21 = "16x", form.Text5 = "128", form.Text22 = "0";
-    form.Text13 = "12a", form.Text9 = "", form.Text46 = "G1";
+    form.Text13 = "12a", form.Text9 = "", form.Text46 = "G1", form.Text1 = "17x";
     ASSERT_TRUE(save_map_properties(saver.rom, form, record, map_index, saver.dialogs));
     std::vector<std::string> said;
     for (const auto& message : saver.dialogs.messages)
@@ -179,11 +179,18 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
         return "Warning: The number " + text + " you've entered is not valid decimal";
     };
     EXPECT_EQ(said, (std::vector<std::string>{
-                        width, decimal("16x"), height, height, decimal(""), decimal("12a"),
-                        "Warning: The number G1 you've entered is not valid hex"}));
+                        width, decimal("17x"), width, decimal("16x"), height, height, decimal(""),
+                        decimal("12a"), "Warning: The number G1 you've entered is not valid hex"}));
     MapProperties expected = before;
     set_record_value(expected, RecordField::battle_background, 0x11);
     EXPECT_EQ(record, expected);
+    // Save As leaves the bits of a field without a number, too.
+    form.Text46 = "0", form.Text2 = form.Text1 = "16", form.Text5 = "64";
+    ASSERT_TRUE(save_map_properties_as(saver.rom, form, record, map_index, saver.dialogs));
+    const MapProperties after = read_record(rom, map_index);
+    EXPECT_EQ(after[25], record[25]);
+    EXPECT_EQ(record_value(after, RecordField::tileset2),
+              record_value(record, RecordField::tileset2));
 }
 
 TEST(SaveProperties, SaveAsHalvesSizesTakenAsBytes) {

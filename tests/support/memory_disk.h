@@ -53,7 +53,7 @@ class MemoryDisk : public FileLayer {
             return nullptr;
         return std::make_unique<OpenFile>(*this, files_[path]);
     }
-    std::unique_ptr<File> create(const std::string& path) override {
+    std::unique_ptr<File> create(const std::string& path, unsigned) override {
         if (fails(write_fault, ++writes) || exists(path))
             return nullptr;
         (*this)[path].clear();
@@ -87,14 +87,18 @@ class MemoryDisk : public FileLayer {
       public:
         OpenFile(MemoryDisk& disk, std::shared_ptr<Contents> contents)
             : disk_(disk), contents_(std::move(contents)) {}
-        std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> bytes) override {
+        std::optional<std::size_t> read_at(std::int64_t offset,
+                                           std::span<std::uint8_t> bytes) override {
             const Bytes& file = contents_->bytes;
             const auto size = static_cast<std::int64_t>(file.size());
             if (offset < 0 || offset >= size)
                 return 0;
             std::size_t count = std::min(bytes.size(), static_cast<std::size_t>(size - offset));
-            if (fails(disk_.read_fault, ++disk_.reads))
-                count = disk_.read_fault.half ? count / 2 : 0;
+            if (fails(disk_.read_fault, ++disk_.reads)) {
+                if (!disk_.read_fault.half)
+                    return std::nullopt;
+                count /= 2;
+            }
             std::copy_n(file.begin() + offset, count, bytes.begin());
             return count;
         }
@@ -113,8 +117,11 @@ class MemoryDisk : public FileLayer {
                 disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
             return !failing;
         }
-        std::int64_t size() override { return static_cast<std::int64_t>(contents_->bytes.size()); }
-        FileIdentity identity() override { return {1, contents_->number}; }
+        bool flush() override { return true; }
+        std::optional<FileStatus> status() override {
+            return FileStatus{{1, contents_->number},
+                              static_cast<std::int64_t>(contents_->bytes.size())};
+        }
 
       private:
         MemoryDisk& disk_;

@@ -380,10 +380,10 @@ TEST_F(MainWindowTest, EveryMessageInItsExactWords) {
         {"Save", [&] { disk.fail({}, {1, false, false}); },
             {{"Writing to a.smc at " + location + " failed. What was written before stays; nothing more is written.", "Error"}}},
         {"Save", [&] { window.open_file("b.smc"); },
-            {{"This map was read from a.smc. Save it into the open image, b.smc?", "Veldrune Map Editor 1.00"}}},
+            {{"This map was read from a.smc, but b.smc is open. Save it all the same?", "Veldrune Map Editor 1.00"}}},
         {"SaveAs", [&] { copy_to("b.smc"); user.type("Text2", "48"); }, {file_dialog, {"Not a valid mapsize", "error"}}},
         {"SaveAs", [&] { copy_to("c.smc"); disk.fail({}, {1, true, false}); },
-            {file_dialog, {"The image could not be copied to " + copy + ".", "Error"}}},
+            {file_dialog, {"The image could not be copied to " + copy + ". a.smc is still open.", "Error"}}},
         {"Memory_Mng", [] {}, {{"Sorry, nothing here yet.", "Nothing here"}}},
         {"About1", [] {},
             {{"Veldrune Map Editor: v1.1\n\nWith thanks to the people who keep old games alive,\n"

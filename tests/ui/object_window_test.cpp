@@ -1,5 +1,5 @@
-#include "objects/object_tables.h"
 #include "rom/rom_layout.h"
+#include "support/object_image.h"
 #include "support/window_test.h"
 
 #include <QCheckBox>
@@ -12,44 +12,24 @@ namespace veldrune::test {
 namespace {
 
 constexpr int town = demo::demo_map::town;
-constexpr int forest = demo::demo_map::forest;
-using Records = std::vector<Bytes>;
-
-void put_word(Bytes& image, std::int64_t offset, std::size_t value) {
-    image[static_cast<std::size_t>(offset)] = static_cast<std::uint8_t>(value);
-    image[static_cast<std::size_t>(offset) + 1] = static_cast<std::uint8_t>(value >> 8);
-}
-
-/// Gives the town these objects of a kind, and all other maps none. Returns where they lie.
-std::size_t put_objects(Bytes& image, ObjectKind kind, const Records& records) {
-    constexpr std::size_t first = 0x400; // behind the pointers
-    const ObjectKindRow& row = object_kind_row(kind);
-    std::size_t end = first;
-    for (const Bytes& record : records) {
-        std::ranges::copy(record, image.begin() + row.base + static_cast<std::ptrdiff_t>(end));
-        end += record.size();
-    }
-    for (int map = 0; map <= 414; ++map)
-        put_word(image, row.pointers + 2 * map, map <= town ? first : end);
-    return static_cast<std::size_t>(row.base) + first;
-}
-
-/// A town with objects of each kind but event triggers.
+constexpr int cave = demo::demo_map::cave;
+/// A town with objects of each kind but event triggers, and a cave without NPCs.
 class ObjectWindowTest : public WindowTest {
   protected:
-    std::size_t npcs = 0;
-    std::size_t chests = 0;
+    const std::size_t second_npc = record_place(ObjectKind::npc, town, 1);
+    const std::size_t chest = record_place(ObjectKind::chest, town, 0);
 
     void SetUp() override {
         WindowTest::SetUp();
         Bytes& image = disk["a.smc"];
-        npcs = put_objects(image, ObjectKind::npc,
-                           {{0x10, 0x20, 0x44, 0x98, 5, 0x48, 0x03, 0x52, 0xAA},
-                            {0, 0, 0x2C, 0x98, 9, 11, 0x57, 0xC1, 0x06}});
-        chests = put_objects(image, ObjectKind::chest, {{12, 4, 0x1D, 0x47, 0xF2}});
-        put_objects(image, ObjectKind::event_trigger, {});
-        put_objects(image, ObjectKind::entrance, {{5, 8, 4, 1, 8, 9}});
-        put_objects(image, ObjectKind::long_entrance, {{10, 14, 3, 5, 0, 1, 2}});
+        put_objects(image, ObjectKind::npc, town,
+                    {{0x10, 0x20, 0x44, 0x98, 5, 0x48, 0x03, 0x52, 0xAA},
+                     {0, 0, 0x2C, 0x98, 9, 11, 0x57, 0xC1, 0x06}});
+        put_objects(image, ObjectKind::chest, town, {{12, 4, 0x1D, 0x47, 0xF2}});
+        put_objects(image, ObjectKind::event_trigger, town, {});
+        put_objects(image, ObjectKind::entrance, town, {{5, 8, 4, 1, 8, 9}});
+        put_objects(image, ObjectKind::long_entrance, town, {{10, 14, 3, 5, 0, 1, 2}});
+        put_objects(image, ObjectKind::npc, cave, {});
         put_sprite(image);
         disk["b.smc"] = image;
         open_map(town);
@@ -59,7 +39,7 @@ class ObjectWindowTest : public WindowTest {
     /// Sprites whose pixels all have colour 15, which is red in palette 1 and green in palette 2.
     static void put_sprite(Bytes& image) {
         for (int sprite : {0x03, 0x57}) {
-            put_word(image, rom_layout::sprite_addresses + 2 * sprite, 0);
+            put_word(image, static_cast<std::size_t>(rom_layout::sprite_addresses + 2 * sprite), 0);
             image[static_cast<std::size_t>(rom_layout::sprite_banks + 2 * sprite)] = 0xEF;
         }
         std::fill_n(image.begin() + 0x2F0200, 192, std::uint8_t{0xFF});
@@ -85,6 +65,7 @@ class ObjectWindowTest : public WindowTest {
         return shown.join(", ");
     }
     QRgb sprite_pixel(int x, int y) {
+        QCoreApplication::processEvents(); // its height may have changed
         return info().find("Picture1").grab().toImage().pixel(WindowDriver::on_picture(x, y)) &
                0xFFFFFF;
     }
@@ -95,7 +76,7 @@ TEST_F(ObjectWindowTest, TheMainWindowTellsTheNumbers) {
         {"Label27", "2"}, {"Label28", "1"}, {"Label29", "0"}, {"Label30", "2"}};
     for (const auto& [control, count] : counts)
         EXPECT_EQ(user.find<QLabel>(control).text(), count);
-    user.choose_map(forest);
+    user.choose_map(cave);
     EXPECT_EQ(user.find<QLabel>("Label27").text(), "0");
 }
 
@@ -121,9 +102,9 @@ TEST_F(ObjectWindowTest, AnObjectIsFoundMovedSavedAndDrawnInItsNewPlace) {
     Bytes expected = disk["a.smc"];
     EXPECT_EQ(disk["b.smc"], expected) << "nothing is written before Save";
     QTest::keyClick(visible_window("Form10"), Qt::Key_S, Qt::ControlModifier);
-    expected[npcs + 9 + 4] = 12;
-    expected[npcs + 9 + 5] = 11 + 0x40;
-    expected[npcs + 9 + 7] = 0xD1;
+    expected[second_npc + 4] = 12;
+    expected[second_npc + 5] = 11 + 0x40;
+    expected[second_npc + 7] = 0xD1;
     EXPECT_EQ(disk["a.smc"], expected);
 
     const auto marked = [&](int column) {
@@ -194,24 +175,22 @@ TEST_F(ObjectWindowTest, AChestsContentsAreNamedAndNoted) {
     info().click("Option5");
     info().type("Text4", "1f:7");
     info().choose("Save");
-    const Bytes record(disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chests),
-                       disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chests) + 5);
+    const Bytes record(disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chest),
+                       disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chest) + 5);
     EXPECT_EQ(record, (Bytes{12, 4, 0xFF, 0x87, 0xF2})) << "the hidden boxes travel along";
     choose_tab(0);
     EXPECT_EQ(contents.count(), 4);
 }
 
 TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
-    put_objects(disk["a.smc"], ObjectKind::entrance, {}); // it lies on the NPC's tile
-    user.click("Command3");
-    click_tile(5, 8);
+    click_tile(9, 11);
+    info().type("Text2", "1");
+    EXPECT_EQ(sprite_pixel(95, 95), 0xF80000u);
+    EXPECT_EQ(info().find("Picture1").height(), 96 + 4);
+    info().type("Text7", "3");
     EXPECT_EQ(sprite_pixel(95, 143), 0xF80000u);
     info().type("Text2", "2");
     EXPECT_EQ(sprite_pixel(95, 143), 0x00F800u);
-    info().type("Text7", "57");
-    EXPECT_EQ(sprite_pixel(95, 95), 0x00F800u);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(info().find("Picture1").height(), 96 + 4);
     EXPECT_TRUE(answers.boxes.empty());
     info().type("Text7", "x");
     EXPECT_EQ(answers.boxes, (std::vector<BoxAnswers::Box>{
@@ -234,7 +213,7 @@ TEST_F(ObjectWindowTest, WithoutARecordTheFieldsAreBlankAndNothingIsSaved) {
     EXPECT_FALSE(info().find("HScroll1").isEnabled());
     choose_tab(0);
     EXPECT_EQ(text("Text5"), "5");
-    user.choose_map(forest);
+    user.choose_map(cave);
     EXPECT_EQ(text("Text5"), "5") << "the lists are read at the next build";
     user.click("Command3");
     expect_blank();
@@ -332,7 +311,7 @@ TEST_F(ObjectWindowTest, StaysWhenTheMainWindowClosesAndEndsTheProgram) {
     EXPECT_EQ(QCoreApplication::exec(), 0) << "ends with the last window";
     EXPECT_TRUE(stayed);
     EXPECT_FALSE(visible_window("Form10"));
-    EXPECT_EQ(disk["a.smc"][npcs + 9 + 4], 2);
+    EXPECT_EQ(disk["a.smc"][second_npc + 4], 2);
 }
 
 } // namespace
