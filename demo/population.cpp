@@ -23,9 +23,8 @@ void add_way(MapObjects& from, const Gate& gate, int map, Place landing) {
 
 class Population {
   public:
-    Population(std::span<MapObjects> maps, const Sites& sites, const ScriptOf& script_of,
-               Random& random)
-        : maps_(maps), sites_(sites), script_of_(script_of), random_(random) {}
+    Population(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random)
+        : maps_(maps), sites_(sites), scenes_(scenes), random_(random) {}
 
     void join_region(int town);
     void fill(int map);
@@ -42,7 +41,7 @@ class Population {
 
     std::span<MapObjects> maps_;
     const Sites& sites_;
-    const ScriptOf& script_of_;
+    Scenes& scenes_;
     Random& random_;
     const Site* here_ = nullptr;
     Plan taken_{1, 1, '.'};                     // tiles of here that are given away, '#'
@@ -106,7 +105,7 @@ void Population::place(const Post& post, int map, int x, int y) {
         ++chests_;
         return;
     }
-    const int script = script_of_(post.part, map, so_many++);
+    const int script = scenes_.script_of(post.part, map, so_many++);
     if (static_cast<int>(post.part) >= npc_parts) {
         objects(map).triggers.push_back({x, y, script});
         return;
@@ -161,9 +160,8 @@ void Population::fill(int map) {
 
 } // namespace
 
-void populate(std::span<MapObjects> maps, const Sites& sites, const ScriptOf& script_of,
-              Random& random) {
-    Population population(maps, sites, script_of, random);
+void populate(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random) {
+    Population population(maps, sites, scenes, random);
     const int count = static_cast<int>(maps.size());
     for (int town = demo_map::town; town < count; town += kind_count)
         population.join_region(town);
