@@ -21,6 +21,15 @@ void add_way(MapObjects& from, const Gate& gate, int map, Place landing) {
         from.long_entrances.push_back({way, gate.length, gate.down});
 }
 
+/// The tile of a gate that its landing lies behind.
+Gate narrowed(const Gate& gate) {
+    const int middle = (gate.length + 1) / 2;
+    return {{gate.first.x + (gate.down ? 0 : middle), gate.first.y + (gate.down ? middle : 0)},
+            0,
+            gate.down,
+            gate.landing};
+}
+
 class Population {
   public:
     Population(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random)
@@ -50,8 +59,10 @@ class Population {
 };
 
 void Population::join(int a, Gate from_a, int b, Gate from_b) {
-    if (std::min(region_of(a), region_of(b)) >= rich_regions)
-        from_a.length = from_b.length = 0;
+    if (std::min(region_of(a), region_of(b)) >= rich_regions) {
+        from_a = narrowed(from_a);
+        from_b = narrowed(from_b);
+    }
     add_way(objects(a), from_a, b, from_b.landing);
     add_way(objects(b), from_b, a, from_a.landing);
 }
