@@ -4,6 +4,7 @@
 #include "events/command_table.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace veldrune::demo {
 namespace {
