@@ -5,6 +5,7 @@
 #include "demo/layer3_art.h"
 #include "demo/population.h"
 #include "demo/scenery.h"
+#include "demo/scenes.h"
 #include "demo/sprites.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
@@ -311,9 +312,12 @@ void DemoImage::write_maps() {
 void DemoImage::write_map_objects() {
     // The lists of all maps come together here; those of maps 0 and 1 are the world maps'.
     std::vector<MapObjects> maps(rom_layout::map_count);
-    populate(
-        maps, sites_, [](Part, int, int) { return 0; }, random_);
+    DialogueBook dialogues(writer_);
+    ScriptBook scripts(writer_, dialogues);
+    Scenes scenes(scripts);
+    populate(maps, sites_, scenes, random_);
     write_objects(writer_, maps);
+    dialogues.repeat_entries();
 }
 
 } // namespace
