@@ -1,12 +1,11 @@
 #include "editor/build.h"
 
 #include "editor/view.h"
+#include "render/enlarge.h"
 #include "rom/number_text.h"
 
 namespace veldrune {
 namespace {
-
-constexpr int preview_side = 64;
 
 int built_number(const EditorState& state, std::string Form1::*field) {
     return parse_decimal_text(state.form1.*field, state.dialogs).value;
@@ -83,13 +82,11 @@ void refresh_map(EditorState& state) {
 }
 
 void show_tile_preview(EditorState& state) {
-    constexpr int scale = preview_side / 16;
+    constexpr int preview_side = 64;
     const Formation tile =
         whole_formation(state.bitmaps, state.form1.edit_layer, state.form1.current_tile);
-    for (int y = 0; y < preview_side; ++y)
-        for (int x = 0; x < preview_side; ++x)
-            state.form1.Picture3[static_cast<std::size_t>(preview_side * y + x)] =
-                tile[static_cast<std::size_t>(16 * (y / scale) + x / scale)];
+    enlarge_pixels(tile.data(), 16, 16, 16, preview_side / 16, state.form1.Picture3.data(),
+                   preview_side);
 }
 
 } // namespace veldrune

@@ -1,8 +1,11 @@
 #include "editor/commands.h"
 
 #include "editor/build.h"
+#include "editor/map_commands.h"
+#include "editor/object_window.h"
 #include "editor/open_image.h"
 #include "editor/save.h"
+#include "editor/tile_chooser.h"
 #include "editor/view.h"
 
 namespace veldrune {
@@ -21,21 +24,28 @@ constexpr Command commands[] = {
     {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         nullptr},
     {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         nullptr},
     {"",          "Options",        "&Options",               Guard::none,         nullptr},
-    {"Options",   "Clear",          "Clear Map",              Guard::map_selected, nullptr},
-    {"Options",   "Copy",           "Copy Tile Formations",   Guard::none,         nullptr},
-    {"Options",   "Paste",          "Paste Tile Formation",   Guard::none,         nullptr},
+    {"Options",   "Clear",          "Clear Map",              Guard::map_selected, clear_map},
+    {"Options",   "Copy",           "Copy Tile Formations",   Guard::none,         copy_properties},
+    {"Options",   "Paste",          "Paste Tile Formation",   Guard::rom_open,     paste_properties},
     {"",          "Mem",            "&Memory Managment",      Guard::none,         nullptr},
-    {"Mem",       "Memory_Mng",     "Memory Manager",         Guard::none,         nullptr},
-    {"Mem",       "Expand",         "Expand Rom to 32mbit",   Guard::none,         nullptr},
+    {"Mem",       "Memory_Mng",     "Memory Manager",         Guard::none,         show_memory_manager},
+    {"Mem",       "Expand",         "Expand Rom to 32mbit",   Guard::rom_open,     expand_rom},
     {"Mem",       "Patches",        "Apply Patches",          Guard::none,         nullptr},
-    {"Patches",   "Dialogue_Patch", "Dialogue Patch",         Guard::none,         nullptr},
+    {"Patches",   "Dialogue_Patch", "Dialogue Patch",         Guard::rom_open,     apply_dialogue_patch},
     {"",          "About",          "&About",                 Guard::none,         nullptr},
-    {"About",     "About1",         "&About",                 Guard::none,         nullptr},
+    {"About",     "About1",         "&About",                 Guard::none,         show_about},
+};
+
+constexpr Command object_commands[] = {
+    {"",          "File",           "File",                   Guard::none,         nullptr},
+    {"File",      "Save",           "Save",                   Guard::rom_open,     save_object},
+    {"",          "Event",          "Event",                  Guard::none,         nullptr},
+    {"Event",     "Event_Editor",   "Event Editor",           Guard::none,         nullptr},
 };
 
 constexpr ButtonCommand buttons[] = {
     // control     guard                operation
-    {"Command1",   Guard::rom_open,     nullptr},
+    {"Command1",   Guard::rom_open,     open_tile_chooser},
     {"Command2",   Guard::map_selected, refresh_map},
     {"Command3",   Guard::map_selected, build_tileset},
     {"Command4",   Guard::none,         zoom_in},
@@ -58,6 +68,10 @@ bool holds(const EditorState& state, Guard guard) {
 
 std::span<const Command> menu_commands() {
     return commands;
+}
+
+std::span<const Command> object_window_commands() {
+    return object_commands;
 }
 
 std::span<const ButtonCommand> button_commands() {

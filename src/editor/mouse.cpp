@@ -1,6 +1,7 @@
 #include "editor/mouse.h"
 
 #include "editor/build.h"
+#include "editor/objects.h"
 #include "editor/view.h"
 #include "rom/number_text.h"
 
@@ -13,17 +14,18 @@ struct Cursor {
     int cursor_y;
     std::int64_t column;
     std::int64_t row;
-    bool in_layer_map; // inside the picture and inside the LayerMap
+    bool in_picture;
+    bool in_layer_map; // and inside the LayerMap
 };
 
 Cursor locate_cursor(const EditorState& state, int x, int y) {
     const Form1& form = state.form1;
     const int side = tile_size(state);
-    Cursor cursor{x / side, y / side, 0, 0, false};
+    Cursor cursor{x / side, y / side, 0, 0, false, false};
     cursor.column = std::int64_t{form.HScroll1.value} + cursor.cursor_x;
     cursor.row = std::int64_t{form.VScroll1.value} + cursor.cursor_y;
-    cursor.in_layer_map = x >= 0 && x < view_size && y >= 0 && y < view_size &&
-                          LayerMap::contains(cursor.column, cursor.row);
+    cursor.in_picture = x >= 0 && x < view_size && y >= 0 && y < view_size;
+    cursor.in_layer_map = cursor.in_picture && LayerMap::contains(cursor.column, cursor.row);
     return cursor;
 }
 
@@ -92,8 +94,14 @@ void on_release(EditorState& state) {
 }
 
 void on_click(EditorState& state, int x, int y) {
-    if (state.rom_open && state.form1.tool == Tool::draw && !state.tile_picked)
-        paint(state, locate_cursor(state, x, y));
+    const Cursor cursor = locate_cursor(state, x, y);
+    if (!state.rom_open)
+        return;
+    if (state.form1.tool == Tool::draw && !state.tile_picked)
+        paint(state, cursor);
+    else if (state.form1.tool == Tool::objects && cursor.in_picture)
+        select_object_at(state, static_cast<std::uint8_t>(cursor.column),
+                         static_cast<std::uint8_t>(cursor.row));
 }
 
 } // namespace veldrune

@@ -13,6 +13,7 @@ void open_image_file(EditorState& state, const std::string& path) {
     take_over_path(state, path);
     state.rom_open = true;
     state.form1.Combo1_enabled = true;
+    read_patch_flags(state.rom, state.patch_flags);
 }
 
 void open_image(EditorState& state) {

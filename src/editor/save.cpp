@@ -27,18 +27,21 @@ bool refuse(EditorState& state, const std::string& why) {
     return false;
 }
 
-// Makes a copy of the open image, unless path names that image itself, and opens it. The map in
-// memory belongs to the copy from then on as it belonged to the original. False, with the former
-// image open, where that fails; it has been told.
+// Makes a copy of the open image, unless path names that image itself, and opens it. The map and
+// the object lists in memory belong to the copy from then on as they belonged to the original.
+// False, with the former image open, where that fails; it has been told.
 bool go_on_in_copy(EditorState& state, const std::string& path) {
     const bool read_from_open_image =
         map_in_memory(state) && state.map_source->identity == state.rom.identity();
+    const bool lists_of_open_image = state.objects.image == state.rom.identity();
     if (!state.rom.is_file(path) && !state.rom.copy_to(path))
         return refuse(state, "The image could not be copied to " + path + ".");
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     if (read_from_open_image)
         state.map_source = MapSource{state.rom.identity(), path};
+    if (lists_of_open_image)
+        state.objects.image = state.rom.identity();
     return true;
 }
 

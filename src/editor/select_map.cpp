@@ -1,5 +1,6 @@
 #include "editor/select_map.h"
 
+#include "editor/objects.h"
 #include "editor/view.h"
 
 namespace veldrune {
@@ -38,8 +39,7 @@ void read_map_properties(EditorState& state) {
 
 void load_map_fields(EditorState& state) {
     state.map_properties = read_record(state.rom, state.map_index);
-    show_record(state.rom, state.map_properties, state.form1);
-    show_monster_set(state.rom, state.map_index, state.form1);
+    show_map_fields(state);
 }
 
 // What the disk has refused to give must not be saved over what stands there.
@@ -54,6 +54,11 @@ void tell_read_refusal(EditorState& state) {
 
 } // namespace
 
+void show_map_fields(EditorState& state) {
+    show_record(state.rom, state.map_properties, state.form1);
+    show_monster_set(state.rom, state.map_index, state.form1);
+}
+
 void select_map(EditorState& state) {
     Form1& form = state.form1;
     leave_world_map(state);
@@ -67,6 +72,7 @@ void select_map(EditorState& state) {
     for (int layer = 0; layer < layer_count; ++layer)
         load_layer(state.rom, form, layer, state.decompress_buffer,
                    state.layers[static_cast<std::size_t>(layer)]);
+    read_object_counts(state);
     if (form.Combo1 > 0)
         state.map_selected = true;
     load_map_fields(state);

@@ -9,4 +9,7 @@ namespace veldrune {
 /// nothing.
 void select_map(EditorState& state);
 
+/// Shows the record in memory, and the map's monster set, in the fields.
+void show_map_fields(EditorState& state);
+
 } // namespace veldrune

@@ -1,5 +1,6 @@
 #include "editor/view.h"
 
+#include "editor/objects.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -153,6 +154,7 @@ void on_view_box_change(EditorState& state) {
 void draw_overlays(EditorState& state) {
     if (state.form1.grid_on)
         draw_grid(state.picture, tile_size(state));
+    draw_objects(state);
 }
 
 } // namespace veldrune

@@ -27,15 +27,6 @@ constexpr PlaneTable plane_table(bool flipped) {
 constexpr PlaneTable plane_pixels = plane_table(false);
 constexpr PlaneTable flipped_plane_pixels = plane_table(true);
 
-/// The colours that one character's pixel values stand for.
-using PaletteRow = std::array<Colour, 16>;
-
-PaletteRow palette_row(const Palette256& palette, std::size_t first, std::size_t count) {
-    PaletteRow row{}; // value 0 is no pixel
-    std::copy_n(palette.begin() + first + 1, count - 1, row.begin() + 1);
-    return row;
-}
-
 void colour_pixels(PixelValues values, const PaletteRow& colours, Colour* out) {
     for (int x = 0; x < 8; ++x)
         out[x] = colours[values >> 8 * x & 0xF];
@@ -44,19 +35,6 @@ void colour_pixels(PixelValues values, const PaletteRow& colours, Colour* out) {
 /// Offset of pixel (0, 0) of a quadrant in its formation.
 constexpr std::size_t quadrant_start(std::size_t quadrant) {
     return quadrant / 2 * 8 * 16 + quadrant % 2 * 8;
-}
-
-/// Decodes a character of four planes into a quadrant whose pixel (0, 0) is out[0].
-void decode_character(const std::array<std::uint8_t, 32>& graphics, std::uint8_t attribute,
-                      const PaletteRow& colours, Colour* out) {
-    const PlaneTable& pixels =
-        attribute & flip_horizontally_bit ? flipped_plane_pixels : plane_pixels;
-    for (std::size_t y = 0; y < 8; ++y) {
-        const PixelValues values = pixels[graphics[2 * y]] | pixels[graphics[2 * y + 1]] << 1 |
-                                   pixels[graphics[2 * y + 16]] << 2 |
-                                   pixels[graphics[2 * y + 17]] << 3;
-        colour_pixels(values, colours, out + 16 * (attribute & flip_vertically_bit ? 7 - y : y));
-    }
 }
 
 void clear_quadrant(Colour* out) {
@@ -87,6 +65,24 @@ void flip_vertically(const Formation& source, Formation& target) {
 }
 
 } // namespace
+
+PaletteRow palette_row(const Palette256& palette, std::size_t first, std::size_t count) {
+    PaletteRow row{};
+    std::copy_n(palette.begin() + first + 1, count - 1, row.begin() + 1);
+    return row;
+}
+
+void decode_character(const std::array<std::uint8_t, 32>& graphics, std::uint8_t attribute,
+                      const PaletteRow& colours, Colour* out) {
+    const PlaneTable& pixels =
+        attribute & flip_horizontally_bit ? flipped_plane_pixels : plane_pixels;
+    for (std::size_t y = 0; y < 8; ++y) {
+        const PixelValues values = pixels[graphics[2 * y]] | pixels[graphics[2 * y + 1]] << 1 |
+                                   pixels[graphics[2 * y + 16]] << 2 |
+                                   pixels[graphics[2 * y + 17]] << 3;
+        colour_pixels(values, colours, out + 16 * (attribute & flip_vertically_bit ? 7 - y : y));
+    }
+}
 
 void decode_layer_tiles(const FormationCharacters& characters, const CharacterGraphics& graphics,
                         const Palette256& palette, FormationBitmap& high, FormationBitmap& low) {

@@ -24,6 +24,17 @@ struct FormationBitmaps {
     alignas(64) FormationBitmap layer3_pixels{};
 };
 
+/// The colours that the pixel values of a character stand for.
+using PaletteRow = std::array<Colour, 16>;
+
+/// count colours from first on; value 0 is no pixel whatever the palette holds.
+PaletteRow palette_row(const Palette256& palette, std::size_t first, std::size_t count);
+
+/// Decodes a character of four planes, flipped as its attribute tells, to 8 by 8 pixels from out[0]
+/// on, whose rows are 16 pixels apart.
+void decode_character(const std::array<std::uint8_t, 32>& graphics, std::uint8_t attribute,
+                      const PaletteRow& colours, Colour* out);
+
 /// Decodes the 1024 characters of layer 1 or 2 and puts them together to formations. Palette row
 /// and flips come from the attribute bytes; pixel value 0 is no pixel.
 void decode_layer_tiles(const FormationCharacters& characters, const CharacterGraphics& graphics,

@@ -27,6 +27,8 @@ class RomImage {
     FileIdentity identity() const;
     /// Whether path names the open file.
     bool is_file(const std::string& path) const;
+    /// Bytes of the open file, 0 without one.
+    std::int64_t size() const;
     /// Copies the open file to path. On failure nothing has changed there.
     bool copy_to(const std::string& path) const;
     /// Whether the disk has refused a read since this was asked last.

@@ -247,13 +247,25 @@ TEST(Commands, GuardsKeepSilentWithoutAnImageOrAMap) {
             disk["a.smc"] = demo_bytes();
             open_image_file(*state, "a.smc");
         }
-        for (const Command& command : menu_commands())
+        std::vector<std::string> acting;
+        for (const Command& command : menu_commands()) {
+            run_command(*state, command.guard, command.run);
+            if (!dialogs.silent() || disk.writes != 0)
+                acting.push_back(command.control);
+            dialogs.messages.clear();
+            disk.writes = 0;
+        }
+        EXPECT_EQ(acting, with_image ? (std::vector<std::string>{"Memory_Mng", "Expand",
+                                                                 "Dialogue_Patch", "About1"})
+                                     : (std::vector<std::string>{"Memory_Mng", "About1"}));
+        for (const Command& command : object_window_commands())
             run_command(*state, command.guard, command.run);
         for (const ButtonCommand& button : button_commands())
             run_command(*state, button.guard, button.run);
         on_grid_change(*state);
         EXPECT_TRUE(dialogs.silent());
         EXPECT_EQ(disk.writes, 0);
+        EXPECT_FALSE(state->form8.visible || state->form2.visible || state->form10.visible);
         EXPECT_EQ(std::ranges::count(state->picture.pixels, 0u), 512 * 512);
     }
 }

@@ -3,6 +3,7 @@
 #include "editor/save.h"
 #include "rom/rom_layout.h"
 #include "support/editor_fixture.h"
+#include "support/write_failures.h"
 
 #include <gtest/gtest.h>
 
@@ -203,16 +204,7 @@ void try_every_write_failure(void (*operation)(EditorState&), const char* target
                 if (editor.disk.exists(target)) {
                     if (target == std::string("a.smc"))
                         expected = demo_bytes();
-                    std::size_t done = editor.disk.log.size();
-                    for (std::size_t i = 0; i <= done && i < log.size(); ++i) {
-                        auto bytes = log[i].bytes;
-                        if (i == done)
-                            bytes.resize(half ? bytes.size() / 2 : 0);
-                        const auto end = static_cast<std::size_t>(log[i].offset) + bytes.size();
-                        if (!bytes.empty() && expected.size() < end)
-                            expected.resize(end);
-                        std::copy(bytes.begin(), bytes.end(), expected.begin() + log[i].offset);
-                    }
+                    expected = after_writes(expected, log, editor.disk.log.size(), half);
                     ASSERT_TRUE(editor.disk[target] == expected) << at << half << from_then_on;
                 }
                 if (target != std::string("a.smc")) {

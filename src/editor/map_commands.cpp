@@ -1,0 +1,58 @@
+#include "editor/map_commands.h"
+
+#include "editor/objects.h"
+#include "editor/select_map.h"
+#include "editor/view.h"
+#include "saving/expand.h"
+
+#include <algorithm>
+
+namespace veldrune {
+namespace {
+
+void clear_layer(LayerMap& map) {
+    std::fill_n(map.cells.begin(), LayerMap::columns * max_layer_height, std::uint8_t{0});
+}
+
+} // namespace
+
+void clear_map(EditorState& state) {
+    if (state.world_map_mode)
+        return;
+    for (Layer& layer : state.layers)
+        clear_layer(layer.map);
+    compose_view(state);
+    draw_objects(state);
+}
+
+void copy_properties(EditorState& state) {
+    state.property_clipboard = state.map_properties;
+}
+
+void paste_properties(EditorState& state) {
+    if (!state.map_source)
+        return;
+    state.map_properties = state.property_clipboard;
+    show_map_fields(state);
+}
+
+void show_memory_manager(EditorState& state) {
+    state.dialogs.message("Sorry, nothing here yet.", "Nothing here");
+}
+
+void show_about(EditorState& state) {
+    state.dialogs.message("Veldrune Map Editor: v1.1\n\n"
+                          "With thanks to the people who keep old games alive,\n"
+                          "and to all who still build new worlds in them.",
+                          "Veldrune Map Editor");
+}
+
+void expand_rom(EditorState& state) {
+    expand_rom(state.rom, state.dialogs);
+}
+
+void apply_dialogue_patch(EditorState& state) {
+    apply_dialogue_patch(state.rom, state.patch_flags, state.dialogs);
+}
+
+} // namespace veldrune

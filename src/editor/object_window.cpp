@@ -1,0 +1,158 @@
+#include "editor/object_window.h"
+
+#include "objects/sprite_preview.h"
+#include "rom/number_text.h"
+#include "saving/told_write.h"
+
+#include <algorithm>
+
+namespace veldrune {
+namespace {
+
+ObjectKind chosen_kind(const EditorState& state) {
+    const int last_tab = object_tab_count - 1;
+    return static_cast<ObjectKind>(std::clamp(state.form10.TabStrip1, 0, last_tab));
+}
+
+const ObjectList& chosen_list(const EditorState& state) {
+    return state.objects[chosen_kind(state)];
+}
+
+bool has_row(const EditorState& state, int index) {
+    return index >= 0 && index < chosen_list(state).row_count;
+}
+
+// The list of Combo2 is the directions for an NPC and the items for a chest.
+void fill_lists(EditorState& state) {
+    std::vector<std::string>& lines = state.form10.Combo2_lines;
+    if (chosen_kind(state) == ObjectKind::npc)
+        lines.assign(std::begin(facing_names), std::end(facing_names));
+    else if (chosen_kind(state) == ObjectKind::chest)
+        lines = load_item_names(state.rom);
+}
+
+void show_record_number(EditorState& state, int index) {
+    Form10& form = state.form10;
+    form.HScroll1.value = index + 1;
+    form.HScroll1.maximum = std::max(chosen_list(state).count, form.HScroll1.value);
+    form.Label10 = std::to_string(form.HScroll1.value);
+}
+
+void fill_object_fields(EditorState& state) {
+    SelectedObject& object = state.selected_object;
+    const ObjectKind kind = chosen_kind(state);
+    fill_lists(state);
+    unpack_object(kind, object.bytes, state.form10);
+    object.script_offset = script_offset(kind, object.bytes).value_or(object.script_offset);
+    if (kind == ObjectKind::chest)
+        state.form1.Text20 = format_hex(state.form10.Combo2);
+    on_sprite_text(state);
+}
+
+void load_selected_record(EditorState& state, int index) {
+    if (!has_row(state, index))
+        return drop_object(state);
+    const auto row = object_row(chosen_kind(state), chosen_list(state), index);
+    SelectedObject& object = state.selected_object;
+    object.index = index;
+    object.bytes = {};
+    std::ranges::copy(row, object.bytes.begin());
+    Form10& form = state.form10;
+    form.visible = form.to_front = form.fields_enabled = true;
+    fill_object_fields(state);
+    show_record_number(state, index);
+}
+
+bool is_blank(const std::string& text) {
+    return text.find_first_not_of(' ') == std::string::npos;
+}
+
+// Whether the fields of the preview can be read: an NPC stands in them, and neither is blank.
+bool has_preview(const EditorState& state) {
+    return state.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
+           !is_blank(state.form10.Text2) && !is_blank(state.form10.Text7);
+}
+
+// What has been typed so far, which is left as it was typed.
+std::int32_t typed_number(const EditorState& state, std::string text) {
+    return parse_hex_text(text, state.dialogs);
+}
+
+void draw_preview(EditorState& state, std::int32_t sprite, std::int32_t palette) {
+    SelectedObject& object = state.selected_object;
+    object.sprite_offset = sprite_graphics_offset(state.rom, npc_sprite(object.bytes));
+    draw_sprite_preview(state.rom, object.sprite_offset, sprite, palette & 7, state.form10);
+}
+
+} // namespace
+
+void open_object(EditorState& state, ObjectKind kind, int index) {
+    if (chosen_kind(state) != kind) {
+        state.form10.TabStrip1 = static_cast<int>(kind);
+        on_object_tab(state);
+    }
+    load_selected_record(state, index);
+}
+
+void drop_object(EditorState& state) {
+    Form10& form = state.form10;
+    Form10 blank;
+    blank.visible = form.visible;
+    blank.to_front = form.to_front;
+    blank.TabStrip1 = form.TabStrip1;
+    blank.HScroll1.maximum = std::max(chosen_list(state).count, 1);
+    blank.HScroll1.value = std::min(form.HScroll1.value, blank.HScroll1.maximum);
+    form = blank;
+    state.selected_object = {};
+}
+
+void on_object_tab(EditorState& state) {
+    state.form10.HScroll1.value = 1;
+    load_selected_record(state, 0);
+}
+
+void on_record_scroll(EditorState& state) {
+    load_selected_record(state, state.form10.HScroll1.value - 1);
+}
+
+void on_palette_text(EditorState& state) {
+    if (!has_preview(state))
+        return;
+    const std::int32_t palette = typed_number(state, state.form10.Text2);
+    set_npc_palette(state.selected_object.bytes, static_cast<std::uint32_t>(palette));
+    draw_preview(state, typed_number(state, state.form10.Text7), palette);
+}
+
+void on_sprite_text(EditorState& state) {
+    if (!has_preview(state))
+        return;
+    const std::int32_t sprite = typed_number(state, state.form10.Text7);
+    if (sprite >= first_hidden_sprite)
+        return;
+    set_npc_sprite(state.selected_object.bytes, static_cast<std::uint32_t>(sprite));
+    draw_preview(state, sprite, typed_number(state, state.form10.Text2));
+}
+
+void save_object(EditorState& state) {
+    const SelectedObject& object = state.selected_object;
+    if (!object.index || !has_row(state, *object.index))
+        return;
+    if (!(state.objects.image == state.rom.identity()))
+        return state.dialogs.message("This object was read from another image than the open one. "
+                                     "Build the map of the open image first. Nothing is written.",
+                                     "Error");
+    const ObjectKind kind = chosen_kind(state);
+    const auto record = pack_object(kind, object.bytes, state.form10, state.dialogs);
+    if (!record)
+        return;
+    const auto size = static_cast<std::size_t>(object_kind_row(kind).record_size);
+    told_write(state.rom, object_offset(kind, chosen_list(state), *object.index),
+               std::span(*record).first(size), state.dialogs);
+}
+
+void close_object_window(EditorState& state) {
+    state.form10 = {};
+    state.selected_object = {};
+}
+
+} // namespace veldrune

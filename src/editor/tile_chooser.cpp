@@ -1,0 +1,55 @@
+#include "editor/tile_chooser.h"
+
+#include "render/enlarge.h"
+
+namespace veldrune {
+namespace {
+
+constexpr int tiles_across = 16;
+constexpr int cell_side = view_size / tiles_across;
+constexpr int formation_side = 16;
+constexpr int preview_side = 64;
+
+void draw_tile_sheet(EditorState& state) {
+    for (int tile = 0; tile < tiles_across * tiles_across; ++tile) {
+        const Formation pixels = whole_formation(state.bitmaps, state.form1.edit_layer, tile);
+        enlarge_pixels(pixels.data(), formation_side, formation_side, formation_side,
+                       cell_side / formation_side,
+                       state.tile_sheet.row(tile / tiles_across * cell_side) +
+                           tile % tiles_across * cell_side,
+                       view_size);
+    }
+    draw_grid(state.tile_sheet, cell_side);
+}
+
+} // namespace
+
+void open_tile_chooser(EditorState& state) {
+    if (!state.map_selected || state.world_map_mode)
+        return;
+    state.form2.layer = state.form1.edit_layer;
+    draw_tile_sheet(state);
+    state.form8.visible = state.form2.visible = true;
+}
+
+void on_palette_layer(EditorState& state) {
+    state.form1.edit_layer = state.form2.layer;
+    draw_tile_sheet(state);
+}
+
+void choose_tile(EditorState& state, int x, int y) {
+    if (x < 0 || x >= view_size || y < 0 || y >= view_size)
+        return;
+    const int column = x / cell_side;
+    const int row = y / cell_side;
+    enlarge_pixels(state.tile_sheet.row(cell_side * row) + cell_side * column, view_size, cell_side,
+                   cell_side, preview_side / cell_side, state.form1.Picture3.data(), preview_side);
+    state.form1.current_tile = row * tiles_across + column;
+    close_tile_chooser(state);
+}
+
+void close_tile_chooser(EditorState& state) {
+    state.form8.visible = state.form2.visible = false;
+}
+
+} // namespace veldrune

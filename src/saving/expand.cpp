@@ -1,0 +1,70 @@
+#include "saving/expand.h"
+
+#include "rom/rom_layout.h"
+#include "saving/told_write.h"
+
+#include <vector>
+
+namespace veldrune {
+namespace {
+
+constexpr std::size_t dialogue_count = rom_layout::dialogue_count;
+constexpr std::size_t last_of_first_bank = 1591; // the texts behind it lie in the second bank
+constexpr std::uint8_t first_bank = 0xCD;
+constexpr std::uint8_t second_bank = 0xCE;
+
+constexpr std::int32_t dialogue_mark_byte = rom_layout::patch_marks + 1;
+constexpr std::uint8_t dialogue_mark = 0x02;
+
+// clang-format off
+constexpr std::array<std::uint8_t, 29> new_routine = {
+    0xC2, 0x20,             //       REP #$20
+    0xA5, 0xD0,             //       LDA $D0        number of the text
+    0xAA, 0xA8,             //       TAX, TAY
+    0xE8, 0xE8, 0x88,       // loop: INX, INX, DEY
+    0xC0, 0x00, 0x00,       //       CPY #$0000
+    0xD0, 0xF8,             //       BNE loop       until X is 3 times the number
+    0xBF, 0x00, 0x00, 0xF0, //       LDA $F00000,X  low 16 bits of its address
+    0x85, 0xC9,             //       STA $C9
+    0x98,                   //       TYA
+    0xE2, 0x20,             //       SEP #$20
+    0xBF, 0x02, 0x00, 0xF0, //       LDA $F00002,X  bank of its address
+    0x85, 0xCB,             //       STA $CB
+};
+// clang-format on
+
+using PointerTable = std::array<std::uint8_t, 3 * dialogue_count>;
+
+PointerTable wide_pointers(const RomImage& rom) {
+    std::array<std::uint8_t, 2 * dialogue_count> narrow;
+    rom.read(rom_layout::dialogue_pointers, narrow);
+    PointerTable wide;
+    for (std::size_t i = 0; i < dialogue_count; ++i) {
+        wide[3 * i] = narrow[2 * i];
+        wide[3 * i + 1] = narrow[2 * i + 1];
+        wide[3 * i + 2] = i <= last_of_first_bank ? first_bank : second_bank;
+    }
+    return wide;
+}
+
+} // namespace
+
+void expand_rom(RomImage& rom, Dialogs& dialogs) {
+    if (rom.size() >= rom_layout::expanded_image_size)
+        return dialogs.message("This image has been expanded to 32 Mbit already. Nothing has been "
+                               "changed.",
+                               "Error");
+    const std::vector<std::uint8_t> zeros(rom_layout::expanded_image_size - rom_layout::added_area);
+    told_write(rom, rom_layout::added_area, zeros, dialogs);
+}
+
+void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
+    // Read before the table makes a short file longer.
+    const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
+    if (told_write(rom, rom_layout::new_dialogue_pointers, wide_pointers(rom), dialogs) &&
+        told_write(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
+        told_write(rom, dialogue_mark_byte, {&mark, 1}, dialogs))
+        flags[dialogue_patch_flag] = true;
+}
+
+} // namespace veldrune

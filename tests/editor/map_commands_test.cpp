@@ -1,0 +1,92 @@
+#include "editor/build.h"
+#include "editor/map_commands.h"
+#include "editor/tile_chooser.h"
+#include "support/editor_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+using demo::demo_map::town;
+
+TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
+    Editor editor;
+    EditorState& state = *editor.state;
+    paste_properties(state); // no map was chosen
+    EXPECT_EQ(editor.form.Text25, "");
+    editor.choose(0);
+    paste_properties(state); // nothing was copied: zeros
+    EXPECT_EQ(editor.form.Text2 + editor.form.Text5 + editor.form.Text6, "16160");
+    editor.choose(3);
+    const MapProperties record = state.map_properties;
+    const Form1 shown = editor.form;
+    editor.form.Text13 = "99";
+    copy_properties(state);
+    editor.choose(town);
+    const auto cells = state.layers[0].map.cells;
+    paste_properties(state);
+    EXPECT_EQ(state.map_properties, record);
+    EXPECT_EQ(editor.form.Text13 + " " + editor.form.Text14, shown.Text13 + " " + shown.Text14);
+    EXPECT_EQ(state.layers[0].map.cells, cells);
+    EXPECT_EQ(editor.disk.writes, 0);
+}
+
+TEST(ClearMap, EmptiesTheThreeLayersInMemory) {
+    Editor editor;
+    EditorState& state = *editor.state;
+    editor.choose(town);
+    build_tileset(state);
+    for (const bool world : {true, false}) { // not over a world map
+        for (Layer& layer : state.layers)
+            layer.map.cells.fill(7);
+        state.world_map_mode = world;
+        editor.form.grid_on = true;
+        clear_map(state);
+        for (const Layer& layer : state.layers)
+            for (int row = 0; row < 65; ++row)
+                for (int column = 0; column < 129; ++column)
+                    ASSERT_EQ(layer.map.at(column, row), row < 64 && !world ? 0 : 7);
+    }
+    EXPECT_TRUE(state.changes_saved);
+    for (int i = 0; i < 512; ++i) // formation 0 in every cell, and no grid
+        ASSERT_EQ(state.picture.row(i)[i], state.picture.row(i % 32)[i % 32]);
+    EXPECT_NE(state.picture.row(0)[0], 0xFFFFFFu);
+}
+
+TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
+    Editor editor;
+    EditorState& state = *editor.state;
+    editor.choose(town);
+    build_tileset(state);
+    editor.form.edit_layer = 1;
+    open_tile_chooser(state);
+    EXPECT_TRUE(state.form8.visible && state.form2.visible && state.form2.layer == 1);
+    for (const int layer : {1, 0, 2}) {
+        if (state.form2.layer != layer) {
+            state.form2.layer = layer;
+            on_palette_layer(state);
+        }
+        EXPECT_EQ(editor.form.edit_layer, layer);
+        for (int y = 0; y < 512; ++y)
+            for (int x = 0; x < 512; ++x) {
+                const Formation tile = whole_formation(state.bitmaps, layer, y / 32 * 16 + x / 32);
+                const bool line = x % 32 == 0 || y % 32 == 0;
+                ASSERT_EQ(state.tile_sheet.row(y)[x],
+                          line ? 0xFFFFFF
+                               : tile[static_cast<std::size_t>(y % 32 / 2 * 16 + x % 32 / 2)]);
+            }
+    }
+    choose_tile(state, -1, 0);
+    choose_tile(state, 0, 512);
+    EXPECT_TRUE(state.form8.visible);
+    choose_tile(state, 32 * 3 + 31, 32 * 2);
+    EXPECT_EQ(editor.form.current_tile, 35);
+    EXPECT_FALSE(state.form8.visible || state.form2.visible);
+    for (int i = 0; i < 64 * 64; ++i) // the lines come along
+        ASSERT_EQ(editor.form.Picture3[static_cast<std::size_t>(i)],
+                  state.tile_sheet.row(64 + i / 64 / 2)[96 + i % 64 / 2]);
+}
+
+} // namespace
+} // namespace veldrune::test

@@ -1,0 +1,150 @@
+#include "objects/object_record.h"
+#include "rom/number_text.h"
+#include "support/editor_fixture.h"
+#include "support/object_image.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+using enum ObjectKind;
+
+ObjectBytes any_record(ObjectKind kind, Random& random) {
+    ObjectBytes record{};
+    for (std::size_t i = 0; i < place_of(kind).size; ++i)
+        record[i] = random.byte();
+    return record;
+}
+
+TEST(ObjectRecord, RandomRecordsComeBackByteForByte) {
+    Random random(1);
+    ScriptedDialogs dialogs;
+    for (int i = 0; i < 20000; ++i) {
+        const ObjectKind kind = all_kinds[random.below(5)];
+        ObjectBytes record = any_record(kind, random);
+        Form10 form;
+        form.option = random.below(6) - 1;
+        unpack_object(kind, record, form);
+        if (kind == chest) {
+            const int bits = record[3] & 0xF8;
+            const int pressed = bits != 0 ? bits & -bits : form.option < 0 ? 0 : 8 << form.option;
+            record[3] = static_cast<std::uint8_t>((record[3] & 7) | pressed);
+        }
+        const auto packed = pack_object(kind, record, form, dialogs);
+        ASSERT_EQ(packed, record) << static_cast<int>(kind);
+    }
+    EXPECT_TRUE(dialogs.silent());
+}
+
+// The bytes that the numbers in the fields make, each of them a plain sum.
+ObjectBytes summed(ObjectKind kind, const Form10& f, const ObjectBytes& old, const int (&n)[8],
+                   int flag_byte, int flag_bit) {
+    int b[9] = {};
+    const int e = n[kind == npc ? 1 : 4] - 0xA0200;
+    switch (kind) {
+    case npc:
+        b[0] = e, b[1] = e >> 8;
+        b[2] = (flag_bit & 3) * 64 + (old[2] & 0x20) + (n[2] & 7) * 4 + (e >> 16 & 0xFF);
+        b[3] = (flag_byte - 0x1EE0) * 2 + (flag_bit >> 2);
+        b[4] = n[5], b[5] = f.Combo3 * 64 + n[6], b[6] = n[7];
+        b[7] = f.Combo1 * 64 + f.Check2 * 32 + f.Check1 * 16 + f.Combo4;
+        b[8] = (old[8] & 0xF8) + (f.Check3 ? 0 : 4) + f.Combo2;
+        break;
+    case chest:
+        b[0] = n[1], b[1] = n[2], b[2] = (flag_byte & 0x1F) * 8 + flag_bit;
+        b[3] = f.Check3 * 4 + f.Check1 * 2 + f.Check2 + (f.option < 0 ? 0 : 8 << f.option);
+        b[4] = f.Combo2;
+        break;
+    case event_trigger:
+        b[0] = n[1], b[1] = n[2], b[2] = e, b[3] = e >> 8, b[4] = e >> 16;
+        break;
+    case entrance:
+        b[0] = n[1], b[1] = n[2], b[2] = n[4], b[3] = n[4] >> 8, b[4] = n[7], b[5] = n[5];
+        break;
+    case long_entrance:
+        b[0] = n[1], b[1] = n[2], b[2] = n[6], b[3] = n[4], b[4] = n[4] >> 8;
+        b[5] = n[7], b[6] = n[5];
+        break;
+    }
+    ObjectBytes bytes;
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(b[i]);
+    return bytes;
+}
+
+TEST(ObjectRecord, ChangedFieldsPackAsTheSumsSay) {
+    Random random(2);
+    ScriptedDialogs dialogs;
+    for (int i = 0; i < 20000; ++i) {
+        const ObjectKind kind = all_kinds[random.below(5)];
+        Form10 f;
+        int n[8] = {};
+        for (int& number : n) // often too wide for its bits
+            number = random.below(1 << 4 * (1 + random.below(kind == npc ? 5 : 6)));
+        std::string* const texts[] = {&f.Text1, &f.Text2, &f.Text4, &f.Text5, &f.Text6, &f.Text7};
+        for (std::size_t t = 0; t < 6; ++t)
+            *texts[t] = format_hex(n[std::array{1, 2, 4, 5, 6, 7}[t]]) + (t == 3 ? " " : "");
+        const int flag_byte = kind == npc ? 0x1000 + random.below(0xF000) : random.below(0x20);
+        const int flag_bit = random.below(8);
+        if (kind == npc || kind == chest)
+            f.Text4 = format_hex(flag_byte) + ":" + format_hex(flag_bit);
+        f.Combo1 = random.below(4), f.Combo2 = random.below(kind == chest ? 256 : 4);
+        f.Combo3 = random.below(4), f.Combo4 = random.below(16), f.option = random.below(6) - 1;
+        f.Check1 = random.below(2), f.Check2 = random.below(2), f.Check3 = random.below(2);
+        const ObjectBytes old = any_record(kind, random);
+        const auto packed = pack_object(kind, old, f, dialogs);
+        ASSERT_TRUE(packed);
+        ASSERT_EQ(*packed, summed(kind, f, old, n, flag_byte, flag_bit)) << static_cast<int>(kind);
+    }
+    EXPECT_TRUE(dialogs.silent());
+}
+
+TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
+    using Message = ScriptedDialogs::Message;
+    const Message large = {"The event address you've entered is too large", "Error"};
+    const Message format = {"Your input must be in the following format xxxx:y", "error"};
+    const Message bit = {"Your flag bit must 0 - 7", "Error"};
+    const Message wrong = {
+        "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
+        "byte must be no greater than 1F and your bit must be no greater than 7",
+        "Error"};
+    const auto hex = [](const char* text) {
+        return Message{std::string("The number ") + text + " you've entered is not valid hex",
+                       "Warning"};
+    };
+    const Message invalid = {"invalid hex", "I Pity The Fool"};
+    // clang-format off
+    const struct { ObjectKind kind; std::string Form10::*field; const char* text; std::vector<Message> messages; bool packed; } cases[] = {
+        {npc, &Form10::Text1, "A0200", {}, true},          {npc, &Form10::Text1, " A 02 00 ", {}, true},
+        {npc, &Form10::Text1, "", {}, true},               {npc, &Form10::Text1, "0A0200", {large}, false},
+        {npc, &Form10::Text1, "A020G", {hex("0A020G")}, true}, {npc, &Form10::Text4, "1EE0:4", {}, true},
+        {npc, &Form10::Text4, "1EE0:8", {bit}, false},     {npc, &Form10::Text4, "1EE0:4 ", {format}, false}, // blanks count
+        {npc, &Form10::Text4, "1EE0-9", {format, bit}, false}, {npc, &Form10::Text4, "", {format}, false},
+        {npc, &Form10::Text4, "1EEX:4", {hex("1EEX")}, true},  {npc, &Form10::Text5, " ", {invalid}, true},
+        {chest, &Form10::Text4, "3:5", {}, true},          {chest, &Form10::Text4, " 1 F : 7 ", {}, true},
+        {chest, &Form10::Text4, "20:0", {wrong}, false},   {chest, &Form10::Text4, "1F:8", {wrong}, false},
+        {chest, &Form10::Text4, "1F:45", {wrong}, false},  {chest, &Form10::Text4, "012:4", {wrong, wrong, hex(":")}, false},
+        {chest, &Form10::Text4, "", {wrong}, false},       {chest, &Form10::Text4, "35", {wrong, wrong}, false}, // byte 35, too
+        {chest, &Form10::Text1, "1G", {hex("1G")}, true},  {entrance, &Form10::Text6, "x", {}, true}, // no field of its record
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        Form10 form;
+        unpack_object(c.kind, {}, form);
+        form.*c.field = c.text;
+        ScriptedDialogs dialogs;
+        EXPECT_EQ(pack_object(c.kind, {}, form, dialogs).has_value(), c.packed) << c.text;
+        EXPECT_EQ(dialogs.messages, c.messages) << c.text;
+    }
+    // All fields are looked at, whatever went wrong before.
+    Form10 form;
+    unpack_object(npc, {}, form);
+    form.Text1 = "1234567", form.Text2 = "", form.Text4 = "1EE0:F", form.Text7 = "Z";
+    ScriptedDialogs dialogs;
+    EXPECT_FALSE(pack_object(npc, {}, form, dialogs));
+    EXPECT_EQ(dialogs.messages, (std::vector<Message>{large, invalid, bit, hex("Z")}));
+}
+
+} // namespace
+} // namespace veldrune::test

@@ -1,0 +1,99 @@
+#include "editor/map_commands.h"
+#include "support/editor_fixture.h"
+#include "support/hex_bytes.h"
+#include "support/write_failures.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+constexpr std::size_t marks_at = 0x3000E0;
+
+Bytes noise(std::size_t size, std::uint8_t byte0 = 0xFF, std::uint8_t byte1 = 0xFF) {
+    Random random(5);
+    Bytes bytes(size);
+    std::ranges::generate(bytes, [&] { return random.byte(); });
+    bytes[marks_at] = byte0;
+    if (size > marks_at + 1)
+        bytes[marks_at + 1] = byte1;
+    return bytes;
+}
+
+Bytes patched(Bytes image) {
+    image.resize(std::max<std::size_t>(image.size(), 0x3028FD));
+    for (std::size_t i = 0; i < 3327; ++i) {
+        image[0x300200 + 3 * i] = image[0xCE802 + 2 * i];
+        image[0x300201 + 3 * i] = image[0xCE803 + 2 * i];
+        image[0x300202 + 3 * i] = i < 1592 ? 0xCD : 0xCE;
+    }
+    std::ranges::copy(hex_bytes("C2 20 A5 D0 AA A8 E8 E8 88 C0 00 00 D0 F8 BF 00 00 F0 85 C9 98 "
+                                "E2 20 BF 02 00 F0 85 CB"),
+                      image.begin() + 0x81BF);
+    image[marks_at + 1] &= 0xFD;
+    return image;
+}
+
+void expand(Editor& editor) {
+    expand_rom(*editor.state);
+}
+void patch(Editor& editor) {
+    apply_dialogue_patch(*editor.state);
+}
+
+TEST(DialoguePatch, ChangesTheRoutineTheTableAndTheMark) {
+    for (const std::size_t size : {0x300200u, 0x301000u, 0x400200u}) {
+        Editor editor(noise(size));
+        EXPECT_FALSE(has_dialogue_patch(editor.state->rom));
+        for (int times = 0; times < 2; ++times) {
+            patch(editor);
+            ASSERT_TRUE(editor.image() == patched(noise(size))) << size;
+        }
+        EXPECT_TRUE(has_dialogue_patch(editor.state->rom) && editor.state->patch_flags[8]);
+        EXPECT_TRUE(editor.dialogs.silent());
+    }
+}
+
+TEST(Expansion, FillsTheAddedMegabyteOnceAndWipesATableInIt) {
+    Editor editor(noise(0x300200));
+    patch(editor);
+    expand(editor);
+    EXPECT_TRUE(editor.dialogs.silent());
+    Bytes expected = patched(noise(0x300200));
+    expected.resize(0x300200);
+    expected.resize(0x400200);
+    EXPECT_TRUE(editor.image() == expected);
+    editor.image()[0x350000] = expected[0x350000] = 1;
+    expand(editor);
+    EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(editor.image() == expected);
+}
+
+TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
+    const auto make = [] { return Editor(noise(0x300200)); };
+    expect_prefixes_of_writes(make, expand);
+    expect_prefixes_of_writes(make, patch);
+}
+
+TEST(PatchMarks, AreClearedBitsAndFlagsAreOnlySet) {
+    // clang-format off
+    const struct { std::uint8_t byte0, byte1; std::size_t size; const char* flags; } cases[] = {
+        {0xFF, 0xFE, 0x300200, "0000000001000"}, {0xFF, 0xFD, 0x300200, "0000000010000"},
+        {0xFF, 0xE3, 0x3000E2, "0000000000111"}, {0xFF, 0x1F, 0x300200, "0000000000000"},
+        {0x7D, 0xF7, 0x300200, "0100000100010"}, {0x00, 0x00, 0x3000E1, "0000000000000"},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        Editor editor(noise(c.size, c.byte0, c.byte1));
+        editor.disk["b.smc"] = noise(0x300200);
+        open_image_file(*editor.state, "b.smc");
+        std::string flags;
+        for (const bool flag : editor.state->patch_flags)
+            flags += flag ? '1' : '0';
+        EXPECT_EQ(flags, c.flags);
+        EXPECT_FALSE(has_dialogue_patch(editor.state->rom)); // asked of the image, not the flags
+    }
+}
+
+} // namespace
+} // namespace veldrune::test
