@@ -17,6 +17,8 @@
 #include "render/pixel_buffer.h"
 #include "rom/patch_marks.h"
 #include "rom/rom_image.h"
+#include "world_map/world_map.h"
+#include "world_map/worlds.h"
 
 #include <array>
 #include <optional>
@@ -24,7 +26,7 @@
 
 namespace veldrune {
 
-/// The image that the map in memory was read from.
+/// The image that a map in memory was read from.
 struct MapSource {
     FileIdentity identity;
     std::string path;
@@ -64,6 +66,13 @@ struct EditorState {
     AnimTileTable anim_tiles{};
     std::array<Layer, layer_count> layers;
     MapProperties property_clipboard{}; // the copied record; zeros before the first copy
+
+    // The world map.
+    World world = World::dawn;             // the one that was read last
+    std::optional<MapSource> world_source; // nothing before the first opening
+    WorldMap world_map;
+    WorldSheet world_sheet;
+    int world_packed_size = 0; // the length field of its stream, as read or last written
 
     // Objects.
     ObjectLists objects;            // of the map that was drawn last
