@@ -3,6 +3,7 @@
 #include "demo/image_writer.h"
 #include "demo/layer3_art.h"
 #include "demo/scenery.h"
+#include "demo/world_image.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
 
@@ -111,7 +112,7 @@ Bytes cropped(std::span<const std::uint8_t> cells, int stride, Size size) {
 
 class DemoImage {
   public:
-    explicit DemoImage(std::uint32_t seed) : random_(seed) {}
+    explicit DemoImage(std::uint32_t seed) : seed_(seed), random_(seed) {}
     Bytes make();
 
   private:
@@ -123,6 +124,7 @@ class DemoImage {
     MapProperties make_record(int map, int kind, int layout, int mood, const Overlay& overlay);
     LayerData overlay_data(const Overlay& overlay, Size map_size);
 
+    std::uint32_t seed_;
     Random random_;
     ImageWriter writer_;
     DataArea layers_{writer_, rom_layout::layer_data, layer_area_end,
@@ -150,6 +152,7 @@ Bytes DemoImage::make() {
         write_kind(kind);
     write_tables();
     write_maps();
+    write_worlds(writer_, seed_);
     formations_.repeat_entries();
     tilesets_.repeat_entries();
     layer3_.repeat_entries();
