@@ -169,9 +169,11 @@ Plan cavern_plan(int layout, int width, int height, Random& random) {
                 y += y < to_y ? 1 : -1;
             disc(plan, x, y, 1 + (x + y) / 5 % 2, 3, '.');
         }
-        disc(plan, x, y, random.between(4, 7), random.between(4, 5), '.');
-        if (!random.one_in(3))
-            disc(plan, x, y + 1, random.between(2, 3), 2, "~~Og"[random.below(4)]);
+        const int rx = random.between(4, 7), ry = random.between(4, 5);
+        disc(plan, x, y, rx, ry, '.');
+        const int feature = random.below(6);
+        if (feature < 4)
+            disc(plan, x, y + 1, rx / 2, 2, "~~Og"[feature]);
     }
     plan.rect(0, 0, width, 2, '#');
     plan.rect(0, height - 2, width, 2, '#');

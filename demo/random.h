@@ -19,7 +19,8 @@ constexpr int scatter(int x, int y, int purpose, int count) {
                             static_cast<std::uint32_t>(count));
 }
 
-/// Whole-number random values that are the same on every machine.
+/// Whole-number random values that are the same on every machine. Compilers differ in the order in
+/// which they evaluate the arguments of a call: draw one value a statement.
 class Random {
   public:
     explicit Random(std::uint32_t seed) : state_(mix(seed, 0x5EEDu)) {}

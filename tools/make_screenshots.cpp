@@ -9,6 +9,7 @@
 #include "support/window_driver.h"
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
+#include "ui/windows.h"
 
 #include <QDir>
 #include <QFile>
@@ -52,7 +53,8 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     const std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;
     const auto state = std::make_unique<EditorState>(*disk, dialogs);
-    MainWindow window(*state, dialogs);
+    Windows windows(*state, dialogs);
+    MainWindow& window = windows.main_window();
     const test::WindowDriver user(window);
     window.resize(window.sizeHint());
     user.show();

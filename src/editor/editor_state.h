@@ -2,11 +2,14 @@
 
 #include "compression/compress.h"
 #include "compression/decompress.h"
+#include "events/script_decoder.h"
+#include "events/script_entry.h"
 #include "forms/dialogs.h"
 #include "forms/form1.h"
 #include "forms/form10.h"
 #include "forms/form2.h"
 #include "forms/form8.h"
+#include "forms/form9.h"
 #include "map/layer_map.h"
 #include "map/map_properties.h"
 #include "map/palette.h"
@@ -26,7 +29,7 @@
 
 namespace veldrune {
 
-/// The image that a map in memory was read from.
+/// The image that a map, or the script, in memory was read from.
 struct MapSource {
     FileIdentity identity;
     std::string path;
@@ -42,6 +45,7 @@ struct EditorState {
     Form1 form1;
     Form2 form2;
     Form8 form8;
+    Form9 form9;
     Form10 form10;
 
     // Flags and values of the main window.
@@ -77,6 +81,11 @@ struct EditorState {
     // Objects.
     ObjectLists objects;            // of the map that was drawn last
     SelectedObject selected_object; // in the object window
+
+    // The script in the Event Editor.
+    LoadedScript script;     // as it was loaded
+    MapSource script_source; // the image that it was read from
+    ScriptEntry script_entry;
 
     // The picture.
     Palette256 palette{};

@@ -17,8 +17,15 @@ bool RomImage::open(const std::string& path) {
 }
 
 FileIdentity RomImage::identity() const {
-    const std::optional<FileStatus> status = file_ ? file_->status() : std::nullopt;
-    return status ? status->identity : FileIdentity{};
+    return status().identity;
+}
+
+std::int64_t RomImage::size() const {
+    return status().size;
+}
+
+FileStatus RomImage::status() const {
+    return (file_ ? file_->status() : std::nullopt).value_or(FileStatus{});
 }
 
 std::int64_t RomImage::size() const {
@@ -38,7 +45,8 @@ bool RomImage::take_read_refusal() {
     return std::exchange(read_refused_, false);
 }
 
-void RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
+std::size_t RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
+    const std::size_t wanted = bytes.size();
     while (file_ && offset >= 0 && !bytes.empty()) {
         const std::optional<std::size_t> count = file_->read_at(offset, bytes);
         read_refused_ |= !count;
@@ -48,6 +56,7 @@ void RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
         offset += static_cast<std::int64_t>(*count);
     }
     std::ranges::fill(bytes, std::uint8_t{0xFF});
+    return wanted - bytes.size();
 }
 
 std::uint8_t RomImage::read_byte(std::int64_t offset) const {

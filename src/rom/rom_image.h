@@ -38,8 +38,8 @@ class RomImage {
     std::uint16_t read_word(std::int64_t offset) const;
     /// 24 bits: three bytes, the lowest first.
     std::int32_t read_pointer24(std::int64_t offset) const;
-    /// Fills all of bytes from offset on.
-    void read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
+    /// Fills all of bytes from offset on. Returns how many of them the file holds.
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
 
     /// False where the bytes could not be written; some of them may then stand in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
@@ -48,6 +48,8 @@ class RomImage {
     bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
+    FileStatus status() const;
+
     FileLayer& files_;
     std::unique_ptr<File> file_;
     std::string path_;

@@ -24,6 +24,8 @@ inline constexpr std::int32_t npcs                          = 0x41C10;  // $C41A
 inline constexpr std::int32_t animated_frames               = 0x624FF;  // base of the frame values 1 to 3
 inline constexpr std::int32_t event_scripts                 = 0xA0200;  // $CA0000 base of all event pointers
 inline constexpr std::int32_t dialogue_pointers             = 0xCE802;  // $CCE602 16 bits a text, the low part of its address
+inline constexpr std::int32_t dialogues                     = 0xD0200;  // $CD0000 texts ended by 0, the first bank
+inline constexpr std::int32_t dialogues_2                   = 0xE0200;  // $CE0000 the second bank
 inline constexpr std::int32_t monster_sets                  = 0xF5800;  // $CF5600 1 byte a map
 inline constexpr std::int32_t item_names                    = 0x12B500; // $D2B300 256 names of 13 letters
 inline constexpr std::int32_t dawn_palette                  = 0x12EE00; // $D2EC00 256 colours of 16 bits
@@ -58,6 +60,7 @@ inline constexpr int formation_set_count = 85;
 inline constexpr int tileset_count = 85;
 inline constexpr int layer3_graphics_count = 21;
 inline constexpr int dialogue_count = 3327;
+inline constexpr int first_dialogue_of_second_bank = 1591;
 inline constexpr int item_count = 256;
 
 } // namespace veldrune::rom_layout

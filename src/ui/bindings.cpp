@@ -22,10 +22,11 @@ void Bindings::show() const {
         rule();
 }
 
-void Bindings::text(QLineEdit* field, std::string& value) {
-    QObject::connect(field, &QLineEdit::textEdited, field, [this, &value](const QString& typed) {
-        edit([&] { value = typed.toStdString(); });
-    });
+void Bindings::text(QLineEdit* field, std::string& value, const Action& then) {
+    QObject::connect(field, &QLineEdit::textEdited, field,
+                     [this, &value, then](const QString& typed) {
+                         edit([&] { value = typed.toStdString(); }, then);
+                     });
     rule([field, &value] {
         if (field->text().toStdString() != value)
             field->setText(QString::fromStdString(value));

@@ -26,17 +26,17 @@ inline void work_without_display() {
     });
 }
 
-/// Works the main window as a user does, by mouse and keyboard. Controls are found by their name.
+/// Works a window as a user does, by mouse and keyboard. Controls are found by their name.
 class WindowDriver {
   public:
     explicit WindowDriver(QWidget& window) : window_(window) {}
 
     template <typename T = QWidget>
     T& find(const QString& control) const {
-        T* found = window_.findChild<T*>(control);
-        if (!found)
-            throw std::runtime_error("no control " + control.toStdString());
-        return *found;
+        for (T* found : window_.findChildren<T*>(control))
+            if (stands_in_window(*found))
+                return *found;
+        throw std::runtime_error("no control " + control.toStdString());
     }
 
     void show() const {
@@ -120,6 +120,14 @@ class WindowDriver {
     }
 
   private:
+    /// Whether a control is the window's own, and not one of the same name in a window before it.
+    template <typename T>
+    bool stands_in_window(const T& found) const {
+        if constexpr (std::is_base_of_v<QWidget, T>)
+            return found.window() == &window_;
+        return true;
+    }
+
     /// The menu in which an entry stands, or null for a menu of the bar.
     QMenu* menu_of(QAction& entry) const {
         for (QMenu* menu : window_.findChildren<QMenu*>())

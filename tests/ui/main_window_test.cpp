@@ -1,15 +1,8 @@
-#include "support/editor_fixture.h"
-#include "support/window_driver.h"
-#include "ui/main_window.h"
-#include "ui/qt_dialogs.h"
-
-#include <gtest/gtest.h>
+#include "support/window_test.h"
 
 #include <QCheckBox>
 #include <QDropEvent>
-#include <QFileDialog>
 #include <QLabel>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -17,106 +10,14 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 
-#include <deque>
-#include <optional>
-
 namespace veldrune::test {
 namespace {
 
 constexpr int town = demo::demo_map::town;
 constexpr int forest = demo::demo_map::forest;
 
-/// Answers the boxes that come up while a test waits for them, and keeps what they said.
-class BoxAnswers {
-  public:
-    struct Box {
-        std::string text;
-        std::string title;
-        bool operator==(const Box&) const = default;
-        friend void PrintTo(const Box& box, std::ostream* out) {
-            *out << box.title << ": " << box.text;
-        }
-    };
-    std::vector<Box> boxes;
-    std::deque<bool> answers;         // OK or Cancel; OK beyond them
-    std::optional<QString> file_name; // cancels file dialogs without it
-    std::function<void()> meanwhile;  // runs while the box is up
-
-    BoxAnswers() {
-        timer_.callOnTimeout([this] { answer(); });
-        timer_.start(1);
-    }
-
-  private:
-    void answer() {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || modal == answered_)
-            return;
-        answered_ = modal;
-        if (meanwhile)
-            meanwhile();
-        if (auto* files = qobject_cast<QFileDialog*>(modal))
-            answer_files(*files);
-        else if (auto* box = qobject_cast<QMessageBox*>(modal))
-            answer_box(*box);
-        answered_ = nullptr;
-    }
-    void answer_files(QFileDialog& dialog) {
-        boxes.push_back(
-            {dialog.nameFilters().join(";;").toStdString(), dialog.windowTitle().toStdString()});
-        if (!file_name)
-            return dialog.reject();
-        dialog.selectFile(*file_name);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    }
-    void answer_box(QMessageBox& box) {
-        boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
-        bool accepted = true;
-        if (!answers.empty()) {
-            accepted = answers.front();
-            answers.pop_front();
-        }
-        QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-
-    QTimer timer_;
-    QWidget* answered_ = nullptr;
-};
-
-/// The main window over a disk in memory that holds the demo image twice, "a.smc" and "b.smc".
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public WindowTest {
   protected:
-    MemoryDisk disk;
-    QtDialogs dialogs;
-    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
-    Form1& form = state->form1;
-    MainWindow window{*state, dialogs};
-    WindowDriver user{window};
-    BoxAnswers answers;
-
-    void SetUp() override {
-        disk["a.smc"] = disk["b.smc"] = demo_bytes();
-        user.show();
-    }
-    void open_map(int map) {
-        window.open_file("a.smc");
-        user.choose_map(map);
-        user.click("Command3");
-    }
-    std::uint8_t tile(int layer, int column, int row) {
-        return state->layers[static_cast<std::size_t>(layer)].map.at(column, row);
-    }
-    /// Whether the picture in the window is the editor's, pixel by pixel.
-    bool shows_picture() {
-        const QImage shown = user.find("Picture1").grab().toImage();
-        for (int y = 0; y < view_size; ++y)
-            for (int x = 0; x < view_size; ++x)
-                if (shown.pixel(WindowDriver::on_picture(x, y)) !=
-                    (0xFF000000 | state->picture.row(y)[x]))
-                    return false;
-        return true;
-    }
     bool is_black() {
         return std::ranges::all_of(state->picture.pixels, [](Colour pixel) { return pixel == 0; });
     }
@@ -129,8 +30,8 @@ TEST_F(MainWindowTest, WithoutAnImageCommandsAreSilentAndOnlyTheZoomMoves) {
     EXPECT_EQ(user.find<QComboBox>("Combo1").itemText(413), "map 413");
     for (const char* control : {"Command1", "Command2", "Command3", "Command4", "Option4"})
         user.click(control);
-    for (const char* command : {"Save", "SaveAs", "Dawn", "Dusk", "Clear", "Copy", "Paste",
-                                "Memory_Mng", "Expand", "Dialogue_Patch", "About1"})
+    for (const char* command :
+         {"Save", "SaveAs", "Dawn", "Dusk", "Clear", "Copy", "Paste", "Expand", "Dialogue_Patch"})
         user.choose(command);
     user.click_picture(40, 40);
     user.click_picture(40, 40, Qt::RightButton);

@@ -1,0 +1,133 @@
+#include "dialogue/dialogue_text.h"
+
+#include "rom/rom_layout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace veldrune {
+namespace {
+
+using namespace rom_layout;
+
+constexpr std::size_t line_width = 33;
+constexpr std::string_view line_break = "\r\n";
+constexpr std::string_view option_marker = "> ";
+constexpr std::size_t none = std::string_view::npos;
+
+// clang-format off
+constexpr std::string_view pieces[256] = {
+    "",       "\r\n",   "VARNA",  "DORIN",  "HALE",   "MOROSE", "BRANNO", "TOBIN",    // 00
+    "FAELA",  "ORMOND", "LISK",   "KASPER", "PIP",    "JOX",    "MIMI",   "YETTI",    // 08
+    "(10)",   "(11)",   "(12)",   "\r\n",   "(14)",   "> ",     "(16)",   "(17)",     // 10
+    "(18)",   "(19)",   "(1A)",   "(1B)",   "(1C)",   "(1D)",   "(1E)",   "(1F)",     // 18
+    "A",      "B",      "C",      "D",      "E",      "F",      "G",      "H",        // 20
+    "I",      "J",      "K",      "L",      "M",      "N",      "O",      "P",        // 28
+    "Q",      "R",      "S",      "T",      "U",      "V",      "W",      "X",        // 30
+    "Y",      "Z",      "a",      "b",      "c",      "d",      "e",      "f",        // 38
+    "g",      "h",      "i",      "j",      "k",      "l",      "m",      "n",        // 40
+    "o",      "p",      "q",      "r",      "s",      "t",      "u",      "v",        // 48
+    "w",      "x",      "y",      "z",      "0",      "1",      "2",      "3",        // 50
+    "4",      "5",      "6",      "7",      "8",      "9",      "!",      "?",        // 58
+    "(60)",   ":",      "\"",     "'",      "-",      ".",      ",",      "...",      // 60
+    ";",      "#",      "+",      "(",      ")",      "%",      "~",      "(6F)",     // 68
+    "@",      "(71)",   "=",      "\"",     "",       "",       "",       "",         // 70
+    "",       "",       "",       "",       "",       "",       "",       " ",        // 78
+    "e ",     " t",     ": ",     "th",     "t ",     "he",     "s ",     "er",       // 80
+    " a",     "re",     "in",     "ou",     "d ",     " w",     " s",     "an",       // 88
+    "o ",     " h",     " o",     "r ",     "n ",     "at",     "to",     " i",       // 90
+    ", ",     "ve",     "ng",     "ha",     " m",     "Th",     "st",     "on",       // 98
+    "yo",     " b",     "me",     "y ",     "en",     "it",     "ar",     "ll",       // A0
+    "ea",     "I ",     "ed",     " f",     " y",     "hi",     "is",     "es",       // A8
+    "or",     "l ",     " c",     "ne",     "'s",     "nd",     "le",     "se",       // B0
+    " I",     "a ",     "te",     " l",     "pe",     "as",     "ur",     "u ",       // B8
+    "al",     " p",     "g ",     "om",     " d",     "f ",     " g",     "ow",       // C0
+    "rs",     "be",     "ro",     "us",     "ri",     "wa",     "we",     "Wh",       // C8
+    "et",     " r",     "nt",     "m ",     "ma",     "I'",     "li",     "ho",       // D0
+    "of",     "Yo",     "h ",     " n",     "ee",     "de",     "so",     "gh",       // D8
+    "ca",     "ra",     "n'",     "ta",     "ut",     "el",     "! ",     "fo",       // E0
+    "ti",     "We",     "lo",     "e!",     "ld",     "no",     "ac",     "ce",       // E8
+    "k ",     " u",     "oo",     "ke",     "ay",     "w ",     "!!",     "ag",       // F0
+    "il",     "ly",     "co",     ". ",     "ch",     "go",     "ge",     "e...",     // F8
+};
+// clang-format on
+
+std::size_t count_from(std::string_view text, std::string_view what, std::size_t at) {
+    std::size_t count = 0;
+    for (; (at = text.find(what, at)) != none; at += what.size())
+        ++count;
+    return count;
+}
+
+// Where the line that begins at start ends: at a line break within its width, at the last blank
+// there, or else at whichever of the two comes first behind it.
+std::size_t line_end(std::string_view text, std::size_t start) {
+    const std::string_view reach = text.substr(start, line_width + line_break.size() - 1);
+    if (const std::size_t at = reach.find(line_break); at != none)
+        return start + at;
+    if (const std::size_t at = reach.substr(0, line_width).rfind(' '); at != none)
+        return start + at;
+    return text.find_first_of(" \r", start);
+}
+
+std::uint8_t count_options(std::string_view text) {
+    return static_cast<std::uint8_t>(count_from(text, option_marker, 1));
+}
+
+// Where the text of a number begins, or nothing where its table entry leaves the file.
+std::int64_t text_offset(const RomImage& rom, bool dialogue_patched, int number) {
+    constexpr std::int64_t outside = -1;
+    std::array<std::uint8_t, 3> entry{};
+    if (dialogue_patched) {
+        constexpr std::int64_t snes_base = 0xC00000 - header_size;
+        if (rom.read(new_dialogue_pointers + std::int64_t{3} * number, entry) < 3)
+            return outside;
+        return (entry[0] | entry[1] << 8 | entry[2] << 16) - snes_base;
+    }
+    if (rom.read(dialogue_pointers + std::int64_t{2} * number, std::span(entry).first(2)) < 2)
+        return outside;
+    const std::int64_t bank = number < first_dialogue_of_second_bank ? dialogues : dialogues_2;
+    return bank + (entry[0] | entry[1] << 8);
+}
+
+} // namespace
+
+std::string_view decode_dialogue_byte(std::uint8_t byte) {
+    return pieces[byte];
+}
+
+DialogueText wrap_dialogue(std::string text) {
+    std::size_t lines = 1;
+    std::size_t start = 0; // behind the last place that has ended a line
+    while (text.size() > line_width && text.size() - start >= line_width) {
+        const std::size_t end = line_end(text, start);
+        if (end == none)
+            break;
+        if (text[end] == ' ')
+            text[end] = '\r';
+        start = end + 1;
+        ++lines;
+    }
+    lines += count_from(text, line_break, start) + 1;
+    const std::uint8_t options = count_options(text);
+    return {std::move(text), static_cast<std::uint8_t>(lines), options};
+}
+
+DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int number) {
+    std::string text;
+    std::int64_t at = text_offset(rom, dialogue_patched, number);
+    std::array<std::uint8_t, 256> block;
+    for (std::size_t done = 0; done < longest_dialogue; done += block.size()) {
+        const std::size_t count = rom.read(at, block);
+        const auto bytes = std::span(block).first(count);
+        const auto end = std::ranges::find(bytes, std::uint8_t{0});
+        std::for_each(bytes.begin(), end,
+                      [&](std::uint8_t byte) { text += decode_dialogue_byte(byte); });
+        if (end != bytes.end() || count < block.size())
+            break;
+        at += static_cast<std::int64_t>(block.size());
+    }
+    return wrap_dialogue(std::move(text));
+}
+
+} // namespace veldrune

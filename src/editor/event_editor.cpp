@@ -1,0 +1,120 @@
+#include "editor/event_editor.h"
+
+#include "events/script_encoder.h"
+#include "rom/number_text.h"
+#include "rom/patch_marks.h"
+#include "saving/told_write.h"
+
+namespace veldrune {
+namespace {
+
+constexpr const char* program_title = "Veldrune Map Editor"; // of a message without its own
+
+ScriptDesk desk_of(EditorState& state) {
+    return {state.form9, state.script_entry, state.rom, state.dialogs};
+}
+
+bool stands_open(const EditorState& state) {
+    return state.form9.visible;
+}
+
+void tell(EditorState& state, const std::string& text) {
+    state.dialogs.message(text, "Error");
+}
+
+void tell_if_cut(EditorState& state) {
+    if (!state.script.whole)
+        tell(state, "The script at " + state.form9.Text3 + " has no end within " +
+                        std::to_string(longest_script) +
+                        " bytes and the file. It is shown as far as it goes and can't be saved.");
+}
+
+// Whether the script may be written into the open image at all; where not, it has been told.
+bool may_save_script(EditorState& state) {
+    if (!state.script.whole) {
+        tell(state, "This script can't be saved, since its end was not found when it was loaded.");
+        return false;
+    }
+    if (state.script_source.identity == state.rom.identity())
+        return true;
+    tell(state, "This script was read from " + state.script_source.path +
+                    " and can't be saved into the open image, " + state.rom.path() + ".");
+    return false;
+}
+
+void refuse(EditorState& state, const CellRefusal& refusal) {
+    const ScriptRow& row = state.form9.grid[static_cast<std::size_t>(refusal.row)];
+    refuse_cell(desk_of(state), refusal, row.cells[refusal.column]);
+}
+
+} // namespace
+
+void open_event_editor(EditorState& state) {
+    if (!state.rom_open)
+        return;
+    const int former_loads = state.form9.load_number;
+    const std::int64_t offset = state.selected_object.script_offset;
+    state.form9 = Form9{};
+    state.script_entry = ScriptEntry{};
+    state.script_entry.dialogue_patched = has_dialogue_patch(state.rom);
+    state.script =
+        load_script(state.rom, offset, state.script_entry.dialogue_patched, state.form9.grid);
+    state.script_source = {state.rom.identity(), state.rom.path()};
+    state.form9.Text3 = format_hex(static_cast<std::uint32_t>(offset));
+    state.form9.load_number = former_loads + 1;
+    state.form9.visible = state.form9.to_front = true;
+    tell_if_cut(state);
+}
+
+void close_event_editor(EditorState& state) {
+    state.form9.visible = false;
+    state.form9.Text2_visible = false;
+}
+
+void on_script_click(EditorState& state, int row, int column) {
+    if (stands_open(state))
+        click_cell(desk_of(state), row, column);
+}
+
+void on_script_enter(EditorState& state) {
+    if (stands_open(state))
+        enter_text(desk_of(state));
+}
+
+void on_script_escape(EditorState& state) {
+    if (stands_open(state))
+        escape_entry(desk_of(state));
+}
+
+void add_script_item(EditorState& state) {
+    if (stands_open(state))
+        add_item(desk_of(state));
+}
+
+void remove_script_item(EditorState& state) {
+    if (stands_open(state))
+        remove_item(desk_of(state));
+}
+
+void on_script_offset_enter(EditorState& state) {
+    if (!stands_open(state))
+        return;
+    state.selected_object.script_offset = parse_hex_text(state.form9.Text3, state.dialogs);
+    open_event_editor(state);
+}
+
+void save_script(EditorState& state) {
+    if (!stands_open(state))
+        return;
+    end_entry(desk_of(state));
+    if (!may_save_script(state))
+        return;
+    const EncodedScript script = encode_script(state.form9.grid, state.dialogs);
+    if (script.refusal)
+        return refuse(state, *script.refusal);
+    if (static_cast<int>(script.bytes.size()) > state.script.length)
+        return state.dialogs.message("Not Now", program_title);
+    told_write(state.rom, state.selected_object.script_offset, script.bytes, state.dialogs);
+}
+
+} // namespace veldrune

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// Closes the Event Editor if it stands open, makes it anew and loads the script at
+/// selected_object.script_offset. Unsaved changes are dropped. Does nothing without an image.
+void open_event_editor(EditorState& state);
+/// After the user has closed the window.
+void close_event_editor(EditorState& state);
+
+/// A click on a cell of the grid.
+void on_script_click(EditorState& state, int row, int column);
+/// Enter and Escape in the edit box, whose text stands in form9.Text2.
+void on_script_enter(EditorState& state);
+void on_script_escape(EditorState& state);
+/// "Add Item" and "Remove Item".
+void add_script_item(EditorState& state);
+void remove_script_item(EditorState& state);
+
+/// Enter in form9.Text3: opens the Event Editor anew on that offset.
+void on_script_offset_enter(EditorState& state);
+
+/// File > Save of the Event Editor: writes the script over the one at
+/// selected_object.script_offset, where it has not grown. Refuses what can't be encoded, a script
+/// that was not read whole and one that was read from another image.
+void save_script(EditorState& state);
+
+} // namespace veldrune

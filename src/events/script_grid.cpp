@@ -1,0 +1,137 @@
+#include "events/script_grid.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace veldrune {
+namespace {
+
+std::string without(std::string_view text, std::string_view dropped) {
+    std::string kept;
+    std::ranges::copy_if(text, std::back_inserter(kept),
+                         [&](char c) { return dropped.find(c) == std::string_view::npos; });
+    return kept;
+}
+
+bool is_row(const ScriptGrid& grid, int row) {
+    return row >= 0 && row < static_cast<int>(grid.size());
+}
+
+// The lines of a list cell that hold anything, without blanks.
+std::vector<std::string> lines_of(std::string_view cell) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < cell.size();) {
+        const std::size_t end = std::min(cell.find_first_of("\r\n", at), cell.size());
+        std::string line = without_blanks(cell.substr(at, end - at));
+        if (!line.empty())
+            lines.push_back(std::move(line));
+        at = end + 1;
+    }
+    return lines;
+}
+
+} // namespace
+
+ScriptGrid empty_script_grid() {
+    ScriptGrid grid{ScriptRow{{}, script_header_height}, blank_script_row()};
+    std::ranges::copy(script_headers, grid[0].cells.begin());
+    return grid;
+}
+
+ScriptRow script_row(ScriptColumn column, std::string_view value, std::string_view label) {
+    ScriptRow row{{column == primary ? " " : "  ", " ", " ", std::string(label)}};
+    row.cells[column] += value;
+    return row;
+}
+
+ScriptRow blank_script_row(std::string_view label) {
+    return {{" ", {}, {}, std::string(label)}};
+}
+
+std::string cell_text(std::string_view value) {
+    return std::string(1, ' ').append(value);
+}
+
+bool is_blank(std::string_view cell) {
+    return cell.find_first_not_of(' ') == std::string_view::npos;
+}
+
+bool is_blank(const ScriptRow& row) {
+    return std::ranges::all_of(row.cells, [](const std::string& cell) { return is_blank(cell); });
+}
+
+std::string without_blanks(std::string_view cell) {
+    return without(cell, " ");
+}
+
+std::string without_breaks(std::string_view cell) {
+    return without(cell, " \r\n");
+}
+
+std::optional<std::uint64_t> plain_hex(std::string_view cell) {
+    constexpr std::uint64_t beyond = std::uint64_t{1} << 32;
+    std::uint64_t value = 0;
+    bool any = false;
+    for (const char c : cell) {
+        if (c == ' ')
+            continue;
+        const bool decimal = c >= '0' && c <= '9';
+        const char letter = static_cast<char>(c & ~0x20);
+        if (!decimal && (letter < 'A' || letter > 'F'))
+            return std::nullopt;
+        value = std::min(
+            beyond, value * 16 + static_cast<std::uint64_t>(decimal ? c - '0' : letter - 'A' + 10));
+        any = true;
+    }
+    return any ? std::optional(value) : std::nullopt;
+}
+
+std::string padded(std::string_view digits, std::size_t width) {
+    return std::string(width - std::min(width, digits.size()), '0').append(digits);
+}
+
+bool starts_command(const ScriptGrid& grid, int row) {
+    return row > 0 && is_row(grid, row) &&
+           !is_blank(grid[static_cast<std::size_t>(row)].cells[primary]);
+}
+
+int command_code_at(const ScriptGrid& grid, int row) {
+    if (!starts_command(grid, row))
+        return -1;
+    return static_cast<int>(
+        plain_hex(grid[static_cast<std::size_t>(row)].cells[primary]).value_or(0) & 0xFF);
+}
+
+int command_end(const ScriptGrid& grid, int row) {
+    const int spare = static_cast<int>(grid.size()) - 1;
+    do
+        ++row;
+    while (row < spare && !starts_command(grid, row));
+    return std::min(row, spare);
+}
+
+void insert_row(ScriptGrid& grid, int row, ScriptRow what) {
+    grid.insert(grid.begin() + row, std::move(what));
+}
+
+void remove_rows(ScriptGrid& grid, int first, int end) {
+    grid.erase(grid.begin() + first, grid.begin() + end);
+}
+
+std::optional<std::vector<std::string>> offsets_in(std::string_view cell) {
+    const auto is_offset = [](const std::string& line) {
+        return line.size() >= 5 && line.size() <= 7;
+    };
+    std::vector<std::string> offsets = lines_of(cell);
+    if (std::ranges::all_of(offsets, is_offset))
+        return offsets;
+    const std::string digits = without_breaks(cell);
+    if (digits.size() % 6 != 0)
+        return std::nullopt;
+    offsets.clear();
+    for (std::size_t at = 0; at < digits.size(); at += 6)
+        offsets.push_back(digits.substr(at, 6));
+    return offsets;
+}
+
+} // namespace veldrune

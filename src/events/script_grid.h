@@ -1,0 +1,59 @@
+#pragma once
+
+#include "forms/form9.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace veldrune {
+
+// The grid of a script, a plain table of text cells: row 0 is the header, the last row is a spare
+// blank one. A command is a row with a non-blank primary cell and all rows down to the next such
+// row. All functions take rows of the grid.
+
+using ScriptGrid = std::vector<ScriptRow>;
+
+/// The header and the spare row of an empty script.
+ScriptGrid empty_script_grid();
+
+/// A row that holds a value in one column, with a blank in front, and a label.
+ScriptRow script_row(ScriptColumn column, std::string_view value, std::string_view label);
+/// A row that waits for a value.
+ScriptRow blank_script_row(std::string_view label = {});
+
+/// A value as a cell holds it, with a blank in front.
+std::string cell_text(std::string_view value);
+
+/// Whether a cell holds only blanks.
+bool is_blank(std::string_view cell);
+/// Whether all cells of a row are blank.
+bool is_blank(const ScriptRow& row);
+/// A cell's text less its blanks and, if wanted, its line breaks.
+std::string without_blanks(std::string_view cell);
+std::string without_breaks(std::string_view cell);
+
+/// The number in a cell of hexadecimal digits and blanks; beyond 32 bits it stays at 0x100000000.
+/// Nothing where the cell holds anything else or no digit.
+std::optional<std::uint64_t> plain_hex(std::string_view cell);
+
+/// Digits padded on the left with zeros to a width.
+std::string padded(std::string_view digits, std::size_t width);
+
+/// Whether a command begins in this row.
+bool starts_command(const ScriptGrid& grid, int row);
+/// The code of the command that begins in this row; -1 where none does.
+int command_code_at(const ScriptGrid& grid, int row);
+/// The row behind the last one of the command to which a row belongs; never the spare row's.
+int command_end(const ScriptGrid& grid, int row);
+
+void insert_row(ScriptGrid& grid, int row, ScriptRow what);
+void remove_rows(ScriptGrid& grid, int first, int end);
+
+/// The offsets in a list cell, each as its digits. Where every line holds five, six or seven
+/// digits each line is an offset; otherwise all digits are taken six by six. Nothing where their
+/// number is no multiple of six.
+std::optional<std::vector<std::string>> offsets_in(std::string_view cell);
+
+} // namespace veldrune

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ui/side_window.h"
+
+namespace veldrune {
+
+/// The Object Info window, Form10: one object of the map, in fields that change with its kind.
+class ObjectWindow : public SideWindow {
+  public:
+    ObjectWindow(EditorState& state, Windows& windows, QWidget* behind);
+
+  private:
+    void build_panel();
+    void come_to_front();
+};
+
+} // namespace veldrune

@@ -1,0 +1,106 @@
+#include "dialogue/dialogue_text.h"
+#include "support/editor_fixture.h"
+#include "support/memory_disk.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+std::string repeated(const std::string& piece, int count) {
+    std::string text;
+    while (count-- > 0)
+        text += piece;
+    return text;
+}
+
+TEST(DialogueText, TextsAreWrappedAndCounted) {
+    const std::string a33(33, 'A');
+    const struct {
+        std::string text, wrapped;
+        int lines, options;
+    } cases[] = {
+        {"", "", 2, 0},
+        {"AB", "AB", 2, 0},
+        {"AB\r\nA> B", "AB\r\nA> B", 3, 1},
+        {"> A\r\n> B\r\n> C", "> A\r\n> B\r\n> C", 4, 2}, // one at the very start is none
+        {a33, a33, 2, 0},                                 // short enough
+        {a33 + " B", a33 + "\rB", 3, 0}, // the blank stands at the 34th place, behind the line
+        {repeated("A ", 30), repeated("A ", 15) + "A\r" + repeated("A ", 14), 3, 0},
+        {std::string(32, 'A') + "\r\nB", std::string(32, 'A') + "\r\nB", 3, 0},
+        {std::string(32, 'A') + " " + a33, std::string(32, 'A') + "\r" + a33, 3, 0},
+        {"A\r\n" + a33 + "\r\nB", "A\r\n" + a33 + "\r\nB", 4, 0},
+        // A word without a blank in reach stays whole; the next blank or break behind ends it.
+        {a33 + a33, a33 + a33, 2, 0},
+        {"A " + a33 + a33 + " B C", "A\r" + a33 + a33 + "\rB C", 4, 0},
+        {a33 + a33 + "\r\n" + a33 + "B C", a33 + a33 + "\r\n" + a33 + "B\rC", 4, 0},
+        // A marker whose blank ends a line is none any more.
+        {std::string(31, 'A') + "> " + a33, std::string(31, 'A') + ">\r" + a33, 3, 0},
+        // Counts have eight bits.
+        {a33 + repeated("\r\n> ", 260), a33 + repeated("\r\n> ", 260), 6, 4},
+    };
+    for (const auto& c : cases) {
+        const DialogueText dialogue = wrap_dialogue(c.text);
+        EXPECT_EQ(dialogue.text, c.wrapped);
+        EXPECT_EQ(dialogue.line_count, c.lines) << c.wrapped;
+        EXPECT_EQ(dialogue.option_count, c.options) << c.wrapped;
+    }
+}
+
+TEST(DialogueText, BytesExpandByTheTable) {
+    const Bytes bytes{0x02, 0x0F, 0x10, 0x13, 0x1F, 0x20, 0x5D, 0x5F, 0x60, 0x62, 0x73,
+                      0x74, 0x7E, 0x7F, 0x67, 0x80, 0xC7, 0xF6, 0xFE, 0xFF, 0x00};
+    std::string text;
+    for (const std::uint8_t byte : bytes)
+        text += decode_dialogue_byte(byte);
+    EXPECT_EQ(text, "VARNAYETTI(10)\r\n(1F)A9?(60)\"\" ...e ow!!gee...");
+}
+
+// An image open in memory.
+struct Opened {
+    MemoryDisk disk;
+    RomImage rom{disk};
+    explicit Opened(Bytes image) {
+        disk["a.smc"] = std::move(image);
+        rom.open("a.smc");
+    }
+    std::string text(bool patched, int number) const {
+        return read_dialogue_text(rom, patched, number).text;
+    }
+};
+
+TEST(DialogueText, NumbersAreFoundByEitherTable) {
+    Bytes image(0x302930, 0);
+    const auto put = [&](std::size_t at, const Bytes& bytes) {
+        std::copy(bytes.begin(), bytes.end(), image.begin() + static_cast<std::ptrdiff_t>(at));
+    };
+    put(0xCE802 + 2 * 1590, {0x34, 0x12, 0x34, 0x12}); // entries 1590 and 1591
+    put(0xD0200 + 0x1234, {0x20, 0x21, 0});
+    put(0xE0200 + 0x1234, {0x22, 0x23, 0});
+    put(0x300200 + 3 * 1590, {0x34, 0x12, 0xCE, 0x34, 0x12, 0xCD, 0, 0, 0x10});
+    put(0x300200 + 3 * 3327, {0xFE, 0xFF, 0xFF}); // past the table: what lies there
+    const Opened opened(image);
+    EXPECT_EQ(opened.text(false, 1590), "AB");
+    EXPECT_EQ(opened.text(false, 1591), "CD");
+    EXPECT_EQ(opened.text(true, 1590), "CD");
+    EXPECT_EQ(opened.text(true, 1591), "AB");
+    EXPECT_EQ(opened.text(true, 1592), "") << "an address before the image";
+    EXPECT_EQ(opened.text(true, 3327), "") << "an address behind it";
+    EXPECT_EQ(opened.text(true, 0x7FFF), "") << "an entry behind it";
+}
+
+TEST(DialogueText, ATextEndsWithTheFileAndAfter4096Bytes) {
+    Bytes image(0xD0200 + 5000, 0x20); // entry 0 leads to 0x2020, all else is text
+    image[0xCE802] = 0, image[0xCE803] = 0;
+    for (const std::size_t left : {std::size_t{0}, std::size_t{3}, std::size_t{256},
+                                   std::size_t{700}, std::size_t{4096}, std::size_t{5000}}) {
+        image.resize(0xD0200 + left, 0x20);
+        EXPECT_EQ(Opened(image).text(false, 0).size(), std::min<std::size_t>(left, 4096));
+        image.resize(0xD0200 + 5000, 0x20);
+    }
+    image.resize(0xCE803); // half an entry
+    EXPECT_EQ(Opened(image).text(false, 0), "");
+}
+
+} // namespace
+} // namespace veldrune::test

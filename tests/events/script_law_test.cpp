@@ -1,0 +1,296 @@
+// What holds for every script: it is encoded as it was read, and a command that is normalised,
+// removed or retyped takes no other with it. Compared with an independent walk over the bytes.
+
+#include "support/script_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace veldrune::test {
+namespace {
+
+// The length of every command; q: queue, m: map data, o: offset list, l: counted list,
+// c: conditional.
+constexpr char lengths[] = "qqqqqqqqqqqqqqqq"  // 00
+                           "qqqqqqqqqqqqqqqq"  // 10
+                           "qqqqqqqqqqqqqqqq"  // 20
+                           "qqqqq22311115223"  // 30
+                           "3223312131133311"  // 40
+                           "2424122222211333"  // 50
+                           "3422331111667111"  // 60
+                           "333mm11224512233"  // 70
+                           "2211332244433211"  // 80
+                           "1111111124122111"  // 90
+                           "6211111211111111"  // A0
+                           "214522o5222134l1"  // B0
+                           "cccccccccccccccc"  // C0
+                           "2222222222222211"  // D0
+                           "1111111144441113"  // E0
+                           "2322244112111111"; // F0
+
+std::size_t action_length(std::uint8_t code) {
+    const bool two = (code >= 0xE0 && code <= 0xE6) || (code >= 0xFA && code <= 0xFD);
+    return code == 0xF9 ? 4 : code == 0xD5 ? 3 : two ? 2 : 1;
+}
+
+struct Walk {
+    const Bytes& bytes;
+    int dialogue = 0;
+    std::size_t options = 0;
+    std::vector<std::size_t> starts; // of the commands
+    std::size_t end = 0;             // behind the final FE; 0 where it is not among the bytes
+
+    explicit Walk(const Bytes& script) : bytes(script) {
+        for (std::size_t at = 0; at < bytes.size();) {
+            const std::size_t next = at + length_at(at);
+            if (next > bytes.size())
+                break;
+            starts.push_back(at);
+            if (bytes[at] == 0xFE) {
+                end = next;
+                break;
+            }
+            at = next;
+        }
+    }
+    std::size_t byte(std::size_t at) const { return at < bytes.size() ? bytes[at] : 0; }
+    std::size_t length_at(std::size_t at) {
+        const std::uint8_t code = bytes[at];
+        if (code == 0x48 || code == 0x4B) {
+            const int n = static_cast<int>(byte(at + 1) + 256 * byte(at + 2));
+            dialogue = n >= 0x8000   ? n - 0x8000
+                       : n >= 0x4000 ? n - 0x4000
+                       : n < 0xFA0   ? n
+                                     : dialogue;
+            options = static_cast<std::size_t>(options_of(dialogue));
+        }
+        switch (lengths[code]) {
+        case 'q':
+            return 2 + queue_length(at + 2, byte(at + 1));
+        case 'm':
+            return 5 + byte(at + 3) * byte(at + 4) % 256;
+        case 'l':
+            options = byte(at + 1);
+            return 2 + 3 * options;
+        case 'o':
+            return 1 + 3 * options;
+        case 'c':
+            return 6 + 2 * (code & 7u);
+        default:
+            return static_cast<std::size_t>(lengths[code] - '0');
+        }
+    }
+    std::size_t queue_length(std::size_t at, std::size_t count) const {
+        const std::size_t wanted = count > 0x80 ? count - 0x80 : count;
+        std::size_t done = 0;
+        while (done < wanted)
+            done += action_length(static_cast<std::uint8_t>(byte(at + done)));
+        return done;
+    }
+};
+
+Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+// One whole command with random arguments, few of them large. options tells what a list of B6 has.
+Bytes any_command(Random& random, std::uint8_t code, std::size_t& options) {
+    const auto argument = [&] { return random.below(6) == 0 ? std::uint8_t{0xFE} : random.byte(); };
+    Bytes command{code};
+    const auto add = [&](std::size_t count) {
+        while (count-- > 0)
+            command.push_back(argument());
+    };
+    if (lengths[code] == 'q') {
+        Bytes actions;
+        for (int count = random.below(8); count > 0; --count) {
+            const std::uint8_t action = random.byte();
+            actions.push_back(action);
+            for (std::size_t i = 1; i < action_length(action); ++i)
+                actions.push_back(argument());
+        }
+        actions.push_back(0xFF);
+        command.push_back(static_cast<std::uint8_t>(actions.size() + (random.below(2) ? 0x80 : 0)));
+        return joined({command, actions});
+    }
+    if (lengths[code] == 'm') {
+        const int width = random.below(9), height = random.below(9);
+        add(2);
+        command.push_back(static_cast<std::uint8_t>(width));
+        command.push_back(static_cast<std::uint8_t>(height));
+        add(static_cast<std::size_t>(width * height));
+    } else if (lengths[code] == 'l') {
+        options = static_cast<std::size_t>(random.below(7));
+        command.push_back(static_cast<std::uint8_t>(options));
+        add(options * 3);
+    } else if (lengths[code] == 'o') {
+        add(options * 3);
+    } else if (lengths[code] == 'c') {
+        add(5 + 2 * (code & 7u));
+    } else if (code == 0x48 || code == 0x4B) {
+        const int number = random.below(3327);
+        options = static_cast<std::size_t>(options_of(number));
+        command.push_back(static_cast<std::uint8_t>(number));
+        command.push_back(static_cast<std::uint8_t>(number / 256 + 0x80)); // 0x8000 and up
+    } else {
+        add(static_cast<std::size_t>(lengths[code] - '1'));
+    }
+    return command;
+}
+
+Bytes any_script(Random& random, int commands) {
+    Bytes script;
+    std::size_t options = 0;
+    while (commands-- > 0) {
+        std::uint8_t code = random.byte();
+        code = code == 0xFE ? 0x38 : random.below(12) == 0 ? 0xB6 : code;
+        script = joined({script, any_command(random, code, options)});
+    }
+    script.push_back(0xFE);
+    return script;
+}
+
+// Loads the bytes and compares with the walk; a script that is whole is saved as it was.
+void expect_law(ScriptEditor& editor, const Bytes& bytes) {
+    Bytes padded = bytes;
+    padded.resize(longest_script, 0xFE);
+    editor.load(padded);
+    const Walk walk(padded);
+    std::vector<std::size_t> codes, shown;
+    for (const std::size_t start : walk.starts)
+        codes.push_back(padded[start]);
+    for (int row = 1; row < static_cast<int>(editor.window.grid.size()); ++row)
+        if (starts_command(editor.window.grid, row))
+            shown.push_back(std::stoul(editor.cell(row, 0), nullptr, 16));
+    ASSERT_EQ(shown, codes);
+    ASSERT_EQ(editor.state->script.whole, walk.end != 0);
+    ASSERT_EQ(editor.dialogs.messages.size(), walk.end != 0 ? 0u : 1u);
+    editor.dialogs.messages.clear();
+    if (walk.end == 0)
+        return;
+    ASSERT_EQ(editor.state->script.length, static_cast<int>(walk.end));
+    const EncodedScript encoded = editor.encode();
+    ASSERT_FALSE(encoded.refusal) << encoded.refusal->text;
+    padded.resize(walk.end);
+    ASSERT_EQ(encoded.bytes, padded);
+    ASSERT_TRUE(editor.dialogs.silent());
+}
+
+TEST(ScriptLaw, EveryCommandAndEveryCutComesBack) {
+    ScriptEditor editor;
+    Random random(1);
+    for (int code = 0; code < 256; ++code) {
+        std::size_t options = 3;
+        const Bytes list{0xBE, 3, 1, 2, 3, 0xFE, 5, 6, 7, 0xFE, 0xFE};
+        const Bytes command = any_command(random, static_cast<std::uint8_t>(code), options);
+        const Bytes script = joined({list, command, {0x38, 0xFE}});
+        expect_law(editor, script);
+        if (HasFatalFailure())
+            FAIL() << code;
+        // An FE in the place of every argument.
+        for (std::size_t at = list.size() + 1; at < list.size() + command.size(); ++at) {
+            Bytes cut = script;
+            cut[at] = 0xFE;
+            expect_law(editor, cut);
+            if (HasFatalFailure())
+                FAIL() << code << " at " << at;
+        }
+    }
+}
+
+TEST(ScriptLaw, EveryActionComesBackUnderEveryCount) {
+    ScriptEditor editor;
+    for (int action = 0; action < 256; ++action)
+        for (const int count : {0, 1, 2, 3, 5, 0x7F, 0x80, 0x81, 0x85, 0xFF}) {
+            const auto code = static_cast<std::uint8_t>(action);
+            expect_law(editor, {5, static_cast<std::uint8_t>(count), code, 1, 0xFE, code, 3, 0xFF});
+            if (HasFatalFailure())
+                FAIL() << action << " " << count;
+        }
+}
+
+TEST(ScriptLaw, RandomScriptsAndRandomBytesComeBack) {
+    ScriptEditor editor;
+    for (unsigned seed = 0; seed < 2500; ++seed) {
+        Random random(seed);
+        Bytes script = any_script(random, random.below(30));
+        if (seed % 2 == 0) {
+            script.resize(static_cast<std::size_t>(1 + random.below(600)));
+            for (std::uint8_t& byte : script)
+                byte = random.byte();
+        }
+        expect_law(editor, script);
+        if (HasFatalFailure())
+            FAIL() << seed;
+    }
+}
+
+bool same_rows(const ScriptRow& a, const ScriptRow& b) {
+    return a.cells == b.cells && a.height == b.height;
+}
+
+TEST(ScriptLaw, NormalisingTouchesItsOwnRowsAndNoValue) {
+    ScriptEditor editor;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        Random random(seed);
+        const Bytes script = any_script(random, 12);
+        editor.load(script);
+        ScriptGrid& grid = editor.window.grid;
+        for (int row = 1; starts_command(grid, row); row = command_end(grid, row)) {
+            const ScriptGrid before = grid;
+            ASSERT_FALSE(normalise_command(grid, row, editor.dialogs));
+            ASSERT_EQ(grid.size(), before.size());
+            for (std::size_t i = 0; i < grid.size(); ++i) {
+                const int at = static_cast<int>(i);
+                const bool own = at >= row && at < command_end(grid, row);
+                ASSERT_TRUE(own || same_rows(grid[i], before[i])) << seed << " row " << i;
+            }
+            const ScriptGrid once = grid;
+            normalise_command(grid, row, editor.dialogs);
+            ASSERT_TRUE(std::equal(grid.begin(), grid.end(), once.begin(), same_rows));
+        }
+        ASSERT_EQ(editor.encode().bytes, script) << seed;
+    }
+}
+
+// The row in which the index-th command begins.
+int row_of_command(const ScriptGrid& grid, std::size_t index) {
+    int row = 1;
+    for (; index > 0; --index)
+        row = command_end(grid, row);
+    return row;
+}
+
+TEST(ScriptLaw, RemovingAndRetypingTakeTheirOwnBytesAndNoOthers) {
+    ScriptEditor editor;
+    for (unsigned seed = 0; seed < 400; ++seed) {
+        Random random(seed);
+        const Bytes script = any_script(random, 12);
+        const Walk walk(script);
+        const auto index = static_cast<std::size_t>(random.below(12));
+        const auto from = script.begin() + static_cast<std::ptrdiff_t>(walk.starts[index]);
+        const auto to = script.begin() + static_cast<std::ptrdiff_t>(walk.starts[index + 1]);
+        const Bytes before(script.begin(), from), behind(to, script.end());
+        editor.load(script);
+        const int row = row_of_command(editor.window.grid, index);
+        if (random.below(2) == 0) {
+            const int clicked = row + random.below(command_end(editor.window.grid, row) - row);
+            const int column = clicked == row ? 0 : is_blank(editor.cell(clicked, 1)) ? 2 : 1;
+            const bool blank = is_blank(editor.cell(clicked, column)); // an empty list
+            blank ? editor.click(row, 0) : editor.click(clicked, column);
+            remove_script_item(*editor.state);
+            EXPECT_EQ(editor.encode().bytes, joined({before, behind})) << seed;
+        } else {
+            editor.click(row, 0);
+            editor.type({"b3", "1a", "A0205"});
+            EXPECT_EQ(editor.encode().bytes, joined({before, {0xB3, 0x1A, 5, 0, 0}, behind}));
+        }
+        EXPECT_TRUE(editor.dialogs.silent()) << seed;
+        EXPECT_FALSE(editor.window.Text2_visible);
+    }
+}
+
+} // namespace
+} // namespace veldrune::test
