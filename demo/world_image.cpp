@@ -57,13 +57,58 @@ void write_world(ImageWriter& writer, StreamArea& streams, const WorldRow& row, 
     write_palette(writer, row.palette, age); // Dusk's begins in the middle of Dawn's
 }
 
+Kind kind_behind(Sight sight) {
+    switch (sight) {
+    case Sight::castle:
+        return Kind::castle;
+    case Sight::tower:
+    case Sight::cave:
+    case Sight::ruin:
+        return Kind::cave;
+    default:
+        return Kind::town;
+    }
+}
+
+/// Every place leads into a map of its kind, each into another region from first_region on.
+void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
+    constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
+    int region = first_region;
+    for (const Place& place : land.places) {
+        const Sight sight = land.sight(place.x, place.y);
+        const int map = demo_map::town + kind_count * (region++ % regions) +
+                        static_cast<int>(kind_behind(sight));
+        const Place landing = site_of(sites, map).edge(Facing::down).landing;
+        const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
+        for (int gate = 0; gate < gates; ++gate)
+            objects.entrances.push_back(
+                {place.x + gate, place.y + gates - 1, map, landing.x, landing.y});
+    }
+}
+
+void lie_in_wait(const Land& land, int world, const ScriptOf& script_of, MapObjects& objects) {
+    constexpr std::size_t distance = 14; // tiles of road
+    for (std::size_t i = distance / 2; i < land.roads.size(); i += distance)
+        objects.triggers.push_back({land.roads[i].x, land.roads[i].y,
+                                    script_of(Part::sign, world, static_cast<int>(i / distance))});
+}
+
 } // namespace
 
-void write_worlds(ImageWriter& writer, std::uint32_t seed) {
+void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects> maps,
+                  const Sites& sites, const ScriptOf& script_of) {
+    constexpr int first_regions[] = {0, 40};
     StreamArea streams(writer);
     const Land dawn = make_dawn(seed);
-    write_world(writer, streams, world_row(World::dawn), Age::dawn, dawn);
-    write_world(writer, streams, world_row(World::dusk), Age::dusk, make_dusk(seed, dawn));
+    const Land lands[] = {dawn, make_dusk(seed, dawn)};
+    for (const World world : {World::dawn, World::dusk}) {
+        const auto number = static_cast<std::size_t>(world);
+        const WorldRow& row = world_row(world);
+        MapObjects& objects = maps[static_cast<std::size_t>(row.map)];
+        write_world(writer, streams, row, static_cast<Age>(world), lands[number]);
+        lead_into_maps(lands[number], first_regions[number], sites, objects);
+        lie_in_wait(lands[number], row.map, script_of, objects);
+    }
 }
 
 } // namespace veldrune::demo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/place.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -29,10 +31,6 @@ enum class Sight : std::uint8_t {
     ruin,
     peak, // the upper left one of four tiles
     taken // the rest of those four
-};
-
-struct Place {
-    int x, y;
 };
 
 /// A world: the grounds of all corners, the corner of tile (x, y) at its upper left, and what

@@ -28,11 +28,6 @@ FileStatus RomImage::status() const {
     return (file_ ? file_->status() : std::nullopt).value_or(FileStatus{});
 }
 
-std::int64_t RomImage::size() const {
-    const auto status = file_ ? file_->status() : std::nullopt;
-    return status ? status->size : 0;
-}
-
 bool RomImage::is_file(const std::string& path) const {
     return file_ && files_.identity_of(path) == identity();
 }
