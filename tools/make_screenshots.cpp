@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -24,12 +25,13 @@ namespace {
 using namespace veldrune;
 using namespace veldrune::demo;
 
-/// One picture: a map, and what is done once it is built.
+/// One picture: a map, and what is done once it is built; or a world, by its entry in the menu.
 struct Shot {
     const char* file;
     int map;
     bool zoom_out;
     bool paint;
+    const char* world = nullptr;
 };
 // clang-format off
 constexpr Shot shots[] = {
@@ -39,6 +41,8 @@ constexpr Shot shots[] = {
     {"cave.png",        demo_map::cave,        false, false},
     {"castle-hall.png", demo_map::castle_hall, false, false},
     {"interior.png",    demo_map::interior,    false, false},
+    {"world-of-dawn.png", 0,                   false, false, "Dawn"},
+    {"world-of-dusk.png", 1,                   false, false, "Dusk"},
 };
 // clang-format on
 
@@ -47,6 +51,28 @@ void paint(const test::WindowDriver& user) {
     user.click("Option4");
     user.click_picture(464, 430, Qt::RightButton);
     user.drag({{464, 368}, {464, 336}, {464, 304}, {432, 304}, {400, 304}, {400, 272}});
+}
+
+void build_map(const Shot& shot, const test::WindowDriver& user) {
+    user.choose_map(shot.map);
+    user.click("Command3");
+    if (shot.zoom_out)
+        user.click("Command5");
+    user.click("Command2");
+    user.click("Option2");
+    user.click_picture(300, 300, Qt::RightButton);
+    if (shot.paint)
+        paint(user);
+}
+
+/// Shows a part of a world with a castle, mountains, woods and the sea, and the markers.
+void open_world(const Shot& shot, const test::WindowDriver& user) {
+    user.choose(shot.world);
+    user.click("Check3");
+    user.click("Check4");
+    user.find<QScrollBar>("HScroll2").setValue(72);
+    user.find<QScrollBar>("VScroll2").setValue(30);
+    user.click_picture(200, 200, Qt::RightButton);
 }
 
 bool take(const Shot& shot, const QString& image, const QString& file) {
@@ -59,15 +85,10 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     window.resize(window.sizeHint());
     user.show();
     window.open_file(image.toStdString());
-    user.choose_map(shot.map);
-    user.click("Command3");
-    if (shot.zoom_out)
-        user.click("Command5");
-    user.click("Command2");
-    user.click("Option2");
-    user.click_picture(300, 300, Qt::RightButton);
-    if (shot.paint)
-        paint(user);
+    if (shot.world)
+        open_world(shot, user);
+    else
+        build_map(shot, user);
     QTest::qWait(20);
     const bool written = window.grab().save(file);
     if (!written)

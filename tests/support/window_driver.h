@@ -128,10 +128,11 @@ class WindowDriver {
         return true;
     }
 
-    /// The menu in which an entry stands, or null for a menu of the bar.
+    /// The menu in which an entry stands, or null for a menu of the bar. A menu without a name is
+    /// the bar's own, for what it has no room for.
     QMenu* menu_of(QAction& entry) const {
         for (QMenu* menu : window_.findChildren<QMenu*>())
-            if (menu->actions().contains(&entry))
+            if (!menu->objectName().isEmpty() && menu->actions().contains(&entry))
                 return menu;
         return nullptr;
     }
