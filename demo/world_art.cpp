@@ -490,17 +490,17 @@ int ground_tile(const Land& land, int x, int y) {
     if (lowest == highest)
         switch (lowest) {
         case Ground::deep:
-            return variant(tile::deep, 4, 60, x, y);
+            return variant(tile::deep, 4, 300, x, y);
         case Ground::shallow:
-            return variant(tile::shallow, 2, 24, x, y);
+            return variant(tile::shallow, 2, 90, x, y);
         case Ground::grass:
             return wave(x, y, 9, 92) > 740 && scatter(x, y, 93, 4) != 0
                        ? tile::hills
-                       : variant(tile::grass, 4, wave(x, y, 7, 94) > 660 ? 6 : 60, x, y);
+                       : variant(tile::grass, 4, wave(x, y, 7, 94) > 660 ? 6 : 250, x, y);
         case Ground::forest:
-            return variant(tile::forest, 2, 6, x, y);
+            return variant(tile::forest, 2, 24, x, y);
         case Ground::desert:
-            return variant(tile::desert, 4, 36, x, y);
+            return variant(tile::desert, 4, 70, x, y);
         case Ground::mountain:
             return tile::mountains + 15;
         }

@@ -32,6 +32,8 @@ struct Shot {
     bool zoom_out;
     bool paint;
     const char* world = nullptr;
+    int h = 0; // of the world, in view
+    int v = 0;
 };
 // clang-format off
 constexpr Shot shots[] = {
@@ -41,8 +43,8 @@ constexpr Shot shots[] = {
     {"cave.png",        demo_map::cave,        false, false},
     {"castle-hall.png", demo_map::castle_hall, false, false},
     {"interior.png",    demo_map::interior,    false, false},
-    {"world-of-dawn.png", 0,                   false, false, "Dawn"},
-    {"world-of-dusk.png", 1,                   false, false, "Dusk"},
+    {"world-of-dawn.png", 0,                   false, false, "Dawn", 72, 30},
+    {"world-of-dusk.png", 1,                   false, false, "Dusk", 112, 140},
 };
 // clang-format on
 
@@ -65,13 +67,13 @@ void build_map(const Shot& shot, const test::WindowDriver& user) {
         paint(user);
 }
 
-/// Shows a part of a world with a castle, mountains, woods and the sea, and the markers.
+/// Shows a part of a world and its markers.
 void open_world(const Shot& shot, const test::WindowDriver& user) {
     user.choose(shot.world);
     user.click("Check3");
     user.click("Check4");
-    user.find<QScrollBar>("HScroll2").setValue(72);
-    user.find<QScrollBar>("VScroll2").setValue(30);
+    user.find<QScrollBar>("HScroll2").setValue(shot.h);
+    user.find<QScrollBar>("VScroll2").setValue(shot.v);
     user.click_picture(200, 200, Qt::RightButton);
 }
 
