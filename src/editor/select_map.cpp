@@ -65,6 +65,7 @@ void select_map(EditorState& state) {
         return;
     form.Picture3.fill(0);
     enable_map_fields(form);
+    state.rom.take_read_refusal(); // of a reading before
     state.map_index = form.Combo1;
     state.map_source = MapSource{state.rom.identity(), state.rom.path()};
     read_map_properties(state);

@@ -21,6 +21,7 @@ void show_world_scroll_bars(Form1& form) {
 }
 
 void read_world(EditorState& state, World world) {
+    state.rom.take_read_refusal(); // of a reading before
     const WorldRow& row = world_row(world);
     const std::int32_t map = offset_of_address(state.rom.read_pointer24(row.map_pointer));
     const std::int32_t graphics = offset_of_address(state.rom.read_pointer24(row.graphics_pointer));
