@@ -454,9 +454,9 @@ Picture peak_block(int snow_line, int purpose) {
 /// Low, rounded hills, lit from the upper left.
 Picture hills_tile() {
     Picture tile = plain(coast_row);
-    for (const auto& [cx, cy] : {Place{5, 5}, {12, 8}, {6, 12}})
-        tile.fill(cx - 4, cy - 3, 9, 6, [cx, cy](int x, int y) -> Pixel {
-            const int u = x - cx, v = 2 * (y - cy), square = u * u + v * v;
+    for (const Place& hill : {Place{5, 5}, {12, 8}, {6, 12}})
+        tile.fill(hill.x - 4, hill.y - 3, 9, 6, [hill](int x, int y) -> Pixel {
+            const int u = x - hill.x, v = 2 * (y - hill.y), square = u * u + v * v;
             if (square > 22)
                 return Pixel{0};
             return grass(coast_row)[square > 13  ? (u + v > 0 ? 0 : 3)
