@@ -7,6 +7,7 @@
 #include "demo/scenery.h"
 #include "demo/scenes.h"
 #include "demo/sprites.h"
+#include "demo/world_image.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
 
@@ -114,7 +115,7 @@ Bytes cropped(std::span<const std::uint8_t> cells, int stride, Size size) {
 
 class DemoImage {
   public:
-    explicit DemoImage(std::uint32_t seed) : random_(seed) {}
+    explicit DemoImage(std::uint32_t seed) : seed_(seed), random_(seed) {}
     Bytes make();
 
   private:
@@ -127,6 +128,7 @@ class DemoImage {
     MapProperties make_record(int map, int kind, int layout, int mood, const Overlay& overlay);
     LayerData overlay_data(const Overlay& overlay, Size map_size);
 
+    std::uint32_t seed_;
     Random random_;
     ImageWriter writer_;
     DataArea layers_{writer_, rom_layout::layer_data, layer_area_end,
@@ -316,6 +318,7 @@ void DemoImage::write_map_objects() {
     ScriptBook scripts(writer_, dialogues);
     Scenes scenes(scripts);
     populate(maps, sites_, scenes, random_);
+    write_worlds(writer_, seed_, maps, sites_, scenes);
     write_objects(writer_, maps);
     dialogues.repeat_entries();
 }

@@ -8,6 +8,7 @@
 #include "editor/save.h"
 #include "editor/tile_chooser.h"
 #include "editor/view.h"
+#include "editor/world_map.h"
 
 namespace veldrune {
 namespace {
@@ -22,8 +23,8 @@ constexpr Command commands[] = {
     {"File",      "menuspace1",     "-",                      Guard::none,         nullptr},
     {"File",      "Exit",           "E&xit",                  Guard::none,         nullptr},
     {"",          "Mode",           "&Mode 7",                Guard::none,         nullptr},
-    {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         nullptr},
-    {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         nullptr},
+    {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         open_world_of_dawn},
+    {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         open_world_of_dusk},
     {"",          "Options",        "&Options",               Guard::none,         nullptr},
     {"Options",   "Clear",          "Clear Map",              Guard::map_selected, clear_map},
     {"Options",   "Copy",           "Copy Tile Formations",   Guard::none,         copy_properties},
