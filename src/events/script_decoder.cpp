@@ -177,6 +177,7 @@ LoadedScript load_script(const RomImage& rom, std::int64_t offset, bool dialogue
     const std::size_t count = rom.read(offset, bytes);
     grid = empty_script_grid();
     grid.pop_back();
+    grid.reserve(count + 2); // about a row a byte
     const LoadedScript script =
         Decoder(rom, dialogue_patched, std::span(bytes).first(count), grid).decode();
     grid.push_back(blank_script_row());

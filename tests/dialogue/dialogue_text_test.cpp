@@ -15,7 +15,7 @@ std::string repeated(const std::string& piece, int count) {
 }
 
 TEST(DialogueText, TextsAreWrappedAndCounted) {
-    const std::string a33(33, 'A');
+    const std::string a30(30, 'A'), a33(33, 'A');
     const struct {
         std::string text, wrapped;
         int lines, options;
@@ -29,6 +29,7 @@ TEST(DialogueText, TextsAreWrappedAndCounted) {
         {repeated("A ", 30), repeated("A ", 15) + "A\r" + repeated("A ", 14), 3, 0},
         {std::string(32, 'A') + "\r\nB", std::string(32, 'A') + "\r\nB", 3, 0},
         {std::string(32, 'A') + " " + a33, std::string(32, 'A') + "\r" + a33, 3, 0},
+        {"A " + a30 + " " + a33, "A " + a30 + "\r" + a33, 3, 0}, // the last one in reach
         {"A\r\n" + a33 + "\r\nB", "A\r\n" + a33 + "\r\nB", 4, 0},
         // A word without a blank in reach stays whole; the next blank or break behind ends it.
         {a33 + a33, a33 + a33, 2, 0},

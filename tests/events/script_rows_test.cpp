@@ -110,6 +110,7 @@ TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
         {{0x4B, 0x9F, 0x0F}, "|F9F|||500"},                   // past the table: an empty text
         {{0x4B, 0x00, 0x10}, "|1000||A|500"},                 // dialogue 0 before any other
         {{0x4B, 1, 0, 0x4B, 0xFF, 0x3F}, "|3FFF||A/> B|750"}, // the one before it stays
+        {{0x4B, 1, 0, 0x4B, 0xA0, 0x0F}, "|FA0||A/> B|750"},
         {{0x4B, 2, 0, 0xB6, 1, 0, 0, 2, 0, 0}, "|A0201/A0202/||Offset|500"},
         {{0x4B, 0, 0, 0xB6}, "|||Offset|0"},
         {{0xBE, 1, 9, 0, 0, 0xB6, 1, 0, 0}, "|A0201/||Offset|250"}, // a list count in between

@@ -9,7 +9,7 @@ namespace veldrune::test {
 inline constexpr std::size_t script_at = 0x30000;
 
 /// An empty image whose dialogue n offers n modulo 6 choices, as "A", "A\r\n> B", ...
-inline Bytes script_image() {
+inline Bytes make_script_image() {
     Bytes image(0x110000, 0);
     for (std::size_t n = 0; n < 3327; ++n) {
         const std::size_t entry = 0xCE802 + 2 * n;
@@ -17,7 +17,7 @@ inline Bytes script_image() {
         image[entry] = static_cast<std::uint8_t>(address);
         image[entry + 1] = static_cast<std::uint8_t>(address >> 8);
     }
-    for (const std::size_t bank : {0xD0200, 0xE0200})
+    for (const std::size_t bank : {0xD0200u, 0xE0200u})
         for (std::size_t options = 0; options < 6; ++options) {
             std::size_t at = bank + 0x1000 + options * 0x20;
             image[at++] = 0x20;
@@ -25,6 +25,10 @@ inline Bytes script_image() {
                 for (const std::size_t byte : {std::size_t{1}, std::size_t{0x15}, 0x20 + i})
                     image[at++] = static_cast<std::uint8_t>(byte);
         }
+    return image;
+}
+inline const Bytes& script_image() {
+    static const Bytes image = make_script_image();
     return image;
 }
 inline int options_of(int dialogue) {

@@ -1,0 +1,136 @@
+// Scripts of 1000 and 10000 bytes: loading, normalising all commands, encoding; and the wrapping of
+// the longest text. bytes_per_second tells whether the cost grows faster than the script.
+
+#include "dialogue/dialogue_text.h"
+#include "events/script_decoder.h"
+#include "events/script_encoder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <unistd.h>
+
+namespace veldrune {
+namespace {
+
+class Silent : public Dialogs {
+  public:
+    void message(const std::string&, const std::string&) override {}
+    bool question(const std::string&) override { return true; }
+    std::optional<std::string> open_file_name() override { return std::nullopt; }
+    std::optional<std::string> save_file_name() override { return std::nullopt; }
+};
+
+enum class Kind { mixed, bare, dialogues, queues, cut };
+
+// A script of this many bytes. cut: nearly every byte is an FE that is an argument.
+std::vector<std::uint8_t> make_script(Kind kind, std::size_t size) {
+    // clang-format off
+    const std::vector<std::vector<std::uint8_t>> pieces[] = {
+        {{0x3D, 7}, {0x38}, {0x4B, 1, 0}, {0x84, 1, 2}, {0x6A, 5, 0, 1, 2, 0}, {0xB2, 1, 2, 3},
+         {5, 8, 0x80, 0x81, 0xD5, 1, 2, 0xE0, 3, 0xFF}, {0x73, 1, 2, 2, 3, 1, 2, 3, 4, 5, 6},
+         {0xBE, 2, 1, 2, 3, 4, 5, 6}, {0xC1, 1, 0, 2, 0, 3, 0, 0}, {0x55, 0xA5}},
+        {{0x38}},
+        {{0x4B, 1, 0}},
+        {{5, 5, 0x80, 0x81, 0x82, 0x83, 0xFF}},
+        {{0x73, 0xFE, 0xFE, 15, 17}},
+    };
+    // clang-format on
+    std::mt19937 random(1);
+    const auto& choice = pieces[static_cast<std::size_t>(kind)];
+    std::vector<std::uint8_t> script;
+    for (;;) {
+        std::vector<std::uint8_t> piece = choice[random() % choice.size()];
+        if (kind == Kind::cut)
+            piece.resize(5 + 255, 0xFE);
+        if (script.size() + piece.size() >= size)
+            break;
+        script.insert(script.end(), piece.begin(), piece.end());
+    }
+    script.resize(size - 1, 0x38);
+    script.push_back(0xFE);
+    return script;
+}
+
+// An image on the disk with the script and a dialogue of 120 letters.
+struct ScriptFile {
+    std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                 ("veldrune-script-bench-" + std::to_string(::getpid()) + ".smc");
+    std::unique_ptr<FileLayer> disk = make_disk();
+    RomImage rom{*disk};
+    ScriptGrid grid;
+    Silent dialogs;
+
+    explicit ScriptFile(benchmark::State& bench) {
+        std::vector<std::uint8_t> image(0x100000, 0);
+        const auto script = make_script(static_cast<Kind>(bench.range(0)),
+                                        static_cast<std::size_t>(bench.range(1)));
+        std::copy(script.begin(), script.end(), image.begin() + 0x30000);
+        std::fill_n(image.begin() + 0xD0200, 120, std::uint8_t{0x21});
+        for (std::size_t i = 5; i < 120; i += 6)
+            image[0xD0200 + i] = 0x7F;
+        std::ofstream(path, std::ios::binary)
+            .write(reinterpret_cast<const char*>(image.data()),
+                   static_cast<std::streamsize>(image.size()));
+        rom.open(path.string());
+        load();
+    }
+    ~ScriptFile() { std::filesystem::remove(path); }
+    void load() { load_script(rom, 0x30000, false, grid); }
+    void normalise() {
+        for (int row = 1; starts_command(grid, row); row = command_end(grid, row))
+            normalise_command(grid, row, dialogs);
+    }
+};
+
+void count_bytes(benchmark::State& bench) {
+    bench.SetBytesProcessed(bench.iterations() * bench.range(1));
+}
+
+void load_a_script(benchmark::State& bench) {
+    ScriptFile file(bench);
+    for (auto _ : bench)
+        file.load();
+    count_bytes(bench);
+}
+
+void normalise_a_script(benchmark::State& bench) {
+    ScriptFile file(bench);
+    for (auto _ : bench)
+        file.normalise();
+    count_bytes(bench);
+}
+
+void encode_a_script(benchmark::State& bench) {
+    ScriptFile file(bench);
+    for (auto _ : bench)
+        benchmark::DoNotOptimize(encode_script(file.grid, file.dialogs));
+    count_bytes(bench);
+}
+
+// 4096 bytes of six letters each: one word, words of five letters, words that fit no line.
+void wrap_the_longest_text(benchmark::State& bench) {
+    std::string text(longest_dialogue * 6, 'A');
+    if (bench.range(0) != 0)
+        for (auto at = static_cast<std::size_t>(bench.range(0)); at < text.size();
+             at += static_cast<std::size_t>(bench.range(0)) + 1)
+            text[at] = ' ';
+    for (auto _ : bench)
+        benchmark::DoNotOptimize(wrap_dialogue(text));
+}
+
+BENCHMARK(load_a_script)
+    ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(normalise_a_script)
+    ->ArgsProduct({{0, 1, 2, 3}, {1000, 10000}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(encode_a_script)
+    ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(wrap_the_longest_text)->Arg(0)->Arg(5)->Arg(40)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace veldrune
