@@ -1,6 +1,7 @@
 #include "editor/commands.h"
 
 #include "editor/build.h"
+#include "editor/event_editor.h"
 #include "editor/map_commands.h"
 #include "editor/object_window.h"
 #include "editor/open_image.h"
@@ -40,7 +41,7 @@ constexpr Command object_commands[] = {
     {"",          "File",           "File",                   Guard::none,         nullptr},
     {"File",      "Save",           "Save",                   Guard::rom_open,     save_object},
     {"",          "Event",          "Event",                  Guard::none,         nullptr},
-    {"Event",     "Event_Editor",   "Event Editor",           Guard::none,         nullptr},
+    {"Event",     "Event_Editor",   "Event Editor",           Guard::rom_open,     open_event_editor_of_object},
 };
 
 constexpr ButtonCommand buttons[] = {

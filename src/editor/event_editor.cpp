@@ -22,6 +22,15 @@ void tell(EditorState& state, const std::string& text) {
     state.dialogs.message(text, "Error");
 }
 
+// True where the disk has refused to give what was read since this was asked last.
+bool reading_failed(EditorState& state) {
+    if (!state.rom.take_read_refusal())
+        return false;
+    tell(state, "Reading " + state.rom.path() +
+                    " failed. What is shown of this script is not what the image holds.");
+    return true;
+}
+
 void tell_if_cut(EditorState& state) {
     if (!state.script.whole)
         tell(state, "The script at " + state.form9.Text3 + " has no end within " +
@@ -29,10 +38,20 @@ void tell_if_cut(EditorState& state) {
                         " bytes and the file. It is shown as far as it goes and can't be saved.");
 }
 
+// Reads the script from the open image. What the disk refuses to give makes it count as cut.
+void read_script(EditorState& state) {
+    ScriptEntry& entry = state.script_entry;
+    state.rom.take_read_refusal();
+    entry.dialogue_patched = has_dialogue_patch(state.rom);
+    state.script = load_script(state.rom, state.selected_object.script_offset,
+                               entry.dialogue_patched, state.form9.grid);
+    state.script_source = {state.rom.identity(), state.rom.path()};
+}
+
 // Whether the script may be written into the open image at all; where not, it has been told.
 bool may_save_script(EditorState& state) {
     if (!state.script.whole) {
-        tell(state, "This script can't be saved, since its end was not found when it was loaded.");
+        tell(state, "This script can't be saved, since it was not read up to its end.");
         return false;
     }
     if (state.script_source.identity == state.rom.identity())
@@ -53,17 +72,23 @@ void open_event_editor(EditorState& state) {
     if (!state.rom_open)
         return;
     const int former_loads = state.form9.load_number;
-    const std::int64_t offset = state.selected_object.script_offset;
     state.form9 = Form9{};
     state.script_entry = ScriptEntry{};
-    state.script_entry.dialogue_patched = has_dialogue_patch(state.rom);
-    state.script =
-        load_script(state.rom, offset, state.script_entry.dialogue_patched, state.form9.grid);
-    state.script_source = {state.rom.identity(), state.rom.path()};
-    state.form9.Text3 = format_hex(static_cast<std::uint32_t>(offset));
+    read_script(state);
+    state.form9.Text3 = format_hex(static_cast<std::uint32_t>(state.selected_object.script_offset));
     state.form9.load_number = former_loads + 1;
     state.form9.visible = state.form9.to_front = true;
-    tell_if_cut(state);
+    if (reading_failed(state))
+        state.script.whole = false;
+    else
+        tell_if_cut(state);
+}
+
+void open_event_editor_of_object(EditorState& state) {
+    const auto kind = static_cast<ObjectKind>(state.form10.TabStrip1);
+    if (state.selected_object.index &&
+        (kind == ObjectKind::npc || kind == ObjectKind::event_trigger))
+        open_event_editor(state);
 }
 
 void close_event_editor(EditorState& state) {
@@ -77,8 +102,10 @@ void on_script_click(EditorState& state, int row, int column) {
 }
 
 void on_script_enter(EditorState& state) {
-    if (stands_open(state))
-        enter_text(desk_of(state));
+    if (!stands_open(state))
+        return;
+    enter_text(desk_of(state));
+    reading_failed(state); // a dialogue that was shown
 }
 
 void on_script_escape(EditorState& state) {

@@ -7,6 +7,8 @@ namespace veldrune {
 /// Closes the Event Editor if it stands open, makes it anew and loads the script at
 /// selected_object.script_offset. Unsaved changes are dropped. Does nothing without an image.
 void open_event_editor(EditorState& state);
+/// The same from the object window: for an NPC or event trigger, and without an object nothing.
+void open_event_editor_of_object(EditorState& state);
 /// After the user has closed the window.
 void close_event_editor(EditorState& state);
 

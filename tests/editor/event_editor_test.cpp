@@ -69,6 +69,33 @@ TEST(EventEditor, AWriteThatFailsIsToldAndLeavesABeginningOfTheScript) {
     }
 }
 
+TEST(EventEditor, AReadThatTheDiskRefusesIsToldAndTheScriptCanNotBeSaved) {
+    for (int at = 1; at <= 3; ++at) { // the script, a dialogue's entry, its text
+        ScriptEditor editor({0x4B, 1, 0, 0xFE});
+        editor.disk.fail({.at = at}, {});
+        open_event_editor(*editor.state);
+        editor.disk.fail({}, {});
+        ASSERT_EQ(editor.dialogs.messages.size(), 1u) << at;
+        EXPECT_TRUE(editor.dialogs.messages[0].text.starts_with("Reading a.smc failed.")) << at;
+        save_script(*editor.state);
+        EXPECT_EQ(editor.disk.writes, 0);
+        open_event_editor(*editor.state);
+        save_script(*editor.state);
+        EXPECT_EQ(editor.disk.writes, 1);
+    }
+}
+
+TEST(EventEditor, TheObjectWindowOpensTheScriptsOfNpcsAndTriggersAlone) {
+    for (int tab = 0; tab < 5; ++tab)
+        for (const bool object : {false, true}) {
+            ScriptEditor editor;
+            editor.state->form10.TabStrip1 = tab;
+            editor.state->selected_object.index = object ? std::optional<int>(0) : std::nullopt;
+            open_event_editor_of_object(*editor.state);
+            EXPECT_EQ(editor.window.visible, object && (tab == 0 || tab == 2)) << tab;
+        }
+}
+
 TEST(EventEditor, AnOffsetThatIsTypedOpensTheEditorAnew) {
     ScriptEditor editor(script);
     editor.image()[0x1234] = 0x39;
