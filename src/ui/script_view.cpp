@@ -10,6 +10,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <numeric>
 
 namespace veldrune {
 
@@ -25,6 +26,10 @@ constexpr const char* column_tips[script_column_count] = {
     "Values of an action. Hexadecimal.",
     "What the row means, or the text of its dialogue.",
 };
+
+QFont value_font() {
+    return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+}
 
 std::size_t fingerprint(const ScriptRow& row) {
     auto sum = static_cast<std::size_t>(row.height);
@@ -87,8 +92,7 @@ QVariant ScriptModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return int(Qt::AlignLeft | (row.height == 0 ? Qt::AlignVCenter : Qt::AlignTop));
     case Qt::FontRole:
-        return index.column() == explanation ? QVariant()
-                                             : QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        return index.column() == explanation ? QVariant() : value_font();
     case Qt::BackgroundRole:
         return background(index.row());
     default:
@@ -142,7 +146,7 @@ CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_
     setAccessibleName("Value");
     setToolTip(
         "Enter takes the value, Escape leaves it; Shift and Enter begin a line. Hexadecimal.");
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(value_font());
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWrapMode(NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -178,10 +182,10 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + 2 * cell_margin);
+    verticalHeader()->setDefaultSectionSize(row_pixels(0));
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    horizontalHeader()->setFixedHeight(pixels(script_header_height) + 2 * cell_margin);
-    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setFixedHeight(row_pixels(script_header_height));
+    horizontalHeader()->setSectionResizeMode(explanation, QHeaderView::Stretch);
     horizontalHeader()->setSectionsClickable(false);
     for (int column = 0; column < script_column_count; ++column)
         setColumnWidth(column, pixels(script_column_widths[column]));
@@ -192,14 +196,21 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
 }
 
 QSize ScriptView::sizeHint() const {
-    return {horizontalHeader()->length() + verticalScrollBar()->sizeHint().width(),
+    const int units = std::accumulate(std::begin(script_column_widths),
+                                      std::end(script_column_widths), 0);
+    return {pixels(units) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
             visible_rows * verticalHeader()->defaultSectionSize()};
 }
 
-/// Units in pixels, or in more than that where the font's lines need it.
+/// Units in pixels, or in more than that where the fonts' lines need it.
 int ScriptView::pixels(int units) const {
-    return std::max(units / units_per_pixel,
-                    units * fontMetrics().lineSpacing() / script_line_height);
+    const int line =
+        std::max(fontMetrics().lineSpacing(), QFontMetrics(value_font()).lineSpacing());
+    return std::max(units / units_per_pixel, units * line / script_line_height);
+}
+
+int ScriptView::row_pixels(int units) const {
+    return pixels(units > 0 ? units : script_line_height) + 2 * cell_margin;
 }
 
 void ScriptView::show_changes() {
@@ -219,10 +230,8 @@ void ScriptView::show_heights(ScriptModel::Range rows) {
     QHeaderView& heights = *verticalHeader();
     const QSignalBlocker blocked(heights);
     heights.setUpdatesEnabled(false); // a row at a time it would lay out all of them anew
-    for (int row = rows.first; row < rows.end; ++row) {
-        const int height = pixels(model_.height(row));
-        heights.resizeSection(row, height > 0 ? height : heights.defaultSectionSize());
-    }
+    for (int row = rows.first; row < rows.end; ++row)
+        heights.resizeSection(row, row_pixels(model_.height(row)));
     heights.setUpdatesEnabled(true);
     updateGeometries();
 }

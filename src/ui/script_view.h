@@ -68,6 +68,7 @@ class ScriptView : public QTableView {
 
   private:
     int pixels(int units) const;
+    int row_pixels(int units) const;
     void show_heights(ScriptModel::Range rows);
     void show_box();
     void lay_box();
