@@ -4,7 +4,6 @@
 
 #include <QRadioButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace veldrune {
@@ -40,7 +39,6 @@ LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind
     }
     setCentralWidget(panel);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 }
 
 /// A little lower than the chooser and at its left, or, where the screen has no room there, over

@@ -21,10 +21,11 @@ namespace {
 constexpr int column_count = 3; // of labels and controls
 constexpr int option_count = std::size(object_option_rows);
 constexpr int box_line = option_count;
+constexpr int line_gap = 4;
 constexpr int chest_tab = 1;
 constexpr int contents_length = 16; // characters of a line of a chest's contents
 
-constexpr const char* widest_number[] = {"0000000000"};
+constexpr const char* widest_number = "0000000000";
 
 /// What making a control needs.
 struct Panel {
@@ -60,14 +61,9 @@ void name_control(const Panel& panel, QWidget* control, QLabel* label, const Obj
     });
 }
 
-/// Makes room in a column for the widest of texts, so that the fields stay where they are from tab
-/// to tab.
-void keep_room(QGridLayout& grid, int column, std::span<const char* const> texts) {
-    const QFontMetrics metrics = grid.parentWidget()->fontMetrics();
-    int width = grid.columnMinimumWidth(column);
-    for (const char* text : texts)
-        width = std::max(width, metrics.horizontalAdvance(text));
-    grid.setColumnMinimumWidth(column, width);
+/// Makes room in a column, so that the fields stay where they are from tab to tab.
+void keep_room(QGridLayout& grid, int column, int width) {
+    grid.setColumnMinimumWidth(column, std::max(width, grid.columnMinimumWidth(column)));
 }
 
 /// A control of the grid with its label at its left.
@@ -78,8 +74,10 @@ void place(const Panel& panel, QWidget* control, const Row& row) {
     label->setBuddy(control);
     panel.grid.addWidget(label, row.line, 2 * row.column);
     panel.grid.addWidget(control, row.line, 2 * row.column + 1);
-    keep_room(panel.grid, 2 * row.column, row.control->captions);
-    keep_room(panel.grid, 2 * row.column + 1, widest_number);
+    for (const char* text : row.control->captions)
+        keep_room(panel.grid, 2 * row.column, label->fontMetrics().horizontalAdvance(text));
+    keep_room(panel.grid, 2 * row.column + 1,
+              label->fontMetrics().horizontalAdvance(widest_number));
     name_control(panel, control, label, *row.control, row.tips);
 }
 
@@ -122,12 +120,21 @@ void add_list(const Panel& panel, const ObjectListRow& row) {
     if (list->count() == 0) {
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         list->setMinimumContentsLength(contents_length);
-        panel.grid.setColumnMinimumWidth(2 * row.column + 1, list->sizeHint().width());
         panel.bindings.rule(
             [list, &lines = panel.form().Combo2_lines] { show_lines(*list, lines); });
     }
+    keep_room(panel.grid, 2 * row.column + 1, list->sizeHint().width());
     panel.bindings.list(list, panel.form().*row.row);
     place(panel, list, row);
+}
+
+void add_column(const Panel& panel, int column) {
+    for (const ObjectFieldRow& row : object_field_rows)
+        if (row.column == column)
+            add_field(panel, row);
+    for (const ObjectListRow& row : object_list_rows)
+        if (row.column == column)
+            add_list(panel, row);
 }
 
 void add_boxes(const Panel& panel) {
@@ -154,7 +161,7 @@ void add_options(const Panel& panel) {
         panel.bindings.option(button, panel.form().option, option);
         name_control(panel, button, nullptr, *row.control, row.tips);
         group->addButton(button);
-        panel.grid.addWidget(button, option, 2);
+        panel.grid.addWidget(button, option, 2, 1, 2);
     }
 }
 
@@ -181,15 +188,17 @@ QWidget* make_object_panel(EditorState& state, Bindings& bindings) {
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(10);
     const Panel panel{state, bindings, *grid};
-    for (const ObjectFieldRow& row : object_field_rows)
-        add_field(panel, row);
-    for (const ObjectListRow& row : object_list_rows)
-        add_list(panel, row);
+    for (int column = 0; column < column_count; ++column)
+        add_column(panel, column);
     add_boxes(panel);
     add_options(panel);
     add_preview(panel);
     grid->setColumnStretch(2 * column_count - 1, 1);
-    grid->setRowStretch(box_line - 1, 1); // where only the chests have something
+    // Lines keep their height from tab to tab, whatever shows in them.
+    grid->setVerticalSpacing(0);
+    for (int line = 0; line <= box_line; ++line)
+        grid->setRowMinimumHeight(line, QComboBox().sizeHint().height() + line_gap);
+    grid->setRowStretch(box_line + 1, 1);
     return frame;
 }
 

@@ -8,6 +8,7 @@
 #include "ui/object_panel.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
 #include <QTabBar>
@@ -17,6 +18,17 @@ namespace veldrune {
 namespace {
 
 constexpr int records_per_page = 5;
+
+/// A scroll bar that the arrow keys move to where they point: one that lies takes them the other
+/// way round else, since it means to follow the keys for up and down.
+class RecordScrollBar : public CalmWheel<QScrollBar> {
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        setInvertedControls(event->key() != Qt::Key_Left && event->key() != Qt::Key_Right);
+        QScrollBar::keyPressEvent(event);
+        setInvertedControls(true);
+    }
+};
 
 QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     auto* tabs = new CalmWheel<QTabBar>;
@@ -42,7 +54,7 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
 }
 
 QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
-    auto* bar = new CalmWheel<QScrollBar>;
+    auto* bar = new RecordScrollBar;
     bar->setObjectName("HScroll1");
     bar->setAccessibleName("Record");
     bar->setToolTip("Walks through the map's records of this kind. Decimal, from 1.");

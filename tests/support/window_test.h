@@ -116,12 +116,14 @@ class WindowTest : public testing::Test {
                 return other;
         return nullptr;
     }
-    /// What works such a window.
+    /// What works such a window, which becomes the active one.
     static WindowDriver driver(const QString& name) {
         QWidget* found = visible_window(name);
         if (!found)
             throw std::runtime_error("no window " + name.toStdString());
-        return WindowDriver(*found);
+        const WindowDriver works(*found);
+        works.activate();
+        return works;
     }
 };
 

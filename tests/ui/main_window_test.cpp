@@ -327,6 +327,25 @@ TEST_F(MainWindowTest, ABoxEndsAStroke) {
     EXPECT_TRUE(state->changes_saved) << "no click follows";
 }
 
+TEST_F(MainWindowTest, ARecordIsCopiedPastedAndTheMapCleared) {
+    open_map(forest);
+    const std::string palette = form.Text13, location = form.Text14;
+    user.choose("Copy");
+    user.choose_map(town);
+    user.type("Text13", "77");
+    user.choose("Paste");
+    EXPECT_EQ(user.find<QLineEdit>("Text13").text().toStdString(), palette);
+    EXPECT_EQ(user.find<QLineEdit>("Text14").text().toStdString(), location);
+    user.choose("Clear");
+    EXPECT_EQ(tile(0, 3, 3), 0);
+    EXPECT_TRUE(shows_picture());
+    user.choose("Expand");
+    user.choose("Dialogue_Patch");
+    EXPECT_EQ(disk["a.smc"].size(), 0x400200u);
+    EXPECT_EQ(disk["a.smc"][0x3000E1], 0xFD);
+    EXPECT_TRUE(answers.boxes.empty());
+}
+
 // What the user is told on Save, Save As and a build. Each row spoils a field or the image first.
 TEST_F(MainWindowTest, EveryMessageInItsExactWords) {
     const QTemporaryDir folder;
@@ -365,6 +384,11 @@ TEST_F(MainWindowTest, EveryMessageInItsExactWords) {
         {"SaveAs", [&] { copy_to("b.smc"); user.type("Text2", "48"); }, {file_dialog, {"Not a valid mapsize", "error"}}},
         {"SaveAs", [&] { copy_to("c.smc"); disk.fail({}, {1, true, false}); },
             {file_dialog, {"The image could not be copied to " + copy + ". a.smc is still open.", "Error"}}},
+        {"Memory_Mng", [] {}, {{"Sorry, nothing here yet.", "Nothing here"}}},
+        {"About1", [] {},
+            {{"Veldrune Map Editor: v1.1\n\nWith thanks to the people who keep old games alive,\n"
+              "and to all who still build new worlds in them.", "Veldrune Map Editor"}}},
+        {"Expand", [&] { user.choose("Expand"); }, {{"This image has been expanded to 32 Mbit already. Nothing has been changed.", "Error"}}},
         {"Command3", [&] { user.type("Text10", "85"); }, {{"There is no tileset 85: the highest is 84.", "Error"}}},
     };
     // clang-format on
