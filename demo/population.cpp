@@ -5,7 +5,7 @@ namespace {
 
 constexpr int full_area = 64 * 32; // tiles that Post::most speaks of
 // The tables of entrances have no room for wide ways and many houses everywhere.
-constexpr int rich_regions = 48;
+constexpr int rich_regions = 44;
 constexpr std::size_t houses_of_rich = 7, houses_of_poor = 2;
 constexpr int most_chests = 440;
 
@@ -19,6 +19,15 @@ void add_way(MapObjects& from, const Gate& gate, int map, Place landing) {
         from.entrances.push_back(way);
     else
         from.long_entrances.push_back({way, gate.length, gate.down});
+}
+
+/// The tile of a gate that its landing lies behind.
+Gate narrowed(const Gate& gate) {
+    const int middle = (gate.length + 1) / 2;
+    return {{gate.first.x + (gate.down ? 0 : middle), gate.first.y + (gate.down ? middle : 0)},
+            0,
+            gate.down,
+            gate.landing};
 }
 
 class Population {
@@ -37,6 +46,7 @@ class Population {
     void join(int a, Gate from_a, int b, Gate from_b);
     bool fits(const Post& post, int x, int y) const;
     void man(const Post& post, int map);
+    void lock_doors(int map);
     void place(const Post& post, int map, int x, int y);
 
     std::span<MapObjects> maps_;
@@ -50,8 +60,10 @@ class Population {
 };
 
 void Population::join(int a, Gate from_a, int b, Gate from_b) {
-    if (std::min(region_of(a), region_of(b)) >= rich_regions)
-        from_a.length = from_b.length = 0;
+    if (std::min(region_of(a), region_of(b)) >= rich_regions) {
+        from_a = narrowed(from_a);
+        from_b = narrowed(from_b);
+    }
     add_way(objects(a), from_a, b, from_b.landing);
     add_way(objects(b), from_b, a, from_a.landing);
 }
@@ -144,6 +156,14 @@ void Population::man(const Post& post, int map) {
     }
 }
 
+/// Doors of houses that lead nowhere tell so.
+void Population::lock_doors(int map) {
+    for (const Gate& door : here_->doors)
+        if (here_->plan.is(door.first.x, door.first.y, "_") &&
+            !taken_.is(door.first.x, door.first.y, "#"))
+            place({Kind::town, Part::door, '_', 0, 0, 1}, map, door.first.x, door.first.y);
+}
+
 void Population::fill(int map) {
     here_ = &site(map);
     so_many_ = {};
@@ -153,6 +173,8 @@ void Population::fill(int map) {
     for (const LongEntrance& way : objects(map).long_entrances)
         taken_.rect(way.first.x, way.first.y, way.down ? 1 : way.length + 1,
                     way.down ? way.length + 1 : 1, '#');
+    if (here_->outdoors)
+        lock_doors(map);
     for (const Post& post : posts())
         if (static_cast<int>(post.kind) == kind_of(map))
             man(post, map);

@@ -4,6 +4,7 @@
 #include "events/command_table.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace veldrune::demo {
 namespace {
@@ -89,6 +90,9 @@ constexpr Scene scenes[] = {
     {arrival, "C0 %f 83 @no D6 %f 38 5D 00 10 94 48`The air is different here.` 31[C2 82 E0 08 CF E0 10 CD E0 10 CE] 49 5D 00 F0 94 39 :no FE"},
     {arrival, "C0 %f 83 @no D6 %f F4 52 10[1F E0 10 20] 4B`What was that noise?` 3D 10 41 10 45 FE :no FE"},
     {arrival, "C3 %f 03 10 80 11 80 12 80 @no DE E1 D6 %f 3D 11 37 11 57 43 11 02 41 11 11[D5 08 08 C3 82 CE] 4B`Something small runs across your path.` 42 11 3E 11 45 :no FE"},
+    {door, "F4 10 4B`The door is locked.` FE"},
+    {door, "F4 11 92 F4 11 93 4B`Nobody seems to be at home.` FE"},
+    {door, "C0 %f 81 @heard D2 %f 4B`\"Go away! We have all the brooms we need!\"` FE :heard 4B`...` FE"},
     {pool, "4B`The water is clear. Drink?\n> Yes\n> No` B6 @drink @no FE :drink F4 0C 88 00 FF FF 4B`Cold and sweet.` FE :no FE"},
     {glow, "B2 @light C0 %f 81 @seen D2 %f 86 36 4B`A faint music, and it is gone.` :seen FE"},
     {glow, "C8 %f 02 @no B2 @found 84 0064 D4 %f :no FE"},

@@ -17,6 +17,14 @@ bool is_shown(const EditorState& state, ObjectKind kind) {
     return state.form1.*object_kind_row(kind).shown;
 }
 
+// What the disk has refused to give must not be saved over what stands there.
+void empty_object_lists(EditorState& state) {
+    state.objects = {};
+    drop_object(state);
+    state.dialogs.message(
+        "Reading " + state.rom.path() + " failed. The objects of the map are not shown.", "Error");
+}
+
 // A record of another map or image must not stay in the object window: a save would put it in the
 // wrong place.
 void reload_object_lists(EditorState& state) {
@@ -26,9 +34,12 @@ void reload_object_lists(EditorState& state) {
     const bool same = objects.map == map && objects.image == image;
     objects.map = map;
     objects.image = image;
+    state.rom.take_read_refusal(); // of a reading before
     for (const ObjectKind kind : all_kinds)
         load_object_list(state.rom, kind, map, objects[kind]);
-    if (!same)
+    if (state.rom.take_read_refusal())
+        empty_object_lists(state);
+    else if (!same)
         drop_object(state);
 }
 

@@ -42,7 +42,8 @@ void load_map_fields(EditorState& state) {
     show_map_fields(state);
 }
 
-// What the disk has refused to give must not be saved over what stands there.
+} // namespace
+
 void tell_read_refusal(EditorState& state) {
     if (!state.rom.take_read_refusal())
         return;
@@ -51,8 +52,6 @@ void tell_read_refusal(EditorState& state) {
                               "not what the image holds, and it can't be saved.",
                           "Error");
 }
-
-} // namespace
 
 void show_map_fields(EditorState& state) {
     show_record(state.rom, state.map_properties, state.form1);
@@ -66,6 +65,7 @@ void select_map(EditorState& state) {
         return;
     form.Picture3.fill(0);
     enable_map_fields(form);
+    state.rom.take_read_refusal(); // of a reading before
     state.map_index = form.Combo1;
     state.map_source = MapSource{state.rom.identity(), state.rom.path()};
     read_map_properties(state);

@@ -12,4 +12,7 @@ void select_map(EditorState& state);
 /// Shows the record in memory, and the map's monster set, in the fields.
 void show_map_fields(EditorState& state);
 
+/// Where the disk has refused a read, tells so and keeps the map from being saved.
+void tell_read_refusal(EditorState& state);
+
 } // namespace veldrune
