@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QTabBar>
+#include <QTableView>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -132,8 +133,28 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     return write(stage.window.grab(), file);
 }
 
-/// Clicks through the town until an object opens; then every tab has the town's first record.
-bool take_object_tabs(const QString& image, const QString& folder) {
+/// The script of the town's first NPC, with the edit box over the number of a dialogue.
+bool take_script(const test::WindowDriver& object_window, const QString& file) {
+    auto& tabs = object_window.find<QTabBar>("TabStrip1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    object_window.choose("Event_Editor");
+    QWidget* window = window_of("Form9");
+    const test::WindowDriver user(*window);
+    user.activate();
+    const auto& grid = user.find<QTableView>("grid");
+    for (int row = 1; row < grid.model()->rowCount(); ++row)
+        if (grid.model()->index(row - 1, 0).data() == "4B") {
+            const QRect number = grid.visualRect(grid.model()->index(row, 1));
+            QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, number.center());
+            break;
+        }
+    QTest::qWait(20);
+    return write(window->grab(), file);
+}
+
+/// Clicks through the town until an object opens; then every tab has the town's first record, and
+/// the Event Editor the script of the first of all.
+bool take_objects(const QString& image, const QString& folder) {
     const Stage stage(image);
     stage.show_objects();
     stage.build(demo_map::town);
@@ -151,7 +172,7 @@ bool take_object_tabs(const QString& image, const QString& folder) {
         QTest::qWait(20);
         written = write(window->grab(), folder + "/" + tab_files[tab]) && written;
     }
-    return written;
+    return take_script(test::WindowDriver(*window), folder + "/event-editor.png") && written;
 }
 
 /// Writes the demo image into folder, makes that the current one, so that no other name shows in
@@ -187,6 +208,6 @@ int main(int argc, char** argv) {
     for (const Shot& shot : std::span(shots).first(one ? 1 : std::size(shots)))
         written = take(shot, image, one ? out : out + "/" + shot.file) && written;
     if (!one)
-        written = take_object_tabs(image, out) && written;
+        written = take_objects(image, out) && written;
     return written ? 0 : 1;
 }

@@ -196,8 +196,8 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
 }
 
 QSize ScriptView::sizeHint() const {
-    const int units = std::accumulate(std::begin(script_column_widths),
-                                      std::end(script_column_widths), 0);
+    const int units =
+        std::accumulate(std::begin(script_column_widths), std::end(script_column_widths), 0);
     return {pixels(units) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
             visible_rows * verticalHeader()->defaultSectionSize()};
 }
