@@ -89,8 +89,9 @@ void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapO
 void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
     constexpr std::size_t distance = 14; // tiles of road
     for (std::size_t i = distance / 2; i < land.roads.size(); i += distance)
-        objects.triggers.push_back({land.roads[i].x, land.roads[i].y,
-                                    scenes.script_of(Part::sign, world, static_cast<int>(i / distance))});
+        objects.triggers.push_back(
+            {land.roads[i].x, land.roads[i].y,
+             scenes.script_of(Part::sign, world, static_cast<int>(i / distance))});
 }
 
 } // namespace

@@ -45,6 +45,11 @@ constexpr Command object_commands[] = {
     {"Event",     "Event_Editor",   "Event Editor",           Guard::rom_open,     open_event_editor_of_object},
 };
 
+constexpr Command script_commands[] = {
+    {"",          "File",           "&File",                  Guard::none,         nullptr},
+    {"File",      "Save",           "&Save",                  Guard::rom_open,     save_script},
+};
+
 constexpr ButtonCommand buttons[] = {
     // control     guard                operation
     {"Command1",   Guard::rom_open,     open_tile_chooser},
@@ -74,6 +79,10 @@ std::span<const Command> menu_commands() {
 
 std::span<const Command> object_window_commands() {
     return object_commands;
+}
+
+std::span<const Command> event_editor_commands() {
+    return script_commands;
 }
 
 std::span<const ButtonCommand> button_commands() {
