@@ -81,10 +81,7 @@ TEST_F(WorldMapWindowTest, TilesAreChosenPickedPaintedAndSaved) {
     EXPECT_TRUE(user.find<QRadioButton>("Option11").isChecked());
 
     const int old_size = state->world_packed_size;
-    const auto save = [this] {
-        QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
-        user.activate(); // after the box
-    };
+    const auto save = [this] { user.choose("Save"); };
     answers.answers = {false, true};
     save();
     EXPECT_FALSE(state->changes_saved);
