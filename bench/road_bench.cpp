@@ -4,7 +4,10 @@
 #include "editor/build.h"
 #include "editor/mouse.h"
 #include "editor/save.h"
+#include "editor/world_map.h"
 #include "open_editor.h"
+
+#include <cstring>
 
 namespace veldrune {
 namespace {
@@ -60,6 +63,46 @@ void paint_step(benchmark::State& bench) {
     }
 }
 
+// The worlds in turn, with the maps whose objects they borrow.
+void open_world(benchmark::State& bench) {
+    OpenEditor editor;
+    for (auto _ : bench)
+        (bench.range(0) == 0 ? open_world_of_dawn : open_world_of_dusk)(*editor.state);
+}
+
+void save_world(benchmark::State& bench) {
+    OpenEditor editor;
+    (bench.range(0) == 0 ? open_world_of_dawn : open_world_of_dusk)(*editor.state);
+    for (auto _ : bench)
+        save(*editor.state);
+}
+
+// Beside a copy of the picture's bytes.
+void world_view(benchmark::State& bench) {
+    OpenEditor editor;
+    open_world_of_dawn(*editor.state);
+    int step = 0;
+    for (auto _ : bench) {
+        editor.state->form1.HScroll2.value = ++step % 225;
+        draw_world_view(*editor.state);
+        benchmark::ClobberMemory();
+    }
+}
+
+void world_view_memcpy(benchmark::State& bench) {
+    const auto from = std::make_unique<PixelBuffer>();
+    const auto to = std::make_unique<PixelBuffer>();
+    for (auto _ : bench) {
+        std::memcpy(to.get(), from.get(), sizeof *to);
+        benchmark::DoNotOptimize(*to);
+        benchmark::ClobberMemory();
+    }
+}
+
+BENCHMARK(open_world)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(save_world)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(world_view)->Unit(benchmark::kMicrosecond);
+BENCHMARK(world_view_memcpy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(choose_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(build_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(save_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);

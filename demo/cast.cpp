@@ -55,7 +55,7 @@ constexpr Post post_list[] = {
     {Kind::castle, arrival,  'k', 0, 0, 1},
     {Kind::castle, chest,    '^', 0, 0, 1},
 
-    {Kind::interior, innkeeper, 'T', 1, 1, 1},
+    {Kind::interior, innkeeper, 'T', -1, 0, 1, Facing::right},
     {Kind::interior, cook,      'H', 1, 1, 1, Facing::up},
     {Kind::interior, hearth,    'H', 1, 1, 1, Facing::up, true},
     {Kind::interior, scholar,   'B', 0, 1, 2, Facing::up},

@@ -9,42 +9,16 @@
 namespace veldrune::demo {
 
 /// What an object is there for. It decides about its looks and about its script.
+// clang-format off
 enum class Part {
     // people and animals
-    guard,
-    merchant,
-    innkeeper,
-    villager,
-    child,
-    elder,
-    king,
-    queen,
-    courtier,
-    knight,
-    cook,
-    scholar,
-    guest,
-    traveller,
-    hunter,
-    miner,
-    hermit,
-    pet,
-    wild,
-    bat,
-    crystal,
+    guard, merchant, innkeeper, villager, child, elder, king, queen, courtier, knight, cook,
+    scholar, guest, traveller, hunter, miner, hermit, pet, wild, bat, crystal,
     // what happens where one steps or looks
-    sign,
-    counter,
-    well,
-    throne,
-    bed,
-    shelf,
-    hearth,
-    arrival,
-    pool,
-    glow,
+    sign, counter, well, throne, bed, shelf, hearth, arrival, door, pool, glow,
     chest,
 };
+// clang-format on
 inline constexpr int npc_parts = static_cast<int>(Part::sign);
 inline constexpr int part_count = static_cast<int>(Part::chest);
 

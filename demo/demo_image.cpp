@@ -5,7 +5,9 @@
 #include "demo/layer3_art.h"
 #include "demo/population.h"
 #include "demo/scenery.h"
+#include "demo/scenes.h"
 #include "demo/sprites.h"
+#include "demo/world_image.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
 
@@ -113,7 +115,7 @@ Bytes cropped(std::span<const std::uint8_t> cells, int stride, Size size) {
 
 class DemoImage {
   public:
-    explicit DemoImage(std::uint32_t seed) : random_(seed) {}
+    explicit DemoImage(std::uint32_t seed) : seed_(seed), random_(seed) {}
     Bytes make();
 
   private:
@@ -126,6 +128,7 @@ class DemoImage {
     MapProperties make_record(int map, int kind, int layout, int mood, const Overlay& overlay);
     LayerData overlay_data(const Overlay& overlay, Size map_size);
 
+    std::uint32_t seed_;
     Random random_;
     ImageWriter writer_;
     DataArea layers_{writer_, rom_layout::layer_data, layer_area_end,
@@ -311,9 +314,13 @@ void DemoImage::write_maps() {
 void DemoImage::write_map_objects() {
     // The lists of all maps come together here; those of maps 0 and 1 are the world maps'.
     std::vector<MapObjects> maps(rom_layout::map_count);
-    populate(
-        maps, sites_, [](Part, int, int) { return 0; }, random_);
+    DialogueBook dialogues(writer_);
+    ScriptBook scripts(writer_, dialogues);
+    Scenes scenes(scripts);
+    populate(maps, sites_, scenes, random_);
+    write_worlds(writer_, seed_, maps, sites_, scenes);
     write_objects(writer_, maps);
+    dialogues.repeat_entries();
 }
 
 } // namespace

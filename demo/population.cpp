@@ -5,7 +5,7 @@ namespace {
 
 constexpr int full_area = 64 * 32; // tiles that Post::most speaks of
 // The tables of entrances have no room for wide ways and many houses everywhere.
-constexpr int rich_regions = 48;
+constexpr int rich_regions = 44;
 constexpr std::size_t houses_of_rich = 7, houses_of_poor = 2;
 constexpr int most_chests = 440;
 
@@ -21,11 +21,19 @@ void add_way(MapObjects& from, const Gate& gate, int map, Place landing) {
         from.long_entrances.push_back({way, gate.length, gate.down});
 }
 
+/// The tile of a gate that its landing lies behind.
+Gate narrowed(const Gate& gate) {
+    const int middle = (gate.length + 1) / 2;
+    return {{gate.first.x + (gate.down ? 0 : middle), gate.first.y + (gate.down ? middle : 0)},
+            0,
+            gate.down,
+            gate.landing};
+}
+
 class Population {
   public:
-    Population(std::span<MapObjects> maps, const Sites& sites, const ScriptOf& script_of,
-               Random& random)
-        : maps_(maps), sites_(sites), script_of_(script_of), random_(random) {}
+    Population(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random)
+        : maps_(maps), sites_(sites), scenes_(scenes), random_(random) {}
 
     void join_region(int town);
     void fill(int map);
@@ -38,11 +46,12 @@ class Population {
     void join(int a, Gate from_a, int b, Gate from_b);
     bool fits(const Post& post, int x, int y) const;
     void man(const Post& post, int map);
+    void lock_doors(int map);
     void place(const Post& post, int map, int x, int y);
 
     std::span<MapObjects> maps_;
     const Sites& sites_;
-    const ScriptOf& script_of_;
+    Scenes& scenes_;
     Random& random_;
     const Site* here_ = nullptr;
     Plan taken_{1, 1, '.'};                     // tiles of here that are given away, '#'
@@ -51,8 +60,10 @@ class Population {
 };
 
 void Population::join(int a, Gate from_a, int b, Gate from_b) {
-    if (std::min(region_of(a), region_of(b)) >= rich_regions)
-        from_a.length = from_b.length = 0;
+    if (std::min(region_of(a), region_of(b)) >= rich_regions) {
+        from_a = narrowed(from_a);
+        from_b = narrowed(from_b);
+    }
     add_way(objects(a), from_a, b, from_b.landing);
     add_way(objects(b), from_b, a, from_a.landing);
 }
@@ -106,7 +117,7 @@ void Population::place(const Post& post, int map, int x, int y) {
         ++chests_;
         return;
     }
-    const int script = script_of_(post.part, map, so_many++);
+    const int script = scenes_.script_of(post.part, map, so_many++);
     if (static_cast<int>(post.part) >= npc_parts) {
         objects(map).triggers.push_back({x, y, script});
         return;
@@ -145,6 +156,14 @@ void Population::man(const Post& post, int map) {
     }
 }
 
+/// Doors of houses that lead nowhere tell so.
+void Population::lock_doors(int map) {
+    for (const Gate& door : here_->doors)
+        if (here_->plan.is(door.first.x, door.first.y, "_") &&
+            !taken_.is(door.first.x, door.first.y, "#"))
+            place({Kind::town, Part::door, '_', 0, 0, 1}, map, door.first.x, door.first.y);
+}
+
 void Population::fill(int map) {
     here_ = &site(map);
     so_many_ = {};
@@ -154,6 +173,8 @@ void Population::fill(int map) {
     for (const LongEntrance& way : objects(map).long_entrances)
         taken_.rect(way.first.x, way.first.y, way.down ? 1 : way.length + 1,
                     way.down ? way.length + 1 : 1, '#');
+    if (here_->outdoors)
+        lock_doors(map);
     for (const Post& post : posts())
         if (static_cast<int>(post.kind) == kind_of(map))
             man(post, map);
@@ -161,9 +182,8 @@ void Population::fill(int map) {
 
 } // namespace
 
-void populate(std::span<MapObjects> maps, const Sites& sites, const ScriptOf& script_of,
-              Random& random) {
-    Population population(maps, sites, script_of, random);
+void populate(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random) {
+    Population population(maps, sites, scenes, random);
     const int count = static_cast<int>(maps.size());
     for (int town = demo_map::town; town < count; town += kind_count)
         population.join_region(town);

@@ -66,8 +66,8 @@ void Site::find_thresholds() {
     constexpr int apart = 7;
     for (int y = floor.height - 1; y > 0; --y)
         for (int x = 0; x < floor.width; ++x) {
-            const bool sill =
-                open(x, y) && !open(x, y + 1) && open(x, y - 1) && open(x - 1, y) && open(x + 1, y);
+            const bool sill = open(x, y) && open(x, y - 1) && open(x - 1, y) && open(x + 1, y) &&
+                              (plan.is(x, y + 1, "#") || (outdoors && !open(x, y + 1)));
             const bool alone = std::ranges::all_of(doors, [&](const Gate& door) {
                 return std::abs(door.first.x - x) + std::abs(door.first.y - y) >= apart;
             });

@@ -3,16 +3,13 @@
 #include "demo/demo_image.h"
 #include "demo/map_objects.h"
 #include "demo/palettes.h"
+#include "demo/place.h"
 #include "demo/scenery.h"
 
 #include <array>
 #include <optional>
 
 namespace veldrune::demo {
-
-struct Place {
-    int x, y;
-};
 
 /// A way in and out: its tiles, and where one stands who has come through it.
 struct Gate {

@@ -8,6 +8,7 @@
 #include "editor/save.h"
 #include "editor/tile_chooser.h"
 #include "editor/view.h"
+#include "editor/world_map.h"
 #include "rom/rom_layout.h"
 #include "support/editor_fixture.h"
 #include "support/object_image.h"
@@ -22,8 +23,9 @@ constexpr std::string Form1::*text_fields[] = {
     &Form1::Text1,  &Form1::Text2,  &Form1::Text3,  &Form1::Text5,  &Form1::Text6,  &Form1::Text7,
     &Form1::Text8,  &Form1::Text9,  &Form1::Text10, &Form1::Text11, &Form1::Text12, &Form1::Text13,
     &Form1::Text14, &Form1::Text16, &Form1::Text17, &Form1::Text18, &Form1::Text20, &Form1::Text21,
-    &Form1::Text22, &Form1::Text23, &Form1::Text25, &Form1::Text37, &Form1::Text39, &Form1::Text40,
-    &Form1::Text41, &Form1::Text42, &Form1::Text43, &Form1::Text44, &Form1::Text45, &Form1::Text46,
+    &Form1::Text22, &Form1::Text23, &Form1::Text24, &Form1::Text25, &Form1::Text37, &Form1::Text39,
+    &Form1::Text40, &Form1::Text41, &Form1::Text42, &Form1::Text43, &Form1::Text44, &Form1::Text45,
+    &Form1::Text46,
 };
 
 constexpr std::string Form10::*object_fields[] = {
@@ -119,7 +121,13 @@ void any_command(Editor& editor, Random& random) {
     const int x = random.below(900) - 200;
     const int y = random.below(900) - 200;
     const auto button = random.below(2) == 0 ? MouseButton::left : MouseButton::right;
-    switch (random.below(18)) {
+    switch (random.below(20)) {
+    case 16:
+        form.HScroll2.value = any_bar_value(random, form.HScroll2);
+        form.VScroll2.value = any_bar_value(random, form.VScroll2);
+        return refresh_world_view(state);
+    case 17:
+        return random.below(2) == 0 ? open_world_of_dawn(state) : open_world_of_dusk(state);
     case 0:
         return editor.choose(random.below(rom_layout::map_count));
     case 1:

@@ -14,7 +14,9 @@
 #include <QDir>
 #include <QFile>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTabBar>
+#include <QTableView>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -27,7 +29,7 @@ using namespace veldrune;
 using namespace veldrune::demo;
 
 /// What a picture is taken of once its map is built.
-enum class Scene { map, whole_map, painting, markers, chooser };
+enum class Scene { map, whole_map, painting, markers, chooser, world };
 
 /// A picture of the main window, or of the chooser.
 struct Shot {
@@ -45,18 +47,12 @@ constexpr Shot shots[] = {
     {"interior.png",     demo_map::interior,    Scene::map},
     {"markers.png",      demo_map::town,        Scene::markers},
     {"tile-chooser.png", demo_map::town,        Scene::chooser},
+    {"world-of-dawn.png", 0,                    Scene::world},
+    {"world-of-dusk.png", 1,                    Scene::world},
 };
-/// The object window, on each tab with the first object of that kind on a map that has some.
-struct TabShot {
-    const char* file;
-    int map;
-};
-constexpr TabShot tab_shots[object_tab_count] = {
-    {"object-npc.png",           demo_map::town},
-    {"object-chest.png",         demo_map::cave},
-    {"object-event.png",         demo_map::town},
-    {"object-entrance.png",      demo_map::town},
-    {"object-long-entrance.png", demo_map::town},
+/// The object window on each of its tabs.
+constexpr const char* tab_files[object_tab_count] = {
+    "object-npc.png", "object-chest.png", "object-event.png", "object-entrance.png", "object-long-entrance.png",
 };
 // clang-format on
 
@@ -121,9 +117,24 @@ QPixmap chooser(const test::WindowDriver& user) {
     return both;
 }
 
+/// Shows a part of the world of map 0 or 1, with its markers.
+void open_world(int map, const test::WindowDriver& user) {
+    user.click("Check3");
+    user.click("Check4");
+    user.choose(map == 0 ? "Dawn" : "Dusk");
+    user.find<QScrollBar>("HScroll2").setValue(map == 0 ? 72 : 112);
+    user.find<QScrollBar>("VScroll2").setValue(map == 0 ? 30 : 140);
+    user.click_picture(200, 200, Qt::RightButton);
+    QTest::qWait(20);
+}
+
 bool take(const Shot& shot, const QString& image, const QString& file) {
     const Stage stage(image);
     const test::WindowDriver& user = stage.user;
+    if (shot.scene == Scene::world) {
+        open_world(shot.map, user);
+        return write(stage.window.grab(), file);
+    }
     if (shot.scene == Scene::markers)
         stage.show_objects();
     stage.build(shot.map);
@@ -140,30 +151,46 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     return write(stage.window.grab(), file);
 }
 
-/// Clicks all over the map, until an object opens.
-QWidget* open_object_window(const test::WindowDriver& user) {
-    for (int tile = 0; tile < 256 && !window_of("Form10"); ++tile)
-        user.click_picture(tile % 16 * 32 + 8, tile / 16 * 32 + 8);
-    return window_of("Form10");
+/// The script of the town's first NPC, with the edit box over the number of a dialogue.
+bool take_script(const test::WindowDriver& object_window, const QString& file) {
+    auto& tabs = object_window.find<QTabBar>("TabStrip1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    object_window.choose("Event_Editor");
+    QWidget* window = window_of("Form9");
+    const test::WindowDriver user(*window);
+    user.activate();
+    const auto& grid = user.find<QTableView>("grid");
+    for (int row = 1; row < grid.model()->rowCount(); ++row)
+        if (grid.model()->index(row - 1, 0).data() == "4B") {
+            const QRect number = grid.visualRect(grid.model()->index(row, 1));
+            QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, number.center());
+            break;
+        }
+    QTest::qWait(20);
+    return write(window->grab(), file);
 }
 
-bool take_object_tabs(const QString& image, const QString& folder) {
+/// Clicks through the town until an object opens; then every tab has the town's first record, and
+/// the Event Editor the script of the first of all.
+bool take_objects(const QString& image, const QString& folder) {
     const Stage stage(image);
     stage.show_objects();
+    stage.build(demo_map::town);
+    for (int tile = 0; tile < 256 && !window_of("Form10"); ++tile)
+        stage.user.click_picture(tile % 16 * 32 + 8, tile / 16 * 32 + 8);
+    QWidget* window = window_of("Form10");
+    if (!window) {
+        std::fputs("no object shows in the town\n", stderr);
+        return false;
+    }
+    auto& tabs = *window->findChild<QTabBar*>();
     bool written = true;
     for (int tab = 0; tab < object_tab_count; ++tab) {
-        stage.build(tab_shots[tab].map);
-        QWidget* window = open_object_window(stage.user);
-        if (!window) {
-            std::fputs("no object shows on the map\n", stderr);
-            return false;
-        }
-        auto& tabs = *window->findChild<QTabBar*>();
         QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
         QTest::qWait(20);
-        written = write(window->grab(), folder + "/" + tab_shots[tab].file) && written;
+        written = write(window->grab(), folder + "/" + tab_files[tab]) && written;
     }
-    return written;
+    return take_script(test::WindowDriver(*window), folder + "/event-editor.png") && written;
 }
 
 /// Writes the demo image into folder, makes that the current one, so that no other name shows in
@@ -199,6 +226,6 @@ int main(int argc, char** argv) {
     for (const Shot& shot : std::span(shots).first(one ? 1 : std::size(shots)))
         written = take(shot, image, one ? out : out + "/" + shot.file) && written;
     if (!one)
-        written = take_object_tabs(image, out) && written;
+        written = take_objects(image, out) && written;
     return written ? 0 : 1;
 }

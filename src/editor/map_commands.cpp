@@ -35,7 +35,7 @@ void paste_properties(EditorState& state) {
     state.rom.take_read_refusal(); // of a reading before
     state.map_properties = state.property_clipboard;
     show_map_fields(state);
-    tell_read_refusal(state);
+    tell_read_refusal(state, state.map_source);
 }
 
 void show_memory_manager(EditorState& state) {

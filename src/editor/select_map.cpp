@@ -44,10 +44,10 @@ void load_map_fields(EditorState& state) {
 
 } // namespace
 
-void tell_read_refusal(EditorState& state) {
+void tell_read_refusal(EditorState& state, std::optional<MapSource>& source) {
     if (!state.rom.take_read_refusal())
         return;
-    state.map_source.reset();
+    source.reset();
     state.dialogs.message("Reading " + state.rom.path() + " failed. What is shown of this map is " +
                               "not what the image holds, and it can't be saved.",
                           "Error");
@@ -76,7 +76,7 @@ void select_map(EditorState& state) {
     if (form.Combo1 > 0)
         state.map_selected = true;
     load_map_fields(state);
-    tell_read_refusal(state);
+    tell_read_refusal(state, state.map_source);
 }
 
 } // namespace veldrune

@@ -39,8 +39,9 @@ void Bindings::notes(QPlainTextEdit* field, std::string& value) {
     });
     rule([field, &value] {
         const QSignalBlocker blocked(field);
-        if (field->toPlainText().toStdString() != value)
-            field->setPlainText(QString::fromStdString(value));
+        const QString text = QString::fromStdString(value).replace("\r\n", "\n");
+        if (field->toPlainText() != text)
+            field->setPlainText(text);
     });
 }
 

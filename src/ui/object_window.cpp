@@ -93,7 +93,7 @@ ObjectWindow::ObjectWindow(EditorState& state, Windows& windows, QWidget* behind
     build_menus(*this, object_window_commands(), state, bindings_);
     build_panel();
     bindings_.show();
-    bindings_.rule([this] { come_to_front(); });
+    follow_to_front(state.form10.to_front);
     QRect place(QPoint(0, 0), sizeHint()); // leaves most of the map picture free
     place.moveBottomRight(windows.main_window().frameGeometry().bottomRight());
     move(place.topLeft());
@@ -109,15 +109,6 @@ void ObjectWindow::build_panel() {
     column->addLayout(record);
     column->addWidget(make_object_panel(state_, bindings_), 1);
     setCentralWidget(panel);
-}
-
-void ObjectWindow::come_to_front() {
-    if (!std::exchange(state_.form10.to_front, false))
-        return;
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
 }
 
 } // namespace veldrune

@@ -11,7 +11,6 @@ class ObjectWindow : public SideWindow {
 
   private:
     void build_panel();
-    void come_to_front();
 };
 
 } // namespace veldrune

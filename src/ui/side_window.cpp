@@ -4,6 +4,8 @@
 
 #include <QCloseEvent>
 
+#include <utility>
+
 namespace veldrune {
 
 SideWindow::SideWindow(EditorState& state, Windows& windows, const bool& visible,
@@ -18,6 +20,17 @@ void SideWindow::show_state() {
     if (visible_)
         bindings_.show();
     setVisible(visible_);
+}
+
+void SideWindow::follow_to_front(bool& to_front) {
+    bindings_.rule([this, &to_front] {
+        if (!std::exchange(to_front, false))
+            return;
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        show();
+        raise();
+        activateWindow();
+    });
 }
 
 void SideWindow::closeEvent(QCloseEvent* event) {

@@ -18,6 +18,8 @@ class SideWindow : public QMainWindow {
     SideWindow(EditorState& state, Windows& windows, const bool& visible,
                void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type);
     void closeEvent(QCloseEvent* event) override;
+    /// Brings the window in front of all others when the state wants it there, which is then done.
+    void follow_to_front(bool& to_front);
 
     EditorState& state_;
     Bindings bindings_;

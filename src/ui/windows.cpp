@@ -1,5 +1,6 @@
 #include "ui/windows.h"
 
+#include "ui/event_window.h"
 #include "ui/layer_palette.h"
 #include "ui/main_window.h"
 #include "ui/object_window.h"
@@ -51,6 +52,7 @@ void Windows::show() {
     show_side_window(form8_, state_.form8.visible, state_, *this, form1_.get());
     show_side_window(form2_, state_.form2.visible, state_, *this, form8_.get());
     show_side_window(form10_, state_.form10.visible, state_, *this, nullptr);
+    show_side_window(form9_, state_.form9.visible, state_, *this, nullptr);
 }
 
 } // namespace veldrune

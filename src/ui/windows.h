@@ -7,6 +7,7 @@
 
 namespace veldrune {
 
+class EventWindow;
 class LayerPalette;
 class MainWindow;
 class ObjectWindow;
@@ -40,6 +41,7 @@ class Windows {
     std::unique_ptr<TileChooser> form8_;
     std::unique_ptr<LayerPalette> form2_;
     std::unique_ptr<ObjectWindow> form10_;
+    std::unique_ptr<EventWindow> form9_;
 };
 
 } // namespace veldrune

@@ -267,30 +267,6 @@ TEST_F(MainWindowTest, TickedObjectBoxesTakeTheColourOfTheirKind) {
     }
 }
 
-TEST_F(MainWindowTest, AWorldMapsFieldsReplaceTheMaps) {
-    window.open_file("a.smc");
-    EXPECT_FALSE(user.find("Text24").isVisible());
-    const QRect place = user.find("Text14").geometry();
-    form.map_fields_enabled = false;
-    form.Text24_visible = true;
-    form.HScroll1.visible = false;
-    form.HScroll2.visible = true;
-    user.click("Check3"); // any edit shows the state
-    QCoreApplication::processEvents();
-    EXPECT_EQ(user.find("Text24").geometry(), place);
-    EXPECT_FALSE(user.find("Text14").isVisible());
-    EXPECT_FALSE(user.find("HScroll1").isVisible());
-    for (const char* control : {"Text1", "Text4", "Text13", "Text25", "Text46", "Check1", "Check8",
-                                "Option3", "Command2", "Command5"})
-        EXPECT_FALSE(user.find(control).isEnabled()) << control;
-    for (const char* control :
-         {"Text24", "Text20", "Check3", "Check4", "Option10", "Option4", "Command1", "Combo1"})
-        EXPECT_TRUE(user.find(control).isEnabled()) << control;
-    user.choose_map(town);
-    EXPECT_TRUE(user.find("Text14").isVisible());
-    EXPECT_TRUE(user.find("Text1").isEnabled());
-}
-
 TEST_F(MainWindowTest, UnsavedChangesAreAskedAboutAndTheListKeepsTheClickedRow) {
     open_map(town);
     form.HScroll1.visible = false; // as a world map leaves it
