@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 
 namespace veldrune {
@@ -41,6 +42,7 @@ EventWindow::EventWindow(EditorState& state, Windows& windows, QWidget* behind)
     column->addLayout(make_bar());
     column->addWidget(grid_, 1);
     setCentralWidget(panel);
+    resize(sizeHint().boundedTo(screen()->availableSize()));
     bindings_.rule([this] { show_script(); });
     follow_to_front(state.form9.to_front);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,

@@ -261,11 +261,7 @@ void ScriptView::lay_box() {
         box_->setGeometry(visualRect(box_cell_));
 }
 
-void ScriptView::scrollContentsBy(int dx, int dy) {
-    QTableView::scrollContentsBy(dx, dy);
-    lay_box();
-}
-
+/// As a child of the viewport the box follows every scroll by itself.
 void ScriptView::updateGeometries() {
     QTableView::updateGeometries();
     lay_box();

