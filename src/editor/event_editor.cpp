@@ -112,6 +112,7 @@ void on_script_click(EditorState& state, int row, int column) {
 void on_script_enter(EditorState& state) {
     if (!stands_open(state))
         return;
+    state.rom.take_read_refusal(); // of a reading before
     enter_text(desk_of(state));
     reading_failed(state); // a dialogue that was shown
 }

@@ -107,7 +107,8 @@ void drop_object(EditorState& state) {
     blank.visible = form.visible;
     blank.to_front = form.to_front;
     blank.TabStrip1 = form.TabStrip1;
-    blank.HScroll1.maximum = std::max(chosen_list(state).count, 1);
+    const ObjectList& list = chosen_list(state);
+    blank.HScroll1.maximum = list.row_count == 0 ? 1 : std::max(list.count, 1);
     blank.HScroll1.value = std::min(form.HScroll1.value, blank.HScroll1.maximum);
     form = blank;
     forget_object(state);

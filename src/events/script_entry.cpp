@@ -38,6 +38,10 @@ void remove_rows_at(ScriptDesk desk, int first, int end) {
             *place = std::max(first, *place - (end - first));
 }
 
+void remove_command_rows(ScriptDesk desk, int row) {
+    remove_rows_at(desk, row, command_end(desk.form.grid, row));
+}
+
 // ---- the edit box
 
 void place_edit_box(ScriptDesk desk, int row, int column) {
@@ -51,8 +55,11 @@ void hide_edit_box(ScriptDesk desk) {
     desk.form.Text2_visible = false;
 }
 
+// Numbers that 32 bits can't hold count as the greatest that they can, which fits nowhere.
 std::uint32_t number_in_box(ScriptDesk desk) {
     std::string text = desk.form.Text2;
+    if (const auto plain = plain_hex(text))
+        return static_cast<std::uint32_t>(std::min<std::uint64_t>(*plain, 0xFFFFFFFF));
     return static_cast<std::uint32_t>(parse_hex_text(text, desk.dialogs));
 }
 
@@ -177,11 +184,12 @@ int queue_bytes_with(ScriptDesk desk, int size) {
                .actions_left; // the end takes a byte as well, the current action none of these
 }
 
-void write_action(ScriptDesk desk, const ScriptCommand* action) {
+void write_action(ScriptDesk desk, const ScriptCommand& action) {
     const int row = desk.form.grid_row;
     remove_rows_at(desk, row + 1, row + 1 + arguments_of_action(desk, row));
-    row_at(desk, row) = script_row(secondary, desk.form.Text2, action ? action->label.loaded : "");
-    const auto parameters = action ? action->parameters() : std::span<const Parameter>{};
+    row_at(desk, row) =
+        script_row(secondary, padded(format_hex(action.code), 2), action.label.loaded);
+    const auto parameters = action.parameters();
     for (std::size_t i = 0; i < parameters.size(); ++i)
         insert_row_at(desk, row + 1 + static_cast<int>(i),
                       blank_script_row(parameters[i].label.loaded));
@@ -191,12 +199,15 @@ void write_action(ScriptDesk desk, const ScriptCommand* action) {
 // An action's code, in the blank row of a new queue or over an action that stands there.
 void enter_action(ScriptDesk desk) {
     const std::uint32_t code = number_in_box(desk);
-    const ScriptCommand* action =
-        code > 0xFF ? nullptr : &queue_action(static_cast<std::uint8_t>(code));
+    if (code > 0xFF) {
+        desk.dialogs.message("The code of an action does not fit in a byte.", "Error");
+        return;
+    }
+    const ScriptCommand& action = queue_action(static_cast<std::uint8_t>(code));
     const bool is_new = desk.entry.actions_left > 0;
-    const int bytes = queue_bytes_with(desk, action ? action_size(action->code) : 1);
+    const int bytes = queue_bytes_with(desk, action_size(action.code));
     const int former = queue_bytes(desk.form.grid, desk.entry.command_row);
-    if ((is_new || bytes != former) && !fits_queue(desk, bytes))
+    if ((is_new || bytes > former) && !fits_queue(desk, bytes))
         return;
     write_action(desk, action);
     if (!is_new && bytes != former)
@@ -251,7 +262,10 @@ void go_to_first_parameter(ScriptDesk desk, int row, const ScriptCommand& comman
 void enter_code(ScriptDesk desk) {
     const int row = desk.form.grid_row;
     const std::uint32_t code = number_in_box(desk);
-    remove_rows_at(desk, row, desk.entry.new_row ? row + 1 : command_end(desk.form.grid, row));
+    if (desk.entry.new_row)
+        remove_rows_at(desk, row, row + 1);
+    else
+        remove_command_rows(desk, row);
     desk.entry.new_row = false;
     hide_edit_box(desk);
     forget_command(desk);
@@ -369,7 +383,9 @@ void enter_text(ScriptDesk desk) {
     ScriptEntry& entry = desk.entry;
     if (!desk.form.Text2_visible)
         return;
-    if (is_blank(desk.form.Text2))
+    if (desk.form.grid_column != secondary) // elsewhere no value has lines
+        desk.form.Text2 = without_breaks(desk.form.Text2);
+    if (is_blank(without_breaks(desk.form.Text2)))
         return desk.dialogs.message("You must enter some valid hex fool", "Nope");
     if (desk.form.grid_column == primary)
         enter_code(desk);
@@ -416,8 +432,7 @@ void add_item(ScriptDesk desk) {
 void remove_item(ScriptDesk desk) {
     end_entry(desk);
     if (command_stands(desk.form.grid, desk.entry))
-        remove_rows_at(desk, desk.entry.command_row,
-                       command_end(desk.form.grid, desk.entry.command_row));
+        remove_command_rows(desk, desk.entry.command_row);
     forget_command(desk);
     hide_edit_box(desk);
 }

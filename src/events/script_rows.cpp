@@ -98,10 +98,6 @@ void add_command_rows(ScriptGrid& grid, int row, const ScriptCommand& command) {
         insert_row(grid, ++row, blank_script_row(parameter.label.added));
 }
 
-void remove_command_rows(ScriptGrid& grid, int row) {
-    remove_rows(grid, row, command_end(grid, row));
-}
-
 std::optional<CellRefusal> normalise_command(ScriptGrid& grid, int row, Dialogs& dialogs) {
     const int code = command_code_at(grid, row);
     if (code < 0)

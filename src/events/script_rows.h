@@ -17,9 +17,6 @@ struct CellRefusal {
 /// Inserts a new command at a row, its values blank.
 void add_command_rows(ScriptGrid& grid, int row, const ScriptCommand& command);
 
-/// Removes the command that begins at a row.
-void remove_command_rows(ScriptGrid& grid, int row);
-
 /// Brings the cells of the command that begins at a row to their full width, and lists and map data
 /// into lines. A list or map data of a wrong length is refused and left as it is.
 std::optional<CellRefusal> normalise_command(ScriptGrid& grid, int row, Dialogs& dialogs);

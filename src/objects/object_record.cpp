@@ -3,6 +3,7 @@
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 
@@ -244,7 +245,7 @@ class FieldReader {
     std::uint32_t npc_flag_value(const std::string& text, std::int32_t base) {
         if (text.size() != 6 || text[4] != ':')
             refuse("Your input must be in the following format xxxx:y", "error");
-        const std::uint32_t byte = piece(text, 0, 4);
+        const std::uint32_t byte = piece(text, 0, std::min(text.find(':'), std::size_t{4}));
         const std::uint32_t bit = piece(text, 5, 1);
         if (bit > 7)
             refuse("Your flag bit must 0 - 7", "Error");

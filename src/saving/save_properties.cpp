@@ -157,6 +157,7 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
                             Dialogs& dialogs) {
     if (!write_pointers_as(rom, form, at_load, dialogs))
         return false;
+    rom.take_read_refusal(); // of a reading before
     MapProperties record = read_record(rom, map_index);
     if (rom.take_read_refusal()) {
         dialogs.message("Reading " + rom.path() + " failed. Nothing more is written.", "Error");

@@ -35,14 +35,12 @@ class Bindings {
     /// Acts on every choice, of the row that is current already too.
     void list(QComboBox* list, int& row, const Action& then = {});
     void enabled(QWidget* widget, const bool& value);
-    /// A button of a group that sets value to its own one.
+    /// A button of a group that sets value to its own one. Acts on a click of the button that is
+    /// pressed already, too.
     template <typename T>
     void option(QAbstractButton* button, T& value, T own, const Action& then = {}) {
-        QObject::connect(button, &QAbstractButton::toggled, button,
-                         [this, &value, own, then](bool on) {
-                             if (on)
-                                 edit([&] { value = own; }, then);
-                         });
+        QObject::connect(button, &QAbstractButton::clicked, button,
+                         [this, &value, own, then] { edit([&] { value = own; }, then); });
         rule([button, &value, own] { show_checked(button, value == own); });
     }
     /// Anything else that the window derives from the state.

@@ -3,7 +3,6 @@
 #include "editor/tile_chooser.h"
 
 #include <QRadioButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace veldrune {
@@ -41,13 +40,10 @@ LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-/// A little lower than the chooser and at its left, or, where the screen has no room there, over
-/// its corner.
+/// A little lower than the chooser's corner, and a little to its left.
 void LayerPalette::showEvent(QShowEvent* event) {
     const QRect chooser = parentWidget()->frameGeometry();
-    const int beside = chooser.left() - frameGeometry().width() - 1;
-    const bool room = beside >= screen()->availableGeometry().left();
-    move(room ? beside : chooser.left() - 1, chooser.top() + 1);
+    move(chooser.left() - 1, chooser.top() + 1);
     SideWindow::showEvent(event);
 }
 
