@@ -1,6 +1,10 @@
 #include "compression/compress.h"
 #include "compression/literal_encoder.h"
+#include "demo/demo_image.h"
 #include "sample_maps.h"
+#include "support/memory_disk.h"
+#include "world_map/world_map.h"
+#include "world_map/worlds.h"
 
 #include <benchmark/benchmark.h>
 
@@ -48,6 +52,23 @@ void families(const std::string& name, Encoder* encode, LiteralEncoder* referenc
     pair(name + "/random_bytes", encode, reference, random_bytes(size * 7 / 8, 255, 1));
 }
 
+/// The demo image's world maps, unpacked.
+std::vector<std::pair<std::string, Bytes>> demo_worlds() {
+    test::MemoryDisk disk;
+    disk["demo.smc"] = demo::make_demo_image();
+    RomImage rom(disk);
+    rom.open("demo.smc");
+    const auto buffer = std::make_unique<DecompressBuffer>();
+    std::vector<std::pair<std::string, Bytes>> worlds;
+    for (const auto& [name, world] : {std::pair{"dawn", World::dawn}, {"dusk", World::dusk}}) {
+        WorldMap map;
+        const std::int32_t pointer = rom.read_pointer24(world_row(world).map_pointer);
+        read_world_map(rom, offset_of_address(pointer), *buffer, map);
+        worlds.emplace_back(name, Bytes(map.tiles.begin(), map.tiles.end()));
+    }
+    return worlds;
+}
+
 [[maybe_unused]] const bool registered = [] {
     for (const unsigned seed : {1U, 2U, 3U}) {
         const std::string number = std::to_string(seed);
@@ -60,6 +81,9 @@ void families(const std::string& name, Encoder* encode, LiteralEncoder* referenc
         pair("compress_world_map/landlocked/" + number, compress_world_map,
              test::literal_compress_world_map, sample_world(seed, 1));
     }
+    for (const auto& [name, tiles] : demo_worlds())
+        pair("compress_world_map/demo_" + name, compress_world_map,
+             test::literal_compress_world_map, tiles);
     families("compress_layer", compress_layer, test::literal_compress_layer, 8192);
     families("compress_world_map", compress_world_map, test::literal_compress_world_map, 65536);
     return true;

@@ -2,51 +2,15 @@
 
 #include "demo/demo_image.h"
 #include "editor/build.h"
-#include "editor/editor_state.h"
 #include "editor/mouse.h"
-#include "editor/open_image.h"
 #include "editor/save.h"
-#include "editor/select_map.h"
+#include "editor/world_map.h"
+#include "open_editor.h"
 
-#include <benchmark/benchmark.h>
-
-#include <filesystem>
-#include <fstream>
-#include <unistd.h>
+#include <cstring>
 
 namespace veldrune {
 namespace {
-
-// Says yes to everything.
-class Agreeing : public Dialogs {
-  public:
-    void message(const std::string&, const std::string&) override {}
-    bool question(const std::string&) override { return true; }
-    std::optional<std::string> open_file_name() override { return std::nullopt; }
-    std::optional<std::string> save_file_name() override { return std::nullopt; }
-};
-
-// An editor with the demo image open from a file that goes with it.
-struct OpenEditor {
-    std::filesystem::path path = std::filesystem::temp_directory_path() /
-                                 ("veldrune-bench-" + std::to_string(::getpid()) + ".smc");
-    std::unique_ptr<FileLayer> disk = make_disk();
-    Agreeing dialogs;
-    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(*disk, dialogs);
-
-    OpenEditor() {
-        const auto bytes = demo::make_demo_image();
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
-        open_image_file(*state, path);
-    }
-    ~OpenEditor() { std::filesystem::remove(path); }
-    void choose(int map) {
-        state->form1.Combo1 = map;
-        select_map(*state);
-    }
-};
 
 void choose_map(benchmark::State& bench) {
     OpenEditor editor;
@@ -99,6 +63,46 @@ void paint_step(benchmark::State& bench) {
     }
 }
 
+// The worlds in turn, with the maps whose objects they borrow.
+void open_world(benchmark::State& bench) {
+    OpenEditor editor;
+    for (auto _ : bench)
+        (bench.range(0) == 0 ? open_world_of_dawn : open_world_of_dusk)(*editor.state);
+}
+
+void save_world(benchmark::State& bench) {
+    OpenEditor editor;
+    (bench.range(0) == 0 ? open_world_of_dawn : open_world_of_dusk)(*editor.state);
+    for (auto _ : bench)
+        save(*editor.state);
+}
+
+// Beside a copy of the picture's bytes.
+void world_view(benchmark::State& bench) {
+    OpenEditor editor;
+    open_world_of_dawn(*editor.state);
+    int step = 0;
+    for (auto _ : bench) {
+        editor.state->form1.HScroll2.value = ++step % 225;
+        draw_world_view(*editor.state);
+        benchmark::ClobberMemory();
+    }
+}
+
+void world_view_memcpy(benchmark::State& bench) {
+    const auto from = std::make_unique<PixelBuffer>();
+    const auto to = std::make_unique<PixelBuffer>();
+    for (auto _ : bench) {
+        std::memcpy(to.get(), from.get(), sizeof *to);
+        benchmark::DoNotOptimize(*to);
+        benchmark::ClobberMemory();
+    }
+}
+
+BENCHMARK(open_world)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(save_world)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(world_view)->Unit(benchmark::kMicrosecond);
+BENCHMARK(world_view_memcpy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(choose_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(build_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(save_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);

@@ -1,8 +1,13 @@
 #include "demo/demo_image.h"
 
 #include "demo/image_writer.h"
+#include "demo/item_names.h"
 #include "demo/layer3_art.h"
+#include "demo/population.h"
 #include "demo/scenery.h"
+#include "demo/scenes.h"
+#include "demo/sprites.h"
+#include "demo/world_image.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
 
@@ -15,7 +20,6 @@ namespace veldrune::demo {
 namespace {
 
 constexpr int layouts_per_kind = 24;
-constexpr int first_variation = 7; // the map behind the five places
 constexpr std::int32_t layer_area_end = rom_layout::formation_data;
 constexpr std::int32_t animated_area_end = 0x268200;
 constexpr int palette_count = 48;
@@ -111,7 +115,7 @@ Bytes cropped(std::span<const std::uint8_t> cells, int stride, Size size) {
 
 class DemoImage {
   public:
-    explicit DemoImage(std::uint32_t seed) : random_(seed) {}
+    explicit DemoImage(std::uint32_t seed) : seed_(seed), random_(seed) {}
     Bytes make();
 
   private:
@@ -120,9 +124,11 @@ class DemoImage {
     void write_graphics(const KindArt& art, int kind);
     void write_tables();
     void write_maps();
+    void write_map_objects();
     MapProperties make_record(int map, int kind, int layout, int mood, const Overlay& overlay);
     LayerData overlay_data(const Overlay& overlay, Size map_size);
 
+    std::uint32_t seed_;
     Random random_;
     ImageWriter writer_;
     DataArea layers_{writer_, rom_layout::layer_data, layer_area_end,
@@ -135,6 +141,7 @@ class DemoImage {
                      rom_layout::layer3_graphics_pointers, rom_layout::layer3_graphics_count};
     std::int32_t next_animated_ = rom_layout::animated_graphics;
     std::array<std::vector<LayoutData>, kind_count> layouts_;
+    Sites sites_;
     std::array<Layer3Set, layer3::drawn_count> layer3_sets_;
     std::map<std::tuple<int, int, int>, int> overlay_numbers_; // by graphics and size
     int meadow_ = 0;                                           // data number of a plain meadow
@@ -150,6 +157,9 @@ Bytes DemoImage::make() {
         write_kind(kind);
     write_tables();
     write_maps();
+    write_map_objects();
+    write_item_names(writer_);
+    write_sprites(writer_);
     formations_.repeat_entries();
     tilesets_.repeat_entries();
     layer3_.repeat_entries();
@@ -170,6 +180,8 @@ LayoutData DemoImage::write_layout(KindArt& art, int kind, int layout) {
     const Plan plan = art.art.plan(layout, size.width, size.height, random_);
     MapCanvas canvas(art.blocks, size.width, size.height);
     art.scenery.paint(canvas, plan);
+    sites_[static_cast<std::size_t>(kind)].emplace_back(plan, art.scenery.walkable(plan),
+                                                        art.art.walls == nullptr);
     LayoutData data{{}, size};
     for (std::size_t layer = 0; layer < 2; ++layer) {
         const Bytes cells =
@@ -282,8 +294,7 @@ MapProperties DemoImage::make_record(int map, int kind, int layout, int mood,
 
 void DemoImage::write_maps() {
     for (int map = 0; map < rom_layout::map_count; ++map) {
-        const int kind = std::max(map - demo_map::town, 0) % kind_count;
-        const int turn = map < first_variation ? 0 : 1 + (map - first_variation) / kind_count;
+        const int kind = kind_of(map), turn = region_of(map);
         const int mood = turn == 0 ? 0 : scatter(map, turn, 31, mood_count);
         const Overlay& overlay = map < demo_map::town ? none : overlays[kind][turn % 5];
         MapProperties record = make_record(map, kind, turn % layouts_per_kind, mood, overlay);
@@ -298,6 +309,18 @@ void DemoImage::write_maps() {
         writer_.put(static_cast<std::int32_t>(record_offset(map)), record);
         writer_.put_byte(static_cast<std::int32_t>(monster_set_offset(map)), map % 64);
     }
+}
+
+void DemoImage::write_map_objects() {
+    // The lists of all maps come together here; those of maps 0 and 1 are the world maps'.
+    std::vector<MapObjects> maps(rom_layout::map_count);
+    DialogueBook dialogues(writer_);
+    ScriptBook scripts(writer_, dialogues);
+    Scenes scenes(scripts);
+    populate(maps, sites_, scenes, random_);
+    write_worlds(writer_, seed_, maps, sites_, scenes);
+    write_objects(writer_, maps);
+    dialogues.repeat_entries();
 }
 
 } // namespace

@@ -31,6 +31,10 @@ void ImageWriter::put_pointer(std::int32_t offset, std::int32_t value) {
     put_byte(offset + 2, value >> 16);
 }
 
+void ImageWriter::copy_word(std::int32_t from, std::int32_t to) {
+    std::copy_n(image_.begin() + from, 2, image_.begin() + to);
+}
+
 int DataArea::add(std::span<const std::uint8_t> bytes) {
     const int number = static_cast<int>(offsets_.size());
     if (number == capacity_ || next_ + static_cast<std::int32_t>(bytes.size()) > end_)

@@ -16,6 +16,7 @@ class ImageWriter {
     void put_byte(std::int32_t offset, int value);
     void put_word(std::int32_t offset, int value);
     void put_pointer(std::int32_t offset, std::int32_t value);
+    void copy_word(std::int32_t from, std::int32_t to);
     Bytes take() { return std::move(image_); }
 
   private:

@@ -112,4 +112,26 @@ void Scenery::paint(MapCanvas& canvas, const Plan& plan) {
     canvas.sink_deep_tops();
 }
 
+Plan Scenery::walkable(const Plan& plan) const {
+    static constexpr std::string_view no_ground = "~hftO#", trodden_props = "=S";
+    Plan floor(plan.width, plan.height, '.');
+    for (int y = 0; y < plan.height; ++y)
+        for (int x = 0; x < plan.width; ++x)
+            if (plan.is(x, y, no_ground) || (art_.walls != nullptr && wall_row(plan, x, y) != 0))
+                floor.at(x, y) = '#';
+    for (int y = 0; y < plan.height; ++y)
+        for (int x = 0; x < plan.width; ++x) {
+            if (plan.is(x, y, trodden_props))
+                continue;
+            for (auto [at, end] = props_.equal_range(plan.at(x, y)); at != end; ++at) {
+                const auto& [prop, stamp] = at->second;
+                const int bottom = 16 * (y + 1) - prop->up, top = bottom - 8 * stamp.height;
+                const int left = 16 * x - prop->left, right = left + 8 * stamp.width;
+                const int column = (left + 160) / 16 - 10, row = (top + 160) / 16 - 10;
+                floor.rect(column, row, (right + 15) / 16 - column, (bottom + 15) / 16 - row, '#');
+            }
+        }
+    return floor;
+}
+
 } // namespace veldrune::demo

@@ -55,6 +55,8 @@ class Scenery {
   public:
     Scenery(const PlaceArt& art, BlockTable& table);
     void paint(MapCanvas& canvas, const Plan& plan);
+    /// Where one can walk on a plan, '.', and where not, '#': behind tree crowns and the like, too.
+    Plan walkable(const Plan& plan) const;
 
   private:
     using Key = std::array<int, 4>;

@@ -4,10 +4,14 @@
 #include "editor/build.h"
 #include "editor/commands.h"
 #include "editor/mouse.h"
+#include "editor/object_window.h"
 #include "editor/save.h"
+#include "editor/tile_chooser.h"
 #include "editor/view.h"
+#include "editor/world_map.h"
 #include "rom/rom_layout.h"
 #include "support/editor_fixture.h"
+#include "support/object_image.h"
 
 #include <gtest/gtest.h>
 
@@ -19,15 +23,21 @@ constexpr std::string Form1::*text_fields[] = {
     &Form1::Text1,  &Form1::Text2,  &Form1::Text3,  &Form1::Text5,  &Form1::Text6,  &Form1::Text7,
     &Form1::Text8,  &Form1::Text9,  &Form1::Text10, &Form1::Text11, &Form1::Text12, &Form1::Text13,
     &Form1::Text14, &Form1::Text16, &Form1::Text17, &Form1::Text18, &Form1::Text20, &Form1::Text21,
-    &Form1::Text22, &Form1::Text23, &Form1::Text25, &Form1::Text37, &Form1::Text39, &Form1::Text40,
-    &Form1::Text41, &Form1::Text42, &Form1::Text43, &Form1::Text44, &Form1::Text45, &Form1::Text46,
+    &Form1::Text22, &Form1::Text23, &Form1::Text24, &Form1::Text25, &Form1::Text37, &Form1::Text39,
+    &Form1::Text40, &Form1::Text41, &Form1::Text42, &Form1::Text43, &Form1::Text44, &Form1::Text45,
+    &Form1::Text46,
+};
+
+constexpr std::string Form10::*object_fields[] = {
+    &Form10::Text1, &Form10::Text2, &Form10::Text4, &Form10::Text5, &Form10::Text6, &Form10::Text7,
 };
 
 std::string any_text(Random& random) {
-    static const std::string texts[] = {"",         " ",          "0",   "16",          "128",
-                                        "19D3B0",   "2147483647", "-1",  "99999999999", "FFFFFFFF",
-                                        "80000000", "7FFFFFFF",   "64",  "1G",          "x",
-                                        "85",       "84",         "255", "32",          "300000"};
+    static const std::string texts[] = {
+        "",     " ",           "0",        "16",       "128",      "19D3B0", "2147483647",
+        "-1",   "99999999999", "FFFFFFFF", "80000000", "7FFFFFFF", "64",     "1G",
+        "x",    "85",          "84",       "255",      "32",       "300000", "1EE0:7",
+        "1F:7", "3:5",         "1EE0:8",   "::::",     "72",       "73",     "A0200"};
     if (random.below(4) != 0)
         return texts[random.below(std::size(texts))];
     std::string text(static_cast<std::size_t>(random.below(12)), ' ');
@@ -59,10 +69,50 @@ Bytes any_image(Random& random) {
     }
 }
 
+// Gives most maps some objects, whatever bytes these are.
+void lay_out_objects(Bytes& image, Random& random) {
+    for (const KindPlace& place : kind_places) {
+        std::size_t first = 0x400;
+        for (std::size_t at = place.pointers; at < place.pointers + 2 * 415; at += 2) {
+            if (at + 1 < image.size())
+                put_word(image, at, first);
+            first += static_cast<std::size_t>(random.below(60));
+        }
+    }
+}
+
 int any_bar_value(Random& random, const ScrollBar& bar) {
     return bar.maximum == 0
                ? 0
                : static_cast<int>(random.engine() % (1u + static_cast<unsigned>(bar.maximum)));
+}
+
+// What the user can do in the object window, with no record in it too.
+void any_object_command(EditorState& state, Random& random) {
+    Form10& form = state.form10;
+    switch (random.below(8)) {
+    case 0:
+        form.TabStrip1 = random.below(object_tab_count);
+        return on_object_tab(state);
+    case 1:
+        form.HScroll1.value = 1 + random.below(form.HScroll1.maximum);
+        return on_record_scroll(state);
+    case 2:
+        return save_object(state);
+    case 3:
+        form.Combo1 = random.below(4), form.Combo3 = random.below(4);
+        form.Combo4 = random.below(movement_count), form.option = random.below(6) - 1;
+        form.Combo2 = random.below(static_cast<int>(form.Combo2_lines.size()) + 1) - 1;
+        return;
+    case 4:
+        if (random.below(4) == 0)
+            close_object_window(state);
+        return;
+    default:
+        form.*object_fields[random.below(std::size(object_fields))] = any_text(random);
+        on_sprite_text(state);
+        return on_palette_text(state);
+    }
 }
 
 void any_command(Editor& editor, Random& random) {
@@ -71,7 +121,13 @@ void any_command(Editor& editor, Random& random) {
     const int x = random.below(900) - 200;
     const int y = random.below(900) - 200;
     const auto button = random.below(2) == 0 ? MouseButton::left : MouseButton::right;
-    switch (random.below(14)) {
+    switch (random.below(20)) {
+    case 16:
+        form.HScroll2.value = any_bar_value(random, form.HScroll2);
+        form.VScroll2.value = any_bar_value(random, form.VScroll2);
+        return refresh_world_view(state);
+    case 17:
+        return random.below(2) == 0 ? open_world_of_dawn(state) : open_world_of_dusk(state);
     case 0:
         return editor.choose(random.below(rom_layout::map_count));
     case 1:
@@ -113,6 +169,17 @@ void any_command(Editor& editor, Random& random) {
             commands[static_cast<std::size_t>(random.below(static_cast<int>(commands.size())))];
         return run_command(state, command.guard, command.run);
     }
+    case 12:
+        form.Check1 = random.below(4) != 0, form.Check2 = random.below(4) != 0;
+        form.Check3 = random.below(4) != 0, form.Check4 = random.below(4) != 0;
+        form.tool = Tool::objects;
+        return on_click(state, x, y);
+    case 13:
+        state.form2.layer = random.below(3);
+        return random.below(2) == 0 ? on_palette_layer(state) : choose_tile(state, x, y);
+    case 14:
+    case 15:
+        return any_object_command(state, random);
     default:
         form.*text_fields[random.below(std::size(text_fields))] = any_text(random);
     }
@@ -122,7 +189,10 @@ TEST(EditorFuzz, AnyImageAnyCommandAnyText) {
     for (unsigned seed = 0; seed < 60; ++seed) {
         SCOPED_TRACE(seed);
         Random random(seed);
-        Editor editor(any_image(random));
+        Bytes image = any_image(random);
+        if (random.below(4) != 0)
+            lay_out_objects(image, random);
+        Editor editor(image);
         editor.choose(random.below(rom_layout::map_count));
         for (int step = 0; step < 80; ++step) {
             if (random.below(3) == 0)
@@ -131,6 +201,8 @@ TEST(EditorFuzz, AnyImageAnyCommandAnyText) {
             ASSERT_GE(editor.form.HScroll1.value, 0);
             ASSERT_LE(editor.form.HScroll1.value, editor.form.HScroll1.maximum);
             ASSERT_TRUE(editor.state->rom.is_open());
+            const RecordBar& bar = editor.state->form10.HScroll1;
+            ASSERT_TRUE(bar.value >= 1 && bar.value <= bar.maximum);
         }
     }
 }

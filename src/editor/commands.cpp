@@ -8,6 +8,7 @@
 #include "editor/save.h"
 #include "editor/tile_chooser.h"
 #include "editor/view.h"
+#include "editor/world_map.h"
 
 namespace veldrune {
 namespace {
@@ -22,8 +23,8 @@ constexpr Command commands[] = {
     {"File",      "menuspace1",     "-",                      Guard::none,         nullptr},
     {"File",      "Exit",           "E&xit",                  Guard::none,         nullptr},
     {"",          "Mode",           "&Mode 7",                Guard::none,         nullptr},
-    {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         nullptr},
-    {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         nullptr},
+    {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         open_world_of_dawn},
+    {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         open_world_of_dusk},
     {"",          "Options",        "&Options",               Guard::none,         nullptr},
     {"Options",   "Clear",          "Clear Map",              Guard::map_selected, clear_map},
     {"Options",   "Copy",           "Copy Tile Formations",   Guard::none,         copy_properties},
@@ -42,6 +43,11 @@ constexpr Command object_commands[] = {
     {"File",      "Save",           "Save",                   Guard::rom_open,     save_object},
     {"",          "Event",          "Event",                  Guard::none,         nullptr},
     {"Event",     "Event_Editor",   "Event Editor",           Guard::rom_open,     open_event_editor_of_object},
+};
+
+constexpr Command script_commands[] = {
+    {"",          "File",           "&File",                  Guard::none,         nullptr},
+    {"File",      "Save",           "&Save",                  Guard::rom_open,     save_script},
 };
 
 constexpr ButtonCommand buttons[] = {
@@ -73,6 +79,10 @@ std::span<const Command> menu_commands() {
 
 std::span<const Command> object_window_commands() {
     return object_commands;
+}
+
+std::span<const Command> event_editor_commands() {
+    return script_commands;
 }
 
 std::span<const ButtonCommand> button_commands() {

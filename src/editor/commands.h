@@ -24,6 +24,9 @@ std::span<const Command> menu_commands();
 /// All menus and entries of the object window.
 std::span<const Command> object_window_commands();
 
+/// All menus and entries of the Event Editor.
+std::span<const Command> event_editor_commands();
+
 /// A button of the main window.
 struct ButtonCommand {
     const char* control;

@@ -20,6 +20,8 @@
 #include "render/pixel_buffer.h"
 #include "rom/patch_marks.h"
 #include "rom/rom_image.h"
+#include "world_map/world_map.h"
+#include "world_map/worlds.h"
 
 #include <array>
 #include <optional>
@@ -27,7 +29,7 @@
 
 namespace veldrune {
 
-/// The image that the map or the script in memory was read from.
+/// The image that a map, or the script, in memory was read from.
 struct MapSource {
     FileIdentity identity;
     std::string path;
@@ -68,6 +70,13 @@ struct EditorState {
     AnimTileTable anim_tiles{};
     std::array<Layer, layer_count> layers;
     MapProperties property_clipboard{}; // the copied record; zeros before the first copy
+
+    // The world map.
+    World world = World::dawn;             // the one that was read last
+    std::optional<MapSource> world_source; // nothing before the first opening
+    WorldMap world_map;
+    WorldSheet world_sheet;
+    int world_packed_size = 0; // the length field of its stream, as read or last written
 
     // Objects.
     ObjectLists objects;            // of the map that was drawn last

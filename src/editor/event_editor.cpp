@@ -96,6 +96,14 @@ void close_event_editor(EditorState& state) {
     state.form9.Text2_visible = false;
 }
 
+ScriptRows remembered_rows(const EditorState& state) {
+    const ScriptGrid& grid = state.form9.grid;
+    if (!command_stands(grid, state.script_entry))
+        return {};
+    const int first = state.script_entry.command_row;
+    return {first, command_end(grid, first)};
+}
+
 void on_script_click(EditorState& state, int row, int column) {
     if (stands_open(state))
         click_cell(desk_of(state), row, column);

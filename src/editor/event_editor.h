@@ -12,6 +12,14 @@ void open_event_editor_of_object(EditorState& state);
 /// After the user has closed the window.
 void close_event_editor(EditorState& state);
 
+/// The rows of the command that "Remove Item" would remove: the first one, and the one behind the
+/// last. Both are 0 where there is none.
+struct ScriptRows {
+    int first = 0;
+    int end = 0;
+};
+ScriptRows remembered_rows(const EditorState& state);
+
 /// A click on a cell of the grid.
 void on_script_click(EditorState& state, int row, int column);
 /// Enter and Escape in the edit box, whose text stands in form9.Text2.

@@ -32,8 +32,10 @@ void copy_properties(EditorState& state) {
 void paste_properties(EditorState& state) {
     if (!state.map_source)
         return;
+    state.rom.take_read_refusal(); // of a reading before
     state.map_properties = state.property_clipboard;
     show_map_fields(state);
+    tell_read_refusal(state, state.map_source);
 }
 
 void show_memory_manager(EditorState& state) {

@@ -3,29 +3,34 @@
 #include "editor/build.h"
 #include "editor/objects.h"
 #include "editor/view.h"
+#include "editor/world_map.h"
 #include "rom/number_text.h"
 
 namespace veldrune {
 namespace {
 
-// The tile under the mouse: in the view, and in the map.
+// The tile under the mouse: in the view, and in the map or the world map.
 struct Cursor {
     int cursor_x;
     int cursor_y;
     std::int64_t column;
     std::int64_t row;
     bool in_picture;
-    bool in_layer_map; // and inside the LayerMap
+    bool in_map; // and inside the LayerMap, or the world map
 };
 
 Cursor locate_cursor(const EditorState& state, int x, int y) {
     const Form1& form = state.form1;
     const int side = tile_size(state);
     Cursor cursor{x / side, y / side, 0, 0, false, false};
-    cursor.column = std::int64_t{form.HScroll1.value} + cursor.cursor_x;
-    cursor.row = std::int64_t{form.VScroll1.value} + cursor.cursor_y;
+    const bool world = state.world_map_mode;
+    const ScrollBar& h = world ? form.HScroll2 : form.HScroll1;
+    const ScrollBar& v = world ? form.VScroll2 : form.VScroll1;
+    cursor.column = std::int64_t{h.value} + cursor.cursor_x;
+    cursor.row = std::int64_t{v.value} + cursor.cursor_y;
     cursor.in_picture = x >= 0 && x < view_size && y >= 0 && y < view_size;
-    cursor.in_layer_map = cursor.in_picture && LayerMap::contains(cursor.column, cursor.row);
+    cursor.in_map = cursor.in_picture && (world ? WorldMap::contains(cursor.column, cursor.row)
+                                                : LayerMap::contains(cursor.column, cursor.row));
     return cursor;
 }
 
@@ -46,21 +51,48 @@ void paint_map_tile(EditorState& state, const Cursor& cursor) {
     state.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
 }
 
+void paint_world_tile(EditorState& state, const Cursor& cursor) {
+    state.world_map.at(cursor.column, cursor.row) =
+        static_cast<std::uint8_t>(state.form1.current_tile);
+    refresh_world_view(state);
+}
+
 void paint(EditorState& state, const Cursor& cursor) {
-    if (!cursor.in_layer_map)
+    if (!cursor.in_map)
         return;
     state.changes_saved = false;
-    paint_map_tile(state, cursor);
+    if (state.world_map_mode)
+        paint_world_tile(state, cursor);
+    else
+        paint_map_tile(state, cursor);
 }
 
 void pick_map_tile(EditorState& state, const Cursor& cursor) {
     state.tile_picked = true;
-    if (!cursor.in_layer_map)
+    if (!cursor.in_map)
         return;
     const auto edit_layer = static_cast<std::size_t>(state.form1.edit_layer);
     state.form1.current_tile = tiles_under(state, cursor)[edit_layer];
     show_tile_preview(state);
     state.form1.tool = Tool::draw;
+}
+
+// Unlike a pick on a map it leaves the tool, and the coming click may paint.
+void pick_world_tile(EditorState& state, const Cursor& cursor) {
+    if (!cursor.in_map)
+        return;
+    state.form1.current_tile = state.world_map.at(cursor.column, cursor.row);
+    show_world_tile_preview(state);
+    state.form1.edit_layer = 0;
+}
+
+void select_object_under(EditorState& state, const Cursor& cursor) {
+    if (!cursor.in_picture)
+        return;
+    if (state.world_map_mode)
+        state.form1.Text20 = std::to_string(cursor.column);
+    select_object_at(state, static_cast<std::uint8_t>(cursor.column),
+                     static_cast<std::uint8_t>(cursor.row));
 }
 
 std::string hex32(std::int64_t value) {
@@ -75,7 +107,9 @@ void on_press(EditorState& state, MouseButton button, int x, int y) {
         state.painting = true;
         state.tile_picked = false;
     } else if (button == MouseButton::right || state.form1.tool == Tool::get_tile) {
-        if (state.rom_open && state.map_selected)
+        if (state.world_map_mode)
+            pick_world_tile(state, cursor);
+        else if (state.rom_open && state.map_selected)
             pick_map_tile(state, cursor);
     }
 }
@@ -84,7 +118,8 @@ void on_move(EditorState& state, int x, int y) {
     const Cursor cursor = locate_cursor(state, x, y);
     Form1& form = state.form1;
     form.Label26 =
-        hex32(cursor.column + form.HScroll2.value) + " " + hex32(cursor.row + form.VScroll2.value);
+        hex32(std::int64_t{form.HScroll1.value} + form.HScroll2.value + cursor.cursor_x) + " " +
+        hex32(std::int64_t{form.VScroll1.value} + form.VScroll2.value + cursor.cursor_y);
     if (state.painting && state.rom_open)
         paint(state, cursor);
 }
@@ -97,11 +132,13 @@ void on_click(EditorState& state, int x, int y) {
     const Cursor cursor = locate_cursor(state, x, y);
     if (!state.rom_open)
         return;
-    if (state.form1.tool == Tool::draw && !state.tile_picked)
+    const bool world = state.world_map_mode;
+    if (state.form1.tool == Tool::draw && (world || !state.tile_picked))
         paint(state, cursor);
-    else if (state.form1.tool == Tool::objects && cursor.in_picture)
-        select_object_at(state, static_cast<std::uint8_t>(cursor.column),
-                         static_cast<std::uint8_t>(cursor.row));
+    else if (state.form1.tool == Tool::objects)
+        select_object_under(state, cursor);
+    if (world)
+        draw_world_objects(state);
 }
 
 } // namespace veldrune

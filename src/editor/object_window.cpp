@@ -22,6 +22,13 @@ bool has_row(const EditorState& state, int index) {
     return index >= 0 && index < chosen_list(state).row_count;
 }
 
+// The place of its script stays, since the Event Editor may stand open on it.
+void forget_object(EditorState& state) {
+    SelectedObject none;
+    none.script_offset = state.selected_object.script_offset;
+    state.selected_object = none;
+}
+
 // The list of Combo2 is the directions for an NPC and the items for a chest.
 void fill_lists(EditorState& state) {
     std::vector<std::string>& lines = state.form10.Combo2_lines;
@@ -103,7 +110,7 @@ void drop_object(EditorState& state) {
     blank.HScroll1.maximum = std::max(chosen_list(state).count, 1);
     blank.HScroll1.value = std::min(form.HScroll1.value, blank.HScroll1.maximum);
     form = blank;
-    state.selected_object = {};
+    forget_object(state);
 }
 
 void on_object_tab(EditorState& state) {
@@ -152,7 +159,7 @@ void save_object(EditorState& state) {
 
 void close_object_window(EditorState& state) {
     state.form10 = {};
-    state.selected_object = {};
+    forget_object(state);
 }
 
 } // namespace veldrune

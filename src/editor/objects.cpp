@@ -12,24 +12,45 @@ using enum ObjectKind;
 // Markers that are drawn later lie on top; of the objects on a tile the one matched last is opened.
 constexpr ObjectKind all_kinds[] = {npc, chest, event_trigger, entrance, long_entrance};
 constexpr ObjectKind draw_order[] = {npc, long_entrance, entrance, chest, event_trigger};
+constexpr ObjectKind world_kinds[] = {entrance, event_trigger};
+using Kinds = std::span<const ObjectKind>;
 
 bool is_shown(const EditorState& state, ObjectKind kind) {
     return state.form1.*object_kind_row(kind).shown;
 }
 
-// A record of another map or image must not stay in the object window: a save would put it in the
-// wrong place.
-void reload_object_lists(EditorState& state) {
+// What the disk has refused to give must not be saved over what stands there.
+void empty_object_lists(EditorState& state) {
+    state.objects = {};
+    drop_object(state);
+    state.dialogs.message(
+        "Reading " + state.rom.path() + " failed. The objects of the map are not shown.", "Error");
+}
+
+// A record of another map or image must not stay in the object window, nor its rows in a list that
+// is not read: a save would put it in the wrong place.
+void reload_object_lists(EditorState& state, Kinds kinds) {
     ObjectLists& objects = state.objects;
     const int map = state.form1.Combo1;
     const FileIdentity image = state.rom.identity();
     const bool same = objects.map == map && objects.image == image;
     objects.map = map;
     objects.image = image;
-    for (const ObjectKind kind : all_kinds)
+    for (ObjectList& list : objects.lists)
+        list.row_count = same ? list.row_count : 0;
+    state.rom.take_read_refusal(); // of a reading before
+    for (const ObjectKind kind : kinds)
         load_object_list(state.rom, kind, map, objects[kind]);
-    if (!same)
+    if (state.rom.take_read_refusal())
+        empty_object_lists(state);
+    else if (!same)
         drop_object(state);
+}
+
+void draw_shown(EditorState& state, Kinds kinds, const MarkerView& view) {
+    for (const ObjectKind kind : kinds)
+        if (is_shown(state, kind))
+            draw_markers(kind, state.objects[kind], view, state.picture);
 }
 
 } // namespace
@@ -46,15 +67,22 @@ void read_object_counts(EditorState& state) {
 }
 
 void draw_objects(EditorState& state) {
-    reload_object_lists(state);
-    const MarkerView view{state.form1.HScroll1.value, state.form1.VScroll1.value, tile_size(state)};
-    for (const ObjectKind kind : draw_order)
-        if (is_shown(state, kind))
-            draw_markers(kind, state.objects[kind], view, state.picture);
+    const Form1& form = state.form1;
+    reload_object_lists(state, all_kinds);
+    draw_shown(state, draw_order, {form.HScroll1.value, form.VScroll1.value, tile_size(state)});
+}
+
+void read_world_objects(EditorState& state) {
+    reload_object_lists(state, world_kinds);
+}
+
+void draw_world_objects(EditorState& state) {
+    const Form1& form = state.form1;
+    draw_shown(state, world_kinds, {form.HScroll2.value, form.VScroll2.value, world_tile_size});
 }
 
 void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y) {
-    for (const ObjectKind kind : all_kinds) {
+    for (const ObjectKind kind : state.world_map_mode ? Kinds(world_kinds) : Kinds(all_kinds)) {
         const ObjectList& list = state.objects[kind];
         for (int index = 0; is_shown(state, kind) && index < list.row_count; ++index)
             if (object_covers(kind, list, index, x, y))

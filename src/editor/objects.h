@@ -12,8 +12,13 @@ void read_object_counts(EditorState& state);
 /// the kinds that are shown.
 void draw_objects(EditorState& state);
 
+/// The same for a world map, which has short entrances and event triggers alone: reading goes with
+/// the opening of the world, drawing with every drawing of it.
+void read_world_objects(EditorState& state);
+void draw_world_objects(EditorState& state);
+
 /// A click with the object tool: opens every object on tile (x, y), one after the other, so that
-/// the last one stays.
+/// the last one stays. Of a world map only what it has.
 void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y);
 
 } // namespace veldrune

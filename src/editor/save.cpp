@@ -1,20 +1,27 @@
 #include "editor/save.h"
 
 #include "editor/open_image.h"
+#include "editor/world_map.h"
 #include "saving/save_layers.h"
 #include "saving/save_properties.h"
 
 namespace veldrune {
 namespace {
 
-bool map_in_memory(const EditorState& state) {
-    return state.map_source.has_value();
+// Where the world map, or the map, that a save would write was read from; nothing without one.
+const std::optional<MapSource>& source_of_save(const EditorState& state) {
+    return state.world_map_open ? state.world_source : state.map_source;
+}
+
+bool is_open_image(const EditorState& state, const std::optional<MapSource>& source) {
+    return source && source->identity == state.rom.identity();
 }
 
 // A map that was read from another image is saved only where the user wants that.
 bool may_save_foreign_map(EditorState& state) {
-    return !map_in_memory(state) || state.map_source->identity == state.rom.identity() ||
-           state.dialogs.question("This map was read from " + state.map_source->path + ", but " +
+    const std::optional<MapSource>& source = source_of_save(state);
+    return !source || is_open_image(state, source) ||
+           state.dialogs.question("This map was read from " + source->path + ", but " +
                                   state.rom.path() + " is open. Save it all the same?");
 }
 
@@ -27,21 +34,21 @@ bool refuse(EditorState& state, const std::string& why) {
     return false;
 }
 
-// Makes a copy of the open image, unless path names that image itself, and opens it. The map and
-// the object lists in memory belong to the copy from then on as they belonged to the original.
-// False, with the former image open, where that fails; it has been told.
+// Makes a copy of the open image, unless path names that image itself, and opens it. What is in
+// memory of the original belongs to the copy from then on. False, with the former image open, where
+// that fails; it has been told.
 bool go_on_in_copy(EditorState& state, const std::string& path) {
-    const bool read_from_open_image =
-        map_in_memory(state) && state.map_source->identity == state.rom.identity();
-    const bool lists_of_open_image = state.objects.image == state.rom.identity();
+    const FileIdentity original = state.rom.identity();
     if (!state.rom.is_file(path) && !state.rom.copy_to(path))
         return refuse(state, "The image could not be copied to " + path + ".");
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
-    if (read_from_open_image)
-        state.map_source = MapSource{state.rom.identity(), path};
-    if (lists_of_open_image)
-        state.objects.image = state.rom.identity();
+    const MapSource copy{state.rom.identity(), path};
+    for (auto* source : {&state.map_source, &state.world_source})
+        if (*source && (*source)->identity == original)
+            *source = copy;
+    if (state.objects.image == original)
+        state.objects.image = copy.identity;
     return true;
 }
 
@@ -64,10 +71,22 @@ bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
     return true;
 }
 
+// Whether the copy takes over the name. After a world map it does, whatever became of the save.
+bool save_into_copy(EditorState& state) {
+    if (!state.world_map_open)
+        return save_map(state, save_properties_as);
+    save_world_map(state);
+    return true;
+}
+
 } // namespace
 
 void save(EditorState& state) {
-    if (map_in_memory(state) && may_save_foreign_map(state))
+    if (!source_of_save(state) || !may_save_foreign_map(state))
+        return;
+    if (state.world_map_open)
+        save_world_map(state);
+    else
         save_map(state, save_properties);
 }
 
@@ -75,7 +94,7 @@ void save_as(EditorState& state) {
     const auto path = state.dialogs.save_file_name();
     if (!path || !may_save_foreign_map(state) || !go_on_in_copy(state, *path))
         return;
-    if (!map_in_memory(state) || save_map(state, save_properties_as))
+    if (!source_of_save(state) || save_into_copy(state))
         take_over_path(state, *path);
 }
 

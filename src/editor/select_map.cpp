@@ -42,17 +42,16 @@ void load_map_fields(EditorState& state) {
     show_map_fields(state);
 }
 
-// What the disk has refused to give must not be saved over what stands there.
-void tell_read_refusal(EditorState& state) {
+} // namespace
+
+void tell_read_refusal(EditorState& state, std::optional<MapSource>& source) {
     if (!state.rom.take_read_refusal())
         return;
-    state.map_source.reset();
+    source.reset();
     state.dialogs.message("Reading " + state.rom.path() + " failed. What is shown of this map is " +
                               "not what the image holds, and it can't be saved.",
                           "Error");
 }
-
-} // namespace
 
 void show_map_fields(EditorState& state) {
     show_record(state.rom, state.map_properties, state.form1);
@@ -66,6 +65,7 @@ void select_map(EditorState& state) {
         return;
     form.Picture3.fill(0);
     enable_map_fields(form);
+    state.rom.take_read_refusal(); // of a reading before
     state.map_index = form.Combo1;
     state.map_source = MapSource{state.rom.identity(), state.rom.path()};
     read_map_properties(state);
@@ -76,7 +76,7 @@ void select_map(EditorState& state) {
     if (form.Combo1 > 0)
         state.map_selected = true;
     load_map_fields(state);
-    tell_read_refusal(state);
+    tell_read_refusal(state, state.map_source);
 }
 
 } // namespace veldrune

@@ -22,10 +22,26 @@ void draw_tile_sheet(EditorState& state) {
     draw_grid(state.tile_sheet, cell_side);
 }
 
+void draw_world_sheet(EditorState& state) {
+    enlarge_pixels(state.world_sheet.pixels.data(), WorldSheet::side, WorldSheet::side,
+                   WorldSheet::side, view_size / WorldSheet::side, state.tile_sheet.row(0),
+                   view_size);
+    draw_grid(state.tile_sheet, cell_side);
+}
+
+// A world has no layers to choose from.
+void open_world_chooser(EditorState& state) {
+    draw_world_sheet(state);
+    state.form8.visible = true;
+    state.form2.visible = false;
+}
+
 } // namespace
 
 void open_tile_chooser(EditorState& state) {
-    if (!state.map_selected || state.world_map_mode)
+    if (state.world_map_mode)
+        return open_world_chooser(state);
+    if (!state.map_selected)
         return;
     state.form2.layer = state.form1.edit_layer;
     draw_tile_sheet(state);

@@ -5,7 +5,7 @@
 namespace veldrune {
 
 /// "Choose Tile": draws the tiles of the edit layer into the chooser and shows it with the layer
-/// palette. Does nothing without an image and a selected map.
+/// palette; on a world map its tiles, without the palette. Does nothing without an image and a map.
 void open_tile_chooser(EditorState& state);
 
 /// After a click on a button of the layer palette: form2.layer becomes the edit layer, and the

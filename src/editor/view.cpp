@@ -1,6 +1,7 @@
 #include "editor/view.h"
 
 #include "editor/objects.h"
+#include "editor/world_map.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -142,6 +143,8 @@ void zoom_out(EditorState& state) {
 void on_grid_change(EditorState& state) {
     if (!map_ready(state))
         return;
+    if (state.world_map_mode)
+        return refresh_world_view(state);
     if (!state.form1.grid_on)
         compose_view(state);
     draw_overlays(state);

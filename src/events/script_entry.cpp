@@ -72,20 +72,14 @@ void remember_command_at(ScriptDesk desk, int row) {
     desk.entry.command_code = command_code_at(desk.form.grid, row);
 }
 
-// It counts only while it still stands where it was.
-bool command_stands(ScriptDesk desk) {
-    return desk.entry.command_code >= 0 &&
-           command_code_at(desk.form.grid, desk.entry.command_row) == desk.entry.command_code;
-}
-
 const ScriptCommand* remembered_command(ScriptDesk desk) {
-    return command_stands(desk)
+    return command_stands(desk.form.grid, desk.entry)
                ? &script_command(static_cast<std::uint8_t>(desk.entry.command_code))
                : nullptr;
 }
 
 void normalise_remembered_command(ScriptDesk desk) {
-    if (!command_stands(desk))
+    if (!command_stands(desk.form.grid, desk.entry))
         return;
     if (const auto refusal =
             normalise_command(desk.form.grid, desk.entry.command_row, desk.dialogs))
@@ -324,6 +318,11 @@ void break_off_action(ScriptDesk desk) {
 
 } // namespace
 
+bool command_stands(const ScriptGrid& grid, const ScriptEntry& entry) {
+    return entry.command_code >= 0 &&
+           command_code_at(grid, entry.command_row) == entry.command_code;
+}
+
 void refuse_cell(ScriptDesk desk, const CellRefusal& refusal, const std::string& text) {
     place_edit_box(desk, refusal.row, refusal.column);
     desk.form.Text2 = text;
@@ -416,7 +415,7 @@ void add_item(ScriptDesk desk) {
 
 void remove_item(ScriptDesk desk) {
     end_entry(desk);
-    if (command_stands(desk))
+    if (command_stands(desk.form.grid, desk.entry))
         remove_rows_at(desk, desk.entry.command_row,
                        command_end(desk.form.grid, desk.entry.command_row));
     forget_command(desk);

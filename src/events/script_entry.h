@@ -18,6 +18,9 @@ struct ScriptEntry {
     bool dialogue_patched = false; // dialogues are found by the new table
 };
 
+/// Whether a command is remembered and still stands where it was.
+bool command_stands(const ScriptGrid& grid, const ScriptEntry& entry);
+
 /// What editing works on.
 struct ScriptDesk {
     Form9& form;

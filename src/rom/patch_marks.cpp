@@ -12,7 +12,7 @@ constexpr std::size_t mark_bits[std::tuple_size_v<PatchFlags>] = {0, 1, 2, 3,  4
 } // namespace
 
 void read_patch_flags(const RomImage& rom, PatchFlags& flags) {
-    if (rom.size() < rom_layout::patch_marks + 2)
+    if (rom.size().value_or(0) < rom_layout::patch_marks + 2)
         return;
     const std::uint16_t marks = rom.read_word(rom_layout::patch_marks);
     for (std::size_t flag = 0; flag < flags.size(); ++flag)

@@ -16,16 +16,17 @@ bool RomImage::open(const std::string& path) {
     return true;
 }
 
+std::optional<FileStatus> RomImage::status() const {
+    return file_ ? file_->status() : std::nullopt;
+}
+
 FileIdentity RomImage::identity() const {
-    return status().identity;
+    return status().value_or(FileStatus{}).identity;
 }
 
-std::int64_t RomImage::size() const {
-    return status().size;
-}
-
-FileStatus RomImage::status() const {
-    return (file_ ? file_->status() : std::nullopt).value_or(FileStatus{});
+std::optional<std::int64_t> RomImage::size() const {
+    const std::optional<FileStatus> known = status();
+    return known ? std::optional(known->size) : std::nullopt;
 }
 
 bool RomImage::is_file(const std::string& path) const {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -27,8 +28,8 @@ class RomImage {
     FileIdentity identity() const;
     /// Whether path names the open file.
     bool is_file(const std::string& path) const;
-    /// Bytes of the open file, 0 without one.
-    std::int64_t size() const;
+    /// Bytes of the open file. Nothing without one, or where the disk does not tell.
+    std::optional<std::int64_t> size() const;
     /// Copies the open file to path. On failure nothing has changed there.
     bool copy_to(const std::string& path) const;
     /// Whether the disk has refused a read since this was asked last.
@@ -48,7 +49,7 @@ class RomImage {
     bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
-    FileStatus status() const;
+    std::optional<FileStatus> status() const;
 
     FileLayer& files_;
     std::unique_ptr<File> file_;

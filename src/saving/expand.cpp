@@ -3,6 +3,7 @@
 #include "rom/rom_layout.h"
 #include "saving/told_write.h"
 
+#include <optional>
 #include <vector>
 
 namespace veldrune {
@@ -47,10 +48,17 @@ PointerTable wide_pointers(const RomImage& rom) {
     return wide;
 }
 
+void refuse(const RomImage& rom, Dialogs& dialogs) {
+    dialogs.message("Reading " + rom.path() + " failed. Nothing has been changed.", "Error");
+}
+
 } // namespace
 
 void expand_rom(RomImage& rom, Dialogs& dialogs) {
-    if (rom.size() >= rom_layout::expanded_image_size)
+    const std::optional<std::int64_t> size = rom.size();
+    if (!size)
+        return refuse(rom, dialogs);
+    if (*size >= rom_layout::expanded_image_size)
         return dialogs.message("This image has been expanded to 32 Mbit already. Nothing has been "
                                "changed.",
                                "Error");
@@ -59,9 +67,13 @@ void expand_rom(RomImage& rom, Dialogs& dialogs) {
 }
 
 void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
-    // Read before the table makes a short file longer.
+    rom.take_read_refusal(); // of a reading before
+    // The mark is read before the table makes a short file longer.
     const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
-    if (told_write(rom, rom_layout::new_dialogue_pointers, wide_pointers(rom), dialogs) &&
+    const PointerTable pointers = wide_pointers(rom);
+    if (rom.take_read_refusal())
+        return refuse(rom, dialogs);
+    if (told_write(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
         told_write(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
         told_write(rom, dialogue_mark_byte, {&mark, 1}, dialogs))
         flags[dialogue_patch_flag] = true;

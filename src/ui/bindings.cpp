@@ -22,10 +22,11 @@ void Bindings::show() const {
         rule();
 }
 
-void Bindings::text(QLineEdit* field, std::string& value) {
-    QObject::connect(field, &QLineEdit::textEdited, field, [this, &value](const QString& typed) {
-        edit([&] { value = typed.toStdString(); });
-    });
+void Bindings::text(QLineEdit* field, std::string& value, const Action& then) {
+    QObject::connect(field, &QLineEdit::textEdited, field,
+                     [this, &value, then](const QString& typed) {
+                         edit([&] { value = typed.toStdString(); }, then);
+                     });
     rule([field, &value] {
         if (field->text().toStdString() != value)
             field->setText(QString::fromStdString(value));
@@ -38,8 +39,9 @@ void Bindings::notes(QPlainTextEdit* field, std::string& value) {
     });
     rule([field, &value] {
         const QSignalBlocker blocked(field);
-        if (field->toPlainText().toStdString() != value)
-            field->setPlainText(QString::fromStdString(value));
+        const QString text = QString::fromStdString(value).replace("\r\n", "\n");
+        if (field->toPlainText() != text)
+            field->setPlainText(text);
     });
 }
 

@@ -27,17 +27,17 @@ class Bindings {
   public:
     explicit Bindings(Gate edit_gate) : gate_(std::move(edit_gate)) {}
 
-    void text(QLineEdit* field, std::string& value);
+    void text(QLineEdit* field, std::string& value, const Action& then = {});
     void notes(QPlainTextEdit* field, std::string& value);
     void label(QLabel* label, const std::string& value);
-    void box(QAbstractButton* box, bool& value, const Action& then);
+    void box(QAbstractButton* box, bool& value, const Action& then = {});
     void bar(QScrollBar* bar, ScrollBar& value, const Action& then);
     /// Acts on every choice, of the row that is current already too.
-    void list(QComboBox* list, int& row, const Action& then);
+    void list(QComboBox* list, int& row, const Action& then = {});
     void enabled(QWidget* widget, const bool& value);
     /// A button of a group that sets value to its own one.
     template <typename T>
-    void option(QAbstractButton* button, T& value, T own, const Action& then) {
+    void option(QAbstractButton* button, T& value, T own, const Action& then = {}) {
         QObject::connect(button, &QAbstractButton::toggled, button,
                          [this, &value, own, then](bool on) {
                              if (on)

@@ -1,6 +1,7 @@
 #include "editor/editor_state.h"
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
+#include "ui/windows.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -21,11 +22,11 @@ int main(int argc, char** argv) {
     const std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;
     const auto state = std::make_unique<EditorState>(*disk, dialogs);
-    MainWindow window(*state, dialogs);
-    window.show();
+    Windows windows(*state, dialogs);
+    windows.main_window().show();
 
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() > 1)
-        window.open_file(QFileInfo(arguments[1]).absoluteFilePath().toStdString());
+        windows.main_window().open_file(QFileInfo(arguments[1]).absoluteFilePath().toStdString());
     return QCoreApplication::exec();
 }

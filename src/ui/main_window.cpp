@@ -1,11 +1,14 @@
 #include "ui/main_window.h"
 
+#include "editor/commands.h"
 #include "editor/open_image.h"
+#include "editor/tile_chooser.h"
 #include "ui/icons.h"
 #include "ui/map_picture.h"
 #include "ui/menus.h"
 #include "ui/panels.h"
 #include "ui/qt_dialogs.h"
+#include "ui/windows.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>
@@ -35,20 +38,15 @@ void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom
 
 } // namespace
 
-MainWindow::MainWindow(EditorState& state, QtDialogs& dialogs)
-    : state_(state), bindings_([this](const Action& edit) { act(edit); }),
-      controls_(state, bindings_), picture_(new MapPicture(state, bindings_)) {
+MainWindow::MainWindow(EditorState& state, Windows& windows)
+    : state_(state), windows_(windows), bindings_(windows.gate(*this)), controls_(state, bindings_),
+      picture_(new MapPicture(state, bindings_)) {
     setObjectName("Form1");
-    setWindowTitle("Veldrune Map Editor 1.00");
+    setWindowTitle(program_title);
     setWindowIcon(window_icon());
     setAcceptDrops(true);
-    build_menus(*this, state, bindings_);
+    build_menus(*this, menu_commands(), state, bindings_);
     build_panels();
-    dialogs.attach(this, [this] {
-        picture_->end_stroke();
-        bindings_.show();
-    });
-    bindings_.show();
 }
 
 void MainWindow::build_panels() {
@@ -78,24 +76,25 @@ QSize MainWindow::sizeHint() const {
     return panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());
 }
 
-void MainWindow::act(const Action& edit) {
-    if (acting_)
-        return;
-    acting_ = true;
-    edit();
-    acting_ = false;
-    bindings_.show();
+void MainWindow::end_stroke() {
+    picture_->end_stroke();
 }
 
 void MainWindow::open_file(const std::string& path) {
-    act([&] {
+    bindings_.edit([&] {
         const BusyCursor busy;
         open_image_file(state_, path);
     });
 }
 
+/// The tile chooser closes, too. The object window stays until the user closes it.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!windows_.busy());
+    bindings_.edit([this] { close_tile_chooser(state_); });
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!acting_ && !dropped_file(*event).isEmpty())
+    if (!windows_.busy() && !dropped_file(*event).isEmpty())
         event->acceptProposedAction();
 }
 

@@ -11,32 +11,36 @@
 namespace veldrune {
 
 class MapPicture;
-class QtDialogs;
+class Windows;
 
 /// The main window, Form1. It keeps nothing of its own: every edit of the user goes into the state,
 /// and the window shows the state.
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
-    MainWindow(EditorState& state, QtDialogs& dialogs);
+    MainWindow(EditorState& state, Windows& windows);
+    /// Brings the window in line with the state.
+    void show_state() const { bindings_.show(); }
+    /// Ends a stroke of the mouse on the map picture, without a click.
+    void end_stroke();
     /// Opens the image at path, as Open does once a name is chosen.
     void open_file(const std::string& path);
     /// The size at which everything shows without scrolling.
     QSize sizeHint() const override;
 
   protected:
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
   private:
-    void act(const Action& edit);
     void build_panels();
 
     EditorState& state_;
+    Windows& windows_;
     Bindings bindings_;
     Controls controls_;
     MapPicture* picture_;
-    bool acting_ = false; // an edit runs, maybe behind a message box
 };
 
 } // namespace veldrune

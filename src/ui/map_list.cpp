@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QRegularExpression>
-#include <QWheelEvent>
 
 namespace veldrune {
 
@@ -47,7 +46,6 @@ MapList::MapList() {
     setStyleSheet("QComboBox { combobox-popup: 0; }"); // below the box, not over the whole screen
     setView(new MapListView);
     setMaxVisibleItems(24);
-    setFocusPolicy(Qt::StrongFocus); // the wheel alone does not give it the focus
     for (int map = 0; map < map_count; ++map)
         addItem(QString("map %1").arg(map));
 }
@@ -64,13 +62,6 @@ void MapList::keyPressEvent(QKeyEvent* event) {
     if (!view()->isVisible())
         showPopup();
     view()->keyboardSearch(text);
-}
-
-void MapList::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
 }
 
 } // namespace veldrune

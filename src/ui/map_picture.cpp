@@ -5,9 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QWheelEvent>
-#include <qdrawutil.h>
 
 #include <algorithm>
 #include <optional>
@@ -16,7 +14,6 @@ namespace veldrune {
 
 namespace {
 
-constexpr int border = 2;
 constexpr int notch = 120; // turn of a wheel's notch in Qt's unit
 
 std::optional<MouseButton> editor_button(Qt::MouseButton button) {
@@ -49,40 +46,13 @@ int take_units(int& rest, int turn, int unit) {
 } // namespace
 
 MapPicture::MapPicture(EditorState& state, const Bindings& bindings)
-    : state_(state), bindings_(bindings) {
+    : PixelPicture(state.picture.pixels, QSize(view_size, view_size)), state_(state),
+      bindings_(bindings) {
     setObjectName("Picture1");
     setAccessibleName("Map picture");
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
-}
-
-QSize MapPicture::sizeHint() const {
-    const int side = pixel_view_room(*this, view_size) + 2 * border;
-    return {side, side};
-}
-
-bool MapPicture::event(QEvent* event) {
-    if (event->type() == QEvent::ScreenChangeInternal) // its scaling may differ
-        updateGeometry();
-    return QWidget::event(event);
-}
-
-PixelView MapPicture::view() const {
-    return pixel_view(*this, QPointF(border, border));
-}
-
-void MapPicture::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const PixelView picture = view();
-    const QRectF frame = picture.rectangle(view_size).adjusted(-border, -border, border, border);
-    if (hasFocus())
-        qDrawPlainRect(&painter, frame.toAlignedRect(), palette().color(QPalette::Highlight),
-                       border);
-    else
-        qDrawShadePanel(&painter, frame.toAlignedRect(), palette(), true, border);
-    draw_pixels(painter, picture, state_.picture.pixels, view_size);
 }
 
 void MapPicture::keyPressEvent(QKeyEvent* event) {
@@ -90,10 +60,6 @@ void MapPicture::keyPressEvent(QKeyEvent* event) {
         if (row.key == event->key())
             return emit scrolled(row.direction, row.tiles);
     QWidget::keyPressEvent(event);
-}
-
-QPoint MapPicture::pixel_under(const QMouseEvent& event) const {
-    return view().pixel_at(event.position());
 }
 
 void MapPicture::mousePressEvent(QMouseEvent* event) {
@@ -117,7 +83,7 @@ void MapPicture::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint at = pixel_under(*event);
     bindings_.edit([&] {
         on_release(state_);
-        if (QRect(0, 0, view_size, view_size).contains(at))
+        if (contains(at))
             on_click(state_, at.x(), at.y());
     });
 }

@@ -2,19 +2,16 @@
 
 #include "editor/editor_state.h"
 #include "ui/bindings.h"
-#include "ui/pixel_view.h"
-
-#include <QWidget>
+#include "ui/pixel_picture.h"
 
 namespace veldrune {
 
-/// The map picture in its border. Hands the mouse to the editor in pixels of the picture; with the
+/// The map picture. Hands the mouse to the editor in pixels of the picture; with the
 /// focus, the arrow and page keys scroll it.
-class MapPicture : public QWidget {
+class MapPicture : public PixelPicture {
     Q_OBJECT
   public:
     MapPicture(EditorState& state, const Bindings& bindings);
-    QSize sizeHint() const override;
     /// Ends a stroke as if the button had been released, without a click.
     void end_stroke();
 
@@ -25,8 +22,6 @@ class MapPicture : public QWidget {
     void zoomed(int notches);
 
   protected:
-    bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -34,8 +29,6 @@ class MapPicture : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    PixelView view() const;
-    QPoint pixel_under(const QMouseEvent& event) const;
     void scroll_by_wheel(const QWheelEvent& event);
 
     EditorState& state_;

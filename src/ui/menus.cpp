@@ -1,6 +1,5 @@
 #include "ui/menus.h"
 
-#include "editor/commands.h"
 #include "ui/qt_dialogs.h"
 
 #include <QMainWindow>
@@ -34,8 +33,8 @@ void set_shortcut(QAction& action, std::string_view control) {
     }
 }
 
-bool is_menu(const Command& command) {
-    for (const Command& other : menu_commands())
+bool is_menu(const Command& command, std::span<const Command> commands) {
+    for (const Command& other : commands)
         if (std::string_view(other.menu) == command.control)
             return true;
     return false;
@@ -57,15 +56,15 @@ void connect_entry(QAction& action, const Command& command, QMainWindow& window,
 
 /// Fills menu, or the bar, with the commands that stand in the menu of that control name.
 template <typename Menu>
-void fill(Menu& menu, std::string_view control, QMainWindow& window, EditorState& state,
-          const Bindings& bindings) {
-    for (const Command& command : menu_commands()) {
+void fill(Menu& menu, std::string_view control, std::span<const Command> commands,
+          QMainWindow& window, EditorState& state, const Bindings& bindings) {
+    for (const Command& command : commands) {
         if (command.menu != control)
             continue;
-        if (is_menu(command)) {
+        if (is_menu(command, commands)) {
             QMenu* inner = menu.addMenu(command.caption);
             inner->setObjectName(command.control);
-            fill(*inner, command.control, window, state, bindings);
+            fill(*inner, command.control, commands, window, state, bindings);
             continue;
         }
         const bool separator = std::string_view(command.caption) == "-";
@@ -78,8 +77,9 @@ void fill(Menu& menu, std::string_view control, QMainWindow& window, EditorState
 
 } // namespace
 
-void build_menus(QMainWindow& window, EditorState& state, const Bindings& bindings) {
-    fill(*window.menuBar(), "", window, state, bindings);
+void build_menus(QMainWindow& window, std::span<const Command> commands, EditorState& state,
+                 const Bindings& bindings) {
+    fill(*window.menuBar(), "", commands, window, state, bindings);
 }
 
 } // namespace veldrune

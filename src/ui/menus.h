@@ -1,13 +1,14 @@
 #pragma once
 
-#include "editor/editor_state.h"
+#include "editor/commands.h"
 #include "ui/bindings.h"
 
 class QMainWindow;
 
 namespace veldrune {
 
-/// Builds the window's menus from the editor's table of commands.
-void build_menus(QMainWindow& window, EditorState& state, const Bindings& bindings);
+/// Builds the window's menus from its table of commands.
+void build_menus(QMainWindow& window, std::span<const Command> commands, EditorState& state,
+                 const Bindings& bindings);
 
 } // namespace veldrune

@@ -1,3 +1,4 @@
+#include "editor/world_map.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"
 
@@ -30,8 +31,8 @@ struct BarRow {
 constexpr BarRow bar_rows[] = {
     {"HScroll1", Qt::Horizontal, &Form1::HScroll1, on_h_scroll},
     {"VScroll1", Qt::Vertical, &Form1::VScroll1, on_v_scroll},
-    {"HScroll2", Qt::Horizontal, &Form1::HScroll2, nullptr},
-    {"VScroll2", Qt::Vertical, &Form1::VScroll2, nullptr},
+    {"HScroll2", Qt::Horizontal, &Form1::HScroll2, refresh_world_view},
+    {"VScroll2", Qt::Vertical, &Form1::VScroll2, refresh_world_view},
 };
 
 void add_path(const Controls& controls, QGridLayout& grid) {

@@ -48,11 +48,11 @@ int pixel_view_room(const QWidget& widget, int side) {
 }
 
 void draw_pixels(QPainter& painter, const PixelView& view, std::span<const std::uint32_t> pixels,
-                 int side) {
-    const QImage colours(reinterpret_cast<const uchar*>(pixels.data()), side, side, 4 * side,
-                         QImage::Format_RGB32);
+                 QSize size) {
+    const QImage colours(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
+                         4 * size.width(), QImage::Format_RGB32);
     // The highest byte of a packed colour is 0; the screen takes it for the opacity.
-    painter.drawImage(view.rectangle(side),
+    painter.drawImage(view.rectangle(size),
                       colours.convertToFormat(QImage::Format_ARGB32_Premultiplied));
 }
 

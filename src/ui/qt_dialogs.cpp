@@ -5,6 +5,9 @@
 #include <QMessageBox>
 #include <QStringList>
 
+#include <algorithm>
+#include <string_view>
+
 namespace veldrune {
 
 namespace {
@@ -17,6 +20,9 @@ class BoxCursor {
     BoxCursor(const BoxCursor&) = delete;
     BoxCursor& operator=(const BoxCursor&) = delete;
 };
+
+/// Titles of messages that warn of nothing.
+constexpr std::string_view informing_titles[] = {"Nothing here", "Veldrune Map Editor"};
 
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
         QMessageBox::StandardButtons buttons) {
@@ -55,20 +61,16 @@ QString qt_file_filter(const char* filter) {
     return filters.join(";;");
 }
 
-void QtDialogs::attach(QWidget* window, Action before_box) {
-    window_ = window;
-    before_box_ = std::move(before_box);
-}
-
 void QtDialogs::message(const std::string& text, const std::string& title) {
     before_box_();
-    ask(window_, QMessageBox::Warning, text, QString::fromStdString(title), QMessageBox::Ok);
+    const auto icon = std::ranges::count(informing_titles, title) != 0 ? QMessageBox::Information
+                                                                       : QMessageBox::Warning;
+    ask(window_, icon, text, QString::fromStdString(title), QMessageBox::Ok);
 }
 
 bool QtDialogs::question(const std::string& text) {
     before_box_();
-    const QString title = window_ ? window_->windowTitle() : QString();
-    return ask(window_, QMessageBox::Question, text, title,
+    return ask(window_, QMessageBox::Question, text, program_title,
                QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 

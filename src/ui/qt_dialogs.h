@@ -21,11 +21,16 @@ class BusyCursor {
     BusyCursor& operator=(const BusyCursor&) = delete;
 };
 
-/// Talks to the user through real boxes, modal over the window that it is attached to.
+/// What the main window and questions have as their title.
+inline constexpr const char* program_title = "Veldrune Map Editor 1.00";
+
+/// Talks to the user through real boxes, modal over the window whose edit raises them.
 class QtDialogs : public Dialogs {
   public:
-    /// before_box runs before anything is shown, to bring the window up to date.
-    void attach(QWidget* window, Action before_box);
+    /// before_box runs before anything is shown, to bring the windows up to date.
+    void attach(Action before_box) { before_box_ = std::move(before_box); }
+    /// The coming boxes lie over window.
+    void lie_over(QWidget* window) { window_ = window; }
 
     void message(const std::string& text, const std::string& title) override;
     bool question(const std::string& text) override;

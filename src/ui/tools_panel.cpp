@@ -30,7 +30,7 @@ class TileButton : public QPushButton {
         QPainter painter(this);
         const double margin = (width() - pixel_view_room(*this, tile_side)) / 2.0;
         draw_pixels(painter, pixel_view(*this, QPointF(margin, margin)), state_.form1.Picture3,
-                    tile_side);
+                    QSize(tile_side, tile_side));
     }
 
   private:

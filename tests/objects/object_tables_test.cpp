@@ -36,22 +36,6 @@ TEST(ObjectTables, CountsAreRoundedTiesToEven) {
     }
 }
 
-TEST(ObjectTables, ListsHoldTheRecordsOfTheMapAndFFBehindTheFile) {
-    for (const ObjectKind kind : all_kinds) {
-        const std::size_t size = place_of(kind).size;
-        Bytes bytes(0x300200);
-        put_objects(bytes, kind, 4, {Bytes(size, 1), Bytes(size, 2), Bytes(size, 3)});
-        bytes.resize(record_place(kind, 4, 2) + 1);
-        ObjectList list;
-        load_object_list(Image(bytes).rom, kind, 4, list);
-        ASSERT_EQ(list.row_count, 3);
-        EXPECT_TRUE(std::ranges::equal(object_row(kind, list, 1), Bytes(size, 2)));
-        Bytes cut(size, 0xFF);
-        cut[0] = 3;
-        EXPECT_TRUE(std::ranges::equal(object_row(kind, list, 2), cut));
-    }
-}
-
 TEST(ObjectTables, ItemNamesAndSpritesAreFound) {
     Bytes bytes(0x300200, 0xFF);
     const Bytes name = {0x7F, 0x80, 0x99, 0x9A, 0xB3, 0xB4, 0xBD, 190, 191, 192, 193, 194, 195};

@@ -73,6 +73,13 @@ TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
     const auto make = [] { return Editor(noise(0x300200)); };
     expect_prefixes_of_writes(make, expand);
     expect_prefixes_of_writes(make, patch);
+    for (const int read : {1, 2}) { // and what can't be read is not copied
+        Editor editor(noise(0x300200));
+        editor.disk.fail({read}, {});
+        patch(editor);
+        EXPECT_EQ(editor.disk.writes, 0);
+        EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+    }
 }
 
 TEST(PatchMarks, AreClearedBitsAndFlagsAreOnlySet) {

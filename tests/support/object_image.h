@@ -31,9 +31,9 @@ inline std::size_t record_place(ObjectKind kind, std::size_t map, std::size_t in
 /// Puts a list of records into an image, for every other of the first maps.
 inline void put_objects(Bytes& image, ObjectKind kind, std::size_t map,
                         const std::vector<Bytes>& records) {
-    for (const std::size_t i : {std::size_t{0}, records.size()})
-        put_word(image, place_of(kind).pointers + 2 * map + (i == 0 ? 0 : 2),
-                 record_place(kind, map, i) - place_of(kind).base);
+    for (const std::size_t end : {0u, 1u})
+        put_word(image, place_of(kind).pointers + 2 * (map + end),
+                 record_place(kind, map, end * records.size()) - place_of(kind).base);
     for (std::size_t i = 0; i < records.size(); ++i)
         std::ranges::copy(records[i], image.data() + record_place(kind, map, i));
 }

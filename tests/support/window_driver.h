@@ -26,17 +26,17 @@ inline void work_without_display() {
     });
 }
 
-/// Works the main window as a user does, by mouse and keyboard. Controls are found by their name.
+/// Works a window as a user does, by mouse and keyboard. Controls are found by their name.
 class WindowDriver {
   public:
     explicit WindowDriver(QWidget& window) : window_(window) {}
 
     template <typename T = QWidget>
     T& find(const QString& control) const {
-        T* found = window_.findChild<T*>(control);
-        if (!found)
-            throw std::runtime_error("no control " + control.toStdString());
-        return *found;
+        for (T* found : window_.findChildren<T*>(control))
+            if (stands_in_window(*found))
+                return *found;
+        throw std::runtime_error("no control " + control.toStdString());
     }
 
     void show() const {
@@ -47,8 +47,8 @@ class WindowDriver {
     /// A platform without a screen leaves the window inactive when a menu, list or box has closed.
     void activate() const {
         window_.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window_))
-            throw std::runtime_error("the window does not become active");
+        wait_until([this] { return QApplication::activeWindow() == &window_; },
+                   "the window does not become active");
     }
 
     /// A click on a button; on an option or a box at its indicator.
@@ -120,16 +120,36 @@ class WindowDriver {
     }
 
   private:
-    /// The menu in which an entry stands, or null for a menu of the bar.
+    template <typename Condition>
+    static void wait_until(const Condition& holds, const char* otherwise) {
+        for (int i = 0; i < 5000 && !holds(); ++i) {
+            QCoreApplication::processEvents();
+            QTest::qSleep(1);
+        }
+        if (!holds())
+            throw std::runtime_error(otherwise);
+    }
+
+    /// Whether a control is the window's own, and not one of the same name in a window before it.
+    template <typename T>
+    bool stands_in_window(const T& found) const {
+        if constexpr (std::is_base_of_v<QWidget, T>)
+            return found.window() == &window_;
+        return true;
+    }
+
+    /// The menu in which an entry stands, or null for a menu of the bar. The bar keeps a menu of
+    /// its own, without a name, for what it once had no room for.
     QMenu* menu_of(QAction& entry) const {
         for (QMenu* menu : window_.findChildren<QMenu*>())
-            if (menu->actions().contains(&entry))
+            if (!menu->objectName().isEmpty() && menu->actions().contains(&entry))
                 return menu;
         return nullptr;
     }
 
     template <typename Menu>
     static void press_entry(Menu& menu, QAction& entry) {
+        wait_until([&] { return menu.isVisible(); }, "a menu does not open");
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&entry).center());
     }
 

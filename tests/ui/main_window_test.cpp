@@ -1,15 +1,8 @@
-#include "support/editor_fixture.h"
-#include "support/window_driver.h"
-#include "ui/main_window.h"
-#include "ui/qt_dialogs.h"
-
-#include <gtest/gtest.h>
+#include "support/window_test.h"
 
 #include <QCheckBox>
 #include <QDropEvent>
-#include <QFileDialog>
 #include <QLabel>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -17,106 +10,14 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 
-#include <deque>
-#include <optional>
-
 namespace veldrune::test {
 namespace {
 
 constexpr int town = demo::demo_map::town;
 constexpr int forest = demo::demo_map::forest;
 
-/// Answers the boxes that come up while a test waits for them, and keeps what they said.
-class BoxAnswers {
-  public:
-    struct Box {
-        std::string text;
-        std::string title;
-        bool operator==(const Box&) const = default;
-        friend void PrintTo(const Box& box, std::ostream* out) {
-            *out << box.title << ": " << box.text;
-        }
-    };
-    std::vector<Box> boxes;
-    std::deque<bool> answers;         // OK or Cancel; OK beyond them
-    std::optional<QString> file_name; // cancels file dialogs without it
-    std::function<void()> meanwhile;  // runs while the box is up
-
-    BoxAnswers() {
-        timer_.callOnTimeout([this] { answer(); });
-        timer_.start(1);
-    }
-
-  private:
-    void answer() {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || modal == answered_)
-            return;
-        answered_ = modal;
-        if (meanwhile)
-            meanwhile();
-        if (auto* files = qobject_cast<QFileDialog*>(modal))
-            answer_files(*files);
-        else if (auto* box = qobject_cast<QMessageBox*>(modal))
-            answer_box(*box);
-        answered_ = nullptr;
-    }
-    void answer_files(QFileDialog& dialog) {
-        boxes.push_back(
-            {dialog.nameFilters().join(";;").toStdString(), dialog.windowTitle().toStdString()});
-        if (!file_name)
-            return dialog.reject();
-        dialog.selectFile(*file_name);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    }
-    void answer_box(QMessageBox& box) {
-        boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
-        bool accepted = true;
-        if (!answers.empty()) {
-            accepted = answers.front();
-            answers.pop_front();
-        }
-        QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-
-    QTimer timer_;
-    QWidget* answered_ = nullptr;
-};
-
-/// The main window over a disk in memory that holds the demo image twice, "a.smc" and "b.smc".
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public WindowTest {
   protected:
-    MemoryDisk disk;
-    QtDialogs dialogs;
-    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
-    Form1& form = state->form1;
-    MainWindow window{*state, dialogs};
-    WindowDriver user{window};
-    BoxAnswers answers;
-
-    void SetUp() override {
-        disk["a.smc"] = disk["b.smc"] = demo_bytes();
-        user.show();
-    }
-    void open_map(int map) {
-        window.open_file("a.smc");
-        user.choose_map(map);
-        user.click("Command3");
-    }
-    std::uint8_t tile(int layer, int column, int row) {
-        return state->layers[static_cast<std::size_t>(layer)].map.at(column, row);
-    }
-    /// Whether the picture in the window is the editor's, pixel by pixel.
-    bool shows_picture() {
-        const QImage shown = user.find("Picture1").grab().toImage();
-        for (int y = 0; y < view_size; ++y)
-            for (int x = 0; x < view_size; ++x)
-                if (shown.pixel(WindowDriver::on_picture(x, y)) !=
-                    (0xFF000000 | state->picture.row(y)[x]))
-                    return false;
-        return true;
-    }
     bool is_black() {
         return std::ranges::all_of(state->picture.pixels, [](Colour pixel) { return pixel == 0; });
     }
@@ -129,8 +30,8 @@ TEST_F(MainWindowTest, WithoutAnImageCommandsAreSilentAndOnlyTheZoomMoves) {
     EXPECT_EQ(user.find<QComboBox>("Combo1").itemText(413), "map 413");
     for (const char* control : {"Command1", "Command2", "Command3", "Command4", "Option4"})
         user.click(control);
-    for (const char* command : {"Save", "SaveAs", "Dawn", "Dusk", "Clear", "Copy", "Paste",
-                                "Memory_Mng", "Expand", "Dialogue_Patch", "About1"})
+    for (const char* command :
+         {"Save", "SaveAs", "Dawn", "Dusk", "Clear", "Copy", "Paste", "Expand", "Dialogue_Patch"})
         user.choose(command);
     user.click_picture(40, 40);
     user.click_picture(40, 40, Qt::RightButton);
@@ -366,30 +267,6 @@ TEST_F(MainWindowTest, TickedObjectBoxesTakeTheColourOfTheirKind) {
     }
 }
 
-TEST_F(MainWindowTest, AWorldMapsFieldsReplaceTheMaps) {
-    window.open_file("a.smc");
-    EXPECT_FALSE(user.find("Text24").isVisible());
-    const QRect place = user.find("Text14").geometry();
-    form.map_fields_enabled = false;
-    form.Text24_visible = true;
-    form.HScroll1.visible = false;
-    form.HScroll2.visible = true;
-    user.click("Check3"); // any edit shows the state
-    QCoreApplication::processEvents();
-    EXPECT_EQ(user.find("Text24").geometry(), place);
-    EXPECT_FALSE(user.find("Text14").isVisible());
-    EXPECT_FALSE(user.find("HScroll1").isVisible());
-    for (const char* control : {"Text1", "Text4", "Text13", "Text25", "Text46", "Check1", "Check8",
-                                "Option3", "Command2", "Command5"})
-        EXPECT_FALSE(user.find(control).isEnabled()) << control;
-    for (const char* control :
-         {"Text24", "Text20", "Check3", "Check4", "Option10", "Option4", "Command1", "Combo1"})
-        EXPECT_TRUE(user.find(control).isEnabled()) << control;
-    user.choose_map(town);
-    EXPECT_TRUE(user.find("Text14").isVisible());
-    EXPECT_TRUE(user.find("Text1").isEnabled());
-}
-
 TEST_F(MainWindowTest, UnsavedChangesAreAskedAboutAndTheListKeepsTheClickedRow) {
     open_map(town);
     form.HScroll1.visible = false; // as a world map leaves it
@@ -424,6 +301,25 @@ TEST_F(MainWindowTest, ABoxEndsAStroke) {
     EXPECT_FALSE(state->painting);
     QTest::mouseRelease(&picture, Qt::LeftButton, {}, WindowDriver::on_picture(9, 9));
     EXPECT_TRUE(state->changes_saved) << "no click follows";
+}
+
+TEST_F(MainWindowTest, ARecordIsCopiedPastedAndTheMapCleared) {
+    open_map(forest);
+    const std::string palette = form.Text13, location = form.Text14;
+    user.choose("Copy");
+    user.choose_map(town);
+    user.type("Text13", "77");
+    user.choose("Paste");
+    EXPECT_EQ(user.find<QLineEdit>("Text13").text().toStdString(), palette);
+    EXPECT_EQ(user.find<QLineEdit>("Text14").text().toStdString(), location);
+    user.choose("Clear");
+    EXPECT_EQ(tile(0, 3, 3), 0);
+    EXPECT_TRUE(shows_picture());
+    user.choose("Expand");
+    user.choose("Dialogue_Patch");
+    EXPECT_EQ(disk["a.smc"].size(), 0x400200u);
+    EXPECT_EQ(disk["a.smc"][0x3000E1], 0xFD);
+    EXPECT_TRUE(answers.boxes.empty());
 }
 
 // What the user is told on Save, Save As and a build. Each row spoils a field or the image first.
@@ -464,6 +360,11 @@ TEST_F(MainWindowTest, EveryMessageInItsExactWords) {
         {"SaveAs", [&] { copy_to("b.smc"); user.type("Text2", "48"); }, {file_dialog, {"Not a valid mapsize", "error"}}},
         {"SaveAs", [&] { copy_to("c.smc"); disk.fail({}, {1, true, false}); },
             {file_dialog, {"The image could not be copied to " + copy + ". a.smc is still open.", "Error"}}},
+        {"Memory_Mng", [] {}, {{"Sorry, nothing here yet.", "Nothing here"}}},
+        {"About1", [] {},
+            {{"Veldrune Map Editor: v1.1\n\nWith thanks to the people who keep old games alive,\n"
+              "and to all who still build new worlds in them.", "Veldrune Map Editor"}}},
+        {"Expand", [&] { user.choose("Expand"); }, {{"This image has been expanded to 32 Mbit already. Nothing has been changed.", "Error"}}},
         {"Command3", [&] { user.type("Text10", "85"); }, {{"There is no tileset 85: the highest is 84.", "Error"}}},
     };
     // clang-format on

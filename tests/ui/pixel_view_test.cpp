@@ -32,7 +32,7 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
             screen.setDevicePixelRatio(ratio);
             QPainter painter(&screen);
             painter.translate(place, place + 1);
-            draw_pixels(painter, view, pixels, side);
+            draw_pixels(painter, view, pixels, QSize(side, side));
             painter.end();
 
             const auto left = static_cast<int>(std::lround((place + view.origin.x()) * ratio));

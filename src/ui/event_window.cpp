@@ -1,0 +1,86 @@
+#include "ui/event_window.h"
+
+#include "editor/commands.h"
+#include "editor/event_editor.h"
+#include "ui/menus.h"
+#include "ui/script_view.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+
+namespace veldrune {
+
+namespace {
+
+struct ScriptButton {
+    const char* control;
+    const char* caption;
+    const char* tip;
+    void (*run)(EditorState&);
+};
+// clang-format off
+constexpr ScriptButton script_buttons[] = {
+    {"Command2", "&Add Item",    "Makes room for a new command above the next one.", add_script_item},
+    {"Command1", "&Remove Item", "Removes the marked command.",                      remove_script_item},
+};
+// clang-format on
+
+} // namespace
+
+EventWindow::EventWindow(EditorState& state, Windows& windows, QWidget* behind)
+    : SideWindow(state, windows, state.form9.visible, close_event_editor, behind, Qt::Window),
+      grid_(new ScriptView(state, bindings_)) {
+    setObjectName("Form9");
+    setWindowTitle("Event Editor");
+    build_menus(*this, event_editor_commands(), state, bindings_);
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->addLayout(make_bar());
+    column->addWidget(grid_, 1);
+    setCentralWidget(panel);
+    resize(sizeHint().boundedTo(screen()->availableSize()));
+    bindings_.rule([this] { show_script(); });
+    follow_to_front(state.form9.to_front);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
+            [this] { bindings_.edit([this] { on_script_escape(state_); }); });
+}
+
+QLayout* EventWindow::make_bar() {
+    auto* bar = new QHBoxLayout;
+    for (const ScriptButton& row : script_buttons) {
+        auto* button = new QPushButton(row.caption);
+        button->setObjectName(row.control);
+        button->setToolTip(row.tip);
+        connect(button, &QPushButton::clicked, this,
+                [this, run = row.run] { bindings_.edit([&] { run(state_); }); });
+        bar->addWidget(button);
+    }
+    auto* offset = new QLineEdit;
+    offset->setObjectName("Text3");
+    offset->setToolTip(
+        "Where the script lies in the file; Enter loads the one there. Hexadecimal.");
+    offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
+    bindings_.text(offset, state_.form9.Text3);
+    connect(offset, &QLineEdit::returnPressed, this,
+            [this] { bindings_.edit([this] { on_script_offset_enter(state_); }); });
+    auto* label = new QLabel("Event &Offset");
+    label->setObjectName("Label1");
+    label->setBuddy(offset);
+    bar->addStretch(1);
+    bar->addWidget(label);
+    bar->addWidget(offset);
+    return bar;
+}
+
+/// A script that has been loaded shows from its beginning.
+void EventWindow::show_script() {
+    grid_->show_changes();
+    if (std::exchange(shown_load_, state_.form9.load_number) != state_.form9.load_number)
+        grid_->show_beginning();
+}
+
+} // namespace veldrune

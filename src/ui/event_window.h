@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/side_window.h"
+
+class QLayout;
+
+namespace veldrune {
+
+class ScriptView;
+
+/// The Event Editor, Form9: a script as a table, with a box to type in that lies over one cell.
+class EventWindow : public SideWindow {
+  public:
+    EventWindow(EditorState& state, Windows& windows, QWidget* behind);
+
+  private:
+    QLayout* make_bar();
+    void show_script();
+
+    ScriptView* grid_;
+    int shown_load_ = 0; // the load that the view shows
+};
+
+} // namespace veldrune

@@ -1,0 +1,54 @@
+#include "ui/layer_palette.h"
+
+#include "editor/tile_chooser.h"
+
+#include <QRadioButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace veldrune {
+
+namespace {
+
+constexpr int title_room = 140; // for the title between the buttons of the frame
+
+struct LayerButtonRow {
+    const char* control;
+    const char* caption;
+};
+constexpr LayerButtonRow layer_buttons[layer_count] = {
+    {"Option1", "Layer 1"}, {"Option2", "Layer 2"}, {"Option3", "Layer 3"}};
+
+} // namespace
+
+LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind)
+    : SideWindow(state, windows, state.form2.visible, close_tile_chooser, behind, Qt::Tool) {
+    setObjectName("Form2");
+    setWindowTitle("Layer");
+    auto* panel = new QWidget;
+    panel->setMinimumWidth(title_room);
+    auto* column = new QVBoxLayout(panel);
+    for (int layer = 0; layer < layer_count; ++layer) {
+        const LayerButtonRow& row = layer_buttons[layer];
+        auto* button = new QRadioButton(row.caption);
+        button->setObjectName(row.control);
+        button->setToolTip("Show the tiles of this layer, and paint into it.");
+        bindings_.option(button, state.form2.layer, layer,
+                         [this_state = &state] { on_palette_layer(*this_state); });
+        column->addWidget(button);
+    }
+    setCentralWidget(panel);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+/// A little lower than the chooser and at its left, or, where the screen has no room there, over
+/// its corner.
+void LayerPalette::showEvent(QShowEvent* event) {
+    const QRect chooser = parentWidget()->frameGeometry();
+    const int beside = chooser.left() - frameGeometry().width() - 1;
+    const bool room = beside >= screen()->availableGeometry().left();
+    move(room ? beside : chooser.left() - 1, chooser.top() + 1);
+    SideWindow::showEvent(event);
+}
+
+} // namespace veldrune

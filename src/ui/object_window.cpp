@@ -1,0 +1,114 @@
+#include "ui/object_window.h"
+
+#include "editor/commands.h"
+#include "editor/object_window.h"
+#include "ui/calm_wheel.h"
+#include "ui/main_window.h"
+#include "ui/menus.h"
+#include "ui/object_panel.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTabBar>
+
+namespace veldrune {
+
+namespace {
+
+constexpr int records_per_page = 5;
+
+/// A scroll bar that the arrow keys move to where they point: one that lies takes them the other
+/// way round else, since it means to follow the keys for up and down.
+class RecordScrollBar : public CalmWheel<QScrollBar> {
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        setInvertedControls(event->key() != Qt::Key_Left && event->key() != Qt::Key_Right);
+        QScrollBar::keyPressEvent(event);
+        setInvertedControls(true);
+    }
+};
+
+QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
+    auto* tabs = new CalmWheel<QTabBar>;
+    tabs->setObjectName("TabStrip1");
+    tabs->setAccessibleName("Kind of object");
+    tabs->setExpanding(false);
+    for (const char* caption : object_tab_captions)
+        tabs->addTab(caption);
+    const auto choose = [&state, &bindings](int tab) {
+        bindings.edit([&] { state.form10.TabStrip1 = tab; }, [&] { on_object_tab(state); });
+    };
+    QObject::connect(tabs, &QTabBar::currentChanged, tabs, choose);
+    // Without a record the chosen tab, too, can be chosen, for its first one.
+    QObject::connect(tabs, &QTabBar::tabBarClicked, tabs, [&state, choose](int tab) {
+        if (tab == state.form10.TabStrip1 && !state.selected_object.index)
+            choose(tab);
+    });
+    bindings.rule([tabs, &tab = state.form10.TabStrip1] {
+        const QSignalBlocker blocked(tabs);
+        tabs->setCurrentIndex(tab);
+    });
+    return tabs;
+}
+
+QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
+    auto* bar = new RecordScrollBar;
+    bar->setObjectName("HScroll1");
+    bar->setAccessibleName("Record");
+    bar->setToolTip("Walks through the map's records of this kind. Decimal, from 1.");
+    bar->setOrientation(Qt::Horizontal);
+    bar->setMinimum(1);
+    bar->setPageStep(records_per_page);
+    QObject::connect(bar, &QScrollBar::valueChanged, bar, [&state, &bindings](int record) {
+        bindings.edit([&] { state.form10.HScroll1.value = record; },
+                      [&] { on_record_scroll(state); });
+    });
+    bindings.rule([bar, &value = state.form10.HScroll1] {
+        const QSignalBlocker blocked(bar);
+        bar->setMaximum(value.maximum);
+        bar->setValue(value.value);
+        bar->setEnabled(value.maximum > bar->minimum());
+    });
+    return bar;
+}
+
+QLabel* make_record_number(EditorState& state, Bindings& bindings) {
+    auto* number = new QLabel;
+    number->setObjectName("Label10");
+    number->setToolTip("Number of the record. Decimal.");
+    number->setMinimumWidth(number->fontMetrics().horizontalAdvance("0000"));
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    bindings.label(number, state.form10.Label10);
+    return number;
+}
+
+} // namespace
+
+ObjectWindow::ObjectWindow(EditorState& state, Windows& windows, QWidget* behind)
+    : SideWindow(state, windows, state.form10.visible, close_object_window, behind, Qt::Window) {
+    setObjectName("Form10");
+    setWindowTitle("Object Info");
+    build_menus(*this, object_window_commands(), state, bindings_);
+    build_panel();
+    bindings_.show();
+    follow_to_front(state.form10.to_front);
+    QRect place(QPoint(0, 0), sizeHint()); // leaves most of the map picture free
+    place.moveBottomRight(windows.main_window().frameGeometry().bottomRight());
+    move(place.topLeft());
+}
+
+void ObjectWindow::build_panel() {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    auto* record = new QHBoxLayout;
+    column->addWidget(make_tabs(state_, bindings_));
+    record->addWidget(make_record_bar(state_, bindings_), 1);
+    record->addWidget(make_record_number(state_, bindings_));
+    column->addLayout(record);
+    column->addWidget(make_object_panel(state_, bindings_), 1);
+    setCentralWidget(panel);
+}
+
+} // namespace veldrune

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ui/side_window.h"
+
+namespace veldrune {
+
+/// The Object Info window, Form10: one object of the map, in fields that change with its kind.
+class ObjectWindow : public SideWindow {
+  public:
+    ObjectWindow(EditorState& state, Windows& windows, QWidget* behind);
+
+  private:
+    void build_panel();
+};
+
+} // namespace veldrune

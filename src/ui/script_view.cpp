@@ -1,0 +1,279 @@
+#include "ui/script_view.h"
+
+#include "editor/event_editor.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPalette>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <numeric>
+
+namespace veldrune {
+
+namespace {
+
+constexpr int units_per_pixel = 15;
+constexpr int cell_margin = 3;
+constexpr int visible_rows = 26; // of a new window
+
+constexpr const char* column_tips[script_column_count] = {
+    "Codes of commands. Hexadecimal.",
+    "Values of a command, or the actions of its queue. Hexadecimal.",
+    "Values of an action. Hexadecimal.",
+    "What the row means, or the text of its dialogue.",
+};
+
+QFont value_font() {
+    return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+}
+
+std::size_t fingerprint(const ScriptRow& row) {
+    auto sum = static_cast<std::size_t>(row.height);
+    for (const std::string& cell : row.cells)
+        sum = sum * 0x9E3779B97F4A7C15 + std::hash<std::string>{}(cell);
+    return sum;
+}
+
+/// A cell as it shows: with line breaks of one kind, and without the blanks around its lines.
+QString shown_text(const std::string& cell) {
+    QStringList lines =
+        QString::fromStdString(cell).replace("\r\n", "\n").replace('\r', '\n').split('\n');
+    for (QString& line : lines)
+        line = line.trimmed();
+    if (lines.last().isEmpty()) // a list ends its last line as well
+        lines.removeLast();
+    return lines.join('\n');
+}
+
+} // namespace
+
+// ---- the model
+
+const ScriptRow& ScriptModel::script_row(int row) const {
+    static const ScriptRow none;
+    const auto at = static_cast<std::size_t>(row) + 1; // below the header
+    return at < state_.form9.grid.size() ? state_.form9.grid[at] : none;
+}
+
+int ScriptModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+}
+
+int ScriptModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : script_column_count;
+}
+
+/// The remembered command is marked, and the rows of codes stand out.
+QBrush ScriptModel::background(int row) const {
+    const ScriptRows marked = remembered_rows(state_);
+    const QPalette colours = QGuiApplication::palette();
+    if (row + 1 >= marked.first && row + 1 < marked.end) {
+        QColor mark = colours.color(QPalette::Highlight);
+        mark.setAlpha(60);
+        return mark;
+    }
+    return starts_command(state_.form9.grid, row + 1) ? colours.brush(QPalette::Window) : QBrush();
+}
+
+QVariant ScriptModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const ScriptRow& row = script_row(index.row());
+    const std::string& cell = row.cells[static_cast<std::size_t>(index.column())];
+    switch (role) {
+    case Qt::DisplayRole:
+        return shown_text(cell);
+    case Qt::ToolTipRole:
+        return index.column() == explanation ? shown_text(cell) : QString();
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignLeft | (row.height == 0 ? Qt::AlignVCenter : Qt::AlignTop));
+    case Qt::FontRole:
+        return index.column() == explanation ? QVariant() : value_font();
+    case Qt::BackgroundRole:
+        return background(index.row());
+    default:
+        return {};
+    }
+}
+
+QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::DisplayRole)
+        return shown_text(script_headers[section]);
+    return role == Qt::ToolTipRole ? column_tips[section] : QVariant();
+}
+
+ScriptModel::Range ScriptModel::follow() {
+    std::vector<std::size_t> rows;
+    std::ranges::transform(state_.form9.grid.begin() + (state_.form9.grid.empty() ? 0 : 1),
+                           state_.form9.grid.end(), std::back_inserter(rows), fingerprint);
+    const auto first = static_cast<int>(std::ranges::mismatch(shown_, rows).in1 - shown_.begin());
+    const int former_count = rowCount();
+    const int count = static_cast<int>(rows.size());
+    int same_end = 0;
+    while (same_end < std::min(former_count, count) - first &&
+           shown_[shown_.size() - 1 - static_cast<std::size_t>(same_end)] ==
+               rows[rows.size() - 1 - static_cast<std::size_t>(same_end)])
+        ++same_end;
+    const int former_end = former_count - same_end;
+    const int end = count - same_end;
+    if (end > former_end) {
+        beginInsertRows({}, former_end, end - 1);
+        shown_ = std::move(rows);
+        endInsertRows();
+    } else if (end < former_end) {
+        beginRemoveRows({}, end, former_end - 1);
+        shown_ = std::move(rows);
+        endRemoveRows();
+    } else {
+        shown_ = std::move(rows);
+    }
+    const int changed_end = std::min(former_end, end);
+    if (first < changed_end)
+        emit dataChanged(index(first, 0), index(changed_end - 1, explanation));
+    return {first, end};
+}
+
+// ---- the edit box
+
+CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
+    setObjectName("Text2");
+    setAccessibleName("Value");
+    setToolTip(
+        "Enter takes the value, Escape leaves it; Shift and Enter begin a line. Hexadecimal.");
+    setFont(value_font());
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWrapMode(NoWrap);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabChangesFocus(true);
+    document()->setDocumentMargin(cell_margin - frameWidth());
+    hide();
+}
+
+void CellBox::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !(event->modifiers() & Qt::ShiftModifier))
+        enter_();
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+// ---- the view
+
+ScriptView::ScriptView(EditorState& state, Bindings& bindings)
+    : form_(state.form9), model_(state), box_(new CellBox(viewport(), [&state, &bindings] {
+          bindings.edit([&] { on_script_enter(state); });
+      })) {
+    setObjectName("grid");
+    setAccessibleName("Script");
+    setModel(&model_);
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(row_pixels(0));
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setFixedHeight(row_pixels(script_header_height));
+    horizontalHeader()->setSectionResizeMode(explanation, QHeaderView::Stretch);
+    horizontalHeader()->setSectionsClickable(false);
+    for (int column = 0; column < script_column_count; ++column)
+        setColumnWidth(column, pixels(script_column_widths[column]));
+    bindings.notes(box_, state.form9.Text2);
+    connect(this, &QTableView::clicked, this, [&state, &bindings](const QModelIndex& cell) {
+        bindings.edit([&] { on_script_click(state, cell.row() + 1, cell.column()); });
+    });
+}
+
+QSize ScriptView::sizeHint() const {
+    const int units =
+        std::accumulate(std::begin(script_column_widths), std::end(script_column_widths), 0);
+    return {pixels(units) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+            visible_rows * verticalHeader()->defaultSectionSize()};
+}
+
+/// Units in pixels, or in more than that where the fonts' lines need it.
+int ScriptView::pixels(int units) const {
+    const int line =
+        std::max(fontMetrics().lineSpacing(), QFontMetrics(value_font()).lineSpacing());
+    return std::max(units / units_per_pixel, units * line / script_line_height);
+}
+
+int ScriptView::row_pixels(int units) const {
+    return pixels(units > 0 ? units : script_line_height) + 2 * cell_margin;
+}
+
+void ScriptView::show_changes() {
+    show_heights(model_.follow());
+    viewport()->update(); // the marked command may be another one
+    show_box();
+}
+
+void ScriptView::show_beginning() {
+    scrollToTop();
+    setCurrentIndex(model_.index(0, 0));
+}
+
+void ScriptView::show_heights(ScriptModel::Range rows) {
+    if (rows.first == rows.end)
+        return;
+    QHeaderView& heights = *verticalHeader();
+    const QSignalBlocker blocked(heights);
+    heights.setUpdatesEnabled(false); // a row at a time it would lay out all of them anew
+    for (int row = rows.first; row < rows.end; ++row)
+        heights.resizeSection(row, row_pixels(model_.height(row)));
+    heights.setUpdatesEnabled(true);
+    updateGeometries();
+}
+
+void ScriptView::show_box() {
+    const QModelIndex cell = model_.index(form_.grid_row - 1, form_.grid_column);
+    if (!form_.Text2_visible || !cell.isValid()) {
+        if (window()->focusWidget() == box_)
+            setFocus();
+        box_->hide();
+        box_cell_ = QModelIndex();
+        return;
+    }
+    if (box_cell_ == cell)
+        return lay_box();
+    box_cell_ = cell;
+    setCurrentIndex(cell);
+    scrollTo(cell);
+    lay_box();
+    box_->show();
+    box_->setFocus();
+    box_->selectAll();
+}
+
+void ScriptView::lay_box() {
+    if (box_cell_.isValid())
+        box_->setGeometry(visualRect(box_cell_));
+}
+
+/// As a child of the viewport the box follows every scroll by itself.
+void ScriptView::updateGeometries() {
+    QTableView::updateGeometries();
+    lay_box();
+}
+
+/// Enter works like a click on the current cell.
+void ScriptView::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentIndex().isValid())
+        emit clicked(currentIndex());
+    else
+        QTableView::keyPressEvent(event);
+}
+
+} // namespace veldrune

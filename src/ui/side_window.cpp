@@ -1,0 +1,41 @@
+#include "ui/side_window.h"
+
+#include "ui/icons.h"
+
+#include <QCloseEvent>
+
+#include <utility>
+
+namespace veldrune {
+
+SideWindow::SideWindow(EditorState& state, Windows& windows, const bool& visible,
+                       void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type)
+    : QMainWindow(parent, type), state_(state), bindings_(windows.gate(*this)), windows_(windows),
+      visible_(visible), close_(close_in_editor) {
+    setWindowIcon(window_icon());
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void SideWindow::show_state() {
+    if (visible_)
+        bindings_.show();
+    setVisible(visible_);
+}
+
+void SideWindow::follow_to_front(bool& to_front) {
+    bindings_.rule([this, &to_front] {
+        if (!std::exchange(to_front, false))
+            return;
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        show();
+        raise();
+        activateWindow();
+    });
+}
+
+void SideWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!windows_.busy());
+    bindings_.edit([this] { close_(state_); });
+}
+
+} // namespace veldrune

@@ -1,0 +1,68 @@
+#include "ui/tile_chooser.h"
+
+#include "editor/tile_chooser.h"
+#include "ui/pixel_picture.h"
+
+#include <QMouseEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace veldrune {
+
+namespace {
+
+constexpr int margin = 3;
+
+/// Picture1: hands clicks to the editor in pixels of the picture.
+class SheetPicture : public PixelPicture {
+  public:
+    SheetPicture(EditorState& state, const Bindings& bindings)
+        : PixelPicture(state.tile_sheet.pixels, QSize(view_size, view_size)), state_(state),
+          bindings_(bindings) {
+        setObjectName("Picture1");
+        setAccessibleName("All tiles");
+        setToolTip("Click a tile to paint with it.");
+        setCursor(Qt::CrossCursor);
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        pressed_ = event->button() == Qt::LeftButton && contains(pixel_under(*event));
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        const QPoint at = pixel_under(*event);
+        if (event->button() == Qt::LeftButton && std::exchange(pressed_, false) && contains(at))
+            bindings_.edit([&] { choose_tile(state_, at.x(), at.y()); });
+    }
+
+  private:
+    EditorState& state_;
+    const Bindings& bindings_;
+    bool pressed_ = false; // the left button went down on the picture
+};
+
+} // namespace
+
+TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
+    : SideWindow(state, windows, state.form8.visible, close_tile_chooser, behind, Qt::Window) {
+    setObjectName("Form8");
+    setWindowTitle("Choose Tile");
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    auto* sheet = new SheetPicture(state, bindings_);
+    bindings_.rule([sheet] { sheet->update(); });
+    auto* panel = new QWidget;
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(sheet);
+    setCentralWidget(panel);
+    QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+
+    QRect place(QPoint(0, 0), sizeHint()); // leaves the map picture free
+    place.moveCenter(behind->frameGeometry().center());
+    place.moveRight(behind->frameGeometry().right());
+    move(place.topLeft());
+}
+
+} // namespace veldrune

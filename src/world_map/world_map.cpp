@@ -1,0 +1,71 @@
+#include "world_map/world_map.h"
+
+#include <algorithm>
+
+namespace veldrune {
+namespace {
+
+constexpr int character_side = 8;
+constexpr std::size_t character_size = 32;
+constexpr int tile_table_size = 1024;
+
+using WorldGraphics = std::span<const std::uint8_t, world_graphics_size>;
+
+int palette_row(WorldGraphics graphics, std::size_t character) {
+    const int rows = graphics[world_character_rows_at + character / 2];
+    return character % 2 == 0 ? rows % 16 : rows / 16;
+}
+
+/// Four bytes make a row of pixels; the low four bits of each are the left one of two.
+void draw_character(WorldGraphics graphics, std::size_t character, const Palette256& palette,
+                    Colour* target) {
+    const Colour* colours = palette.data() + 16 * palette_row(graphics, character);
+    const auto bytes =
+        graphics.subspan(world_characters_at + character_size * character, character_size);
+    for (std::size_t i = 0; i < character_size; ++i) {
+        Colour* pair = target + i / 4 * WorldSheet::side + i % 4 * 2;
+        pair[0] = colours[bytes[i] % 16];
+        pair[1] = colours[bytes[i] / 16];
+    }
+}
+
+void build_world_sheet(WorldGraphics graphics, const Palette256& palette, WorldSheet& sheet) {
+    for (int entry = 0; entry < tile_table_size; ++entry) {
+        const int quarter = entry % 4;
+        Colour* target =
+            sheet.tile(entry / 4) + (quarter / 2 * WorldSheet::side + quarter % 2) * character_side;
+        draw_character(graphics, graphics[static_cast<std::size_t>(entry)], palette, target);
+    }
+}
+
+} // namespace
+
+int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
+                   WorldMap& map) {
+    decompress_stream(rom, stream_offset, buffer, world_map_output_limit);
+    std::copy_n(buffer.output(), map.tiles.size(), map.tiles.begin());
+    return rom.read_word(stream_offset);
+}
+
+void read_world_sheet(const RomImage& rom, std::int64_t stream_offset, const Palette256& palette,
+                      DecompressBuffer& buffer, WorldSheet& sheet) {
+    decompress_stream(rom, stream_offset, buffer, world_graphics_output_limit);
+    build_world_sheet(WorldGraphics(buffer.output(), world_graphics_size), palette, sheet);
+}
+
+void draw_world_tiles(const WorldMap& map, const WorldSheet& sheet, int h, int v,
+                      PixelBuffer& buffer) {
+    constexpr int farthest = world_side - world_view_tiles;
+    const int column = std::clamp(h, 0, farthest);
+    const int row = std::clamp(v, 0, farthest);
+    for (int y = 0; y < view_size; ++y) {
+        const std::uint8_t* tiles =
+            &map.tiles[static_cast<std::size_t>((row + y / world_tile_size) * world_side + column)];
+        const int line = y % world_tile_size * WorldSheet::side;
+        for (int x = 0; x < world_view_tiles; ++x)
+            std::copy_n(sheet.tile(tiles[x]) + line, world_tile_size,
+                        buffer.row(y) + x * world_tile_size);
+    }
+}
+
+} // namespace veldrune

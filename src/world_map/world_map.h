@@ -1,0 +1,70 @@
+#pragma once
+
+#include "compression/decompress.h"
+#include "map/palette.h"
+#include "render/pixel_buffer.h"
+#include "rom/rom_image.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+namespace veldrune {
+
+inline constexpr int world_side = 256;     // tiles in a row of a world map, and rows
+inline constexpr int world_tile_size = 16; // pixels of a tile's side, in the sheet and in the view
+inline constexpr int world_view_tiles = view_size / world_tile_size;
+
+/// The longest stream that the decoders of the world maps take.
+inline constexpr int longest_world_stream = 0x7FFF;
+
+/// Tile numbers, row by row.
+struct WorldMap {
+    std::array<std::uint8_t, world_side * world_side> tiles{};
+
+    static constexpr bool contains(std::int64_t column, std::int64_t row) {
+        return column >= 0 && column < world_side && row >= 0 && row < world_side;
+    }
+    /// The place must be one that the map contains.
+    std::uint8_t& at(std::int64_t column, std::int64_t row) {
+        return tiles[static_cast<std::size_t>(row * world_side + column)];
+    }
+    std::uint8_t at(std::int64_t column, std::int64_t row) const {
+        return tiles[static_cast<std::size_t>(row * world_side + column)];
+    }
+};
+
+/// The pictures of the 256 tiles: 256 by 256 pixels, tile t at column t mod 16, row t div 16.
+struct WorldSheet {
+    static constexpr int side = 256;
+    alignas(64) std::array<Colour, side * side> pixels{};
+
+    /// The top left pixel of a tile; its rows are side pixels apart.
+    const Colour* tile(int number) const {
+        return pixels.data() + (number / 16 * side + number % 16) * world_tile_size;
+    }
+    Colour* tile(int number) { return const_cast<Colour*>(std::as_const(*this).tile(number)); }
+};
+
+/// A world's unpacked graphics: the tile table, four characters a tile (top left, top right, bottom
+/// left, bottom right); 256 characters of 32 bytes; the characters' palette rows, two a byte, the
+/// even character's in the low four bits.
+inline constexpr std::size_t world_characters_at = 1024;
+inline constexpr std::size_t world_character_rows_at = 9216;
+inline constexpr std::size_t world_graphics_size = 9344;
+
+/// Unpacks the stream of tiles at a file offset and returns its length field. A stream longer than
+/// longest_world_stream gives tile 0 everywhere.
+int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
+                   WorldMap& map);
+
+/// Unpacks the stream of graphics at a file offset and draws the sheet with a palette.
+void read_world_sheet(const RomImage& rom, std::int64_t stream_offset, const Palette256& palette,
+                      DecompressBuffer& buffer, WorldSheet& sheet);
+
+/// Draws the tiles whose top left one is (h, v), each 0 to 224, over the whole picture.
+void draw_world_tiles(const WorldMap& map, const WorldSheet& sheet, int h, int v,
+                      PixelBuffer& buffer);
+
+} // namespace veldrune

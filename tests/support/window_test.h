@@ -1,0 +1,130 @@
+#pragma once
+
+#include "support/editor_fixture.h"
+#include "support/window_driver.h"
+#include "ui/main_window.h"
+#include "ui/qt_dialogs.h"
+#include "ui/windows.h"
+
+#include <gtest/gtest.h>
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <deque>
+#include <functional>
+#include <optional>
+
+namespace veldrune::test {
+
+/// Answers the boxes that come up while a test waits for them, and keeps what they said.
+class BoxAnswers {
+  public:
+    struct Box {
+        std::string text;
+        std::string title;
+        bool operator==(const Box&) const = default;
+        friend void PrintTo(const Box& box, std::ostream* out) {
+            *out << box.title << ": " << box.text;
+        }
+    };
+    std::vector<Box> boxes;
+    std::deque<bool> answers;         // OK or Cancel; OK beyond them
+    std::optional<QString> file_name; // cancels file dialogs without it
+    std::function<void()> meanwhile;  // runs while the box is up
+
+    BoxAnswers() {
+        timer_.callOnTimeout([this] { answer(); });
+        timer_.start(1);
+    }
+
+  private:
+    void answer() {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || modal == answered_)
+            return;
+        answered_ = modal;
+        if (meanwhile)
+            meanwhile();
+        if (auto* files = qobject_cast<QFileDialog*>(modal))
+            answer_files(*files);
+        else if (auto* box = qobject_cast<QMessageBox*>(modal))
+            answer_box(*box);
+        answered_ = nullptr;
+    }
+    void answer_files(QFileDialog& dialog) {
+        boxes.push_back(
+            {dialog.nameFilters().join(";;").toStdString(), dialog.windowTitle().toStdString()});
+        if (!file_name)
+            return dialog.reject();
+        dialog.selectFile(*file_name);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    }
+    void answer_box(QMessageBox& box) {
+        boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
+        bool accepted = true;
+        if (!answers.empty()) {
+            accepted = answers.front();
+            answers.pop_front();
+        }
+        QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+
+    QTimer timer_;
+    QWidget* answered_ = nullptr;
+};
+
+/// The windows over a disk in memory that holds the demo image twice, "a.smc" and "b.smc".
+class WindowTest : public testing::Test {
+  protected:
+    MemoryDisk disk;
+    QtDialogs dialogs;
+    std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
+    Form1& form = state->form1;
+    Windows windows{*state, dialogs};
+    MainWindow& window = windows.main_window();
+    WindowDriver user{window};
+    BoxAnswers answers;
+
+    void SetUp() override {
+        disk["a.smc"] = disk["b.smc"] = demo_bytes();
+        user.show();
+    }
+    void open_map(int map) {
+        window.open_file("a.smc");
+        user.choose_map(map);
+        user.click("Command3");
+    }
+    std::uint8_t tile(int layer, int column, int row) {
+        return state->layers[static_cast<std::size_t>(layer)].map.at(column, row);
+    }
+    /// Whether the Picture1 of a window shows that picture, pixel by pixel.
+    static bool shows(const WindowDriver& driver, const PixelBuffer& picture) {
+        const QImage shown = driver.find("Picture1").grab().toImage();
+        for (int y = 0; y < view_size; ++y)
+            for (int x = 0; x < view_size; ++x)
+                if (shown.pixel(WindowDriver::on_picture(x, y)) != (0xFF000000 | picture.row(y)[x]))
+                    return false;
+        return true;
+    }
+    bool shows_picture() { return shows(user, state->picture); }
+    /// The window of that form, or null while it is hidden.
+    static QWidget* visible_window(const QString& name) {
+        for (QWidget* other : QApplication::topLevelWidgets())
+            if (other->objectName() == name && other->isVisible())
+                return other;
+        return nullptr;
+    }
+    /// What works such a window, which becomes the active one.
+    static WindowDriver driver(const QString& name) {
+        QWidget* found = visible_window(name);
+        if (!found)
+            throw std::runtime_error("no window " + name.toStdString());
+        const WindowDriver works(*found);
+        works.activate();
+        return works;
+    }
+};
+
+} // namespace veldrune::test

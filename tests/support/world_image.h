@@ -1,0 +1,77 @@
+#pragma once
+
+#include "compression/literal_encoder.h"
+#include "support/editor_fixture.h"
+
+namespace veldrune::test {
+
+/// A world's contents, told independently of the program.
+struct WorldData {
+    Bytes tiles;    // 256 by 256
+    Bytes graphics; // 9344
+    Bytes palette;  // 512
+
+    /// The colour of the view's pixel (x, y), with its top left tile at (h, v).
+    std::uint32_t pixel(int h, int v, int x, int y) const {
+        const auto at = [](const Bytes& bytes, int index) {
+            return static_cast<unsigned>(bytes[static_cast<std::size_t>(index)]);
+        };
+        const int tile = static_cast<int>(at(tiles, (v + y / 16) * 256 + h + x / 16));
+        const int c = static_cast<int>(at(graphics, 4 * tile + y % 16 / 8 * 2 + x % 16 / 8));
+        const unsigned pair = at(graphics, 1024 + 32 * c + y % 8 * 4 + x % 8 / 2);
+        const unsigned value = x % 2 == 0 ? pair & 15 : pair >> 4;
+        const unsigned rows = at(graphics, 9216 + c / 2);
+        const int entry = static_cast<int>(16 * (c % 2 == 0 ? rows & 15 : rows >> 4) + value);
+        const unsigned word = at(palette, 2 * entry) | at(palette, 2 * entry + 1) << 8;
+        return (word & 31) << 19 | (word >> 5 & 31) << 11 | (word >> 10 & 31) << 3;
+    }
+};
+
+// clang-format off
+/// Where a world lies in the test image, and the bytes of its pointers.
+struct WorldPlace { std::size_t map_pointer, graphics_pointer, palette, map, graphics;
+                    std::array<std::uint8_t, 3> map_bytes, graphics_bytes; };
+inline constexpr WorldPlace world_places[] = {
+    {0x2EB40F, 0x2EB412, 0x12EE00, 0x2F0100, 0x301200, {0x00, 0xFF, 0xEE}, {0x00, 0x10, 0xF0}},
+    {0x2EB421, 0x2EB41E, 0x12EF00, 0x308235, 0x310300, {0x35, 0x80, 0xF0}, {0x00, 0x01, 0xF1}},
+};
+// clang-format on
+
+/// Runs of random tiles, random graphics, random colours.
+inline WorldData random_world(Random& random) {
+    WorldData world{Bytes(65536), Bytes(9344), Bytes(512)};
+    for (std::size_t i = 0; i < world.tiles.size(); ++i)
+        world.tiles[i] =
+            i > 0 && random.below(12) != 0 ? world.tiles[i - 1 - i % 2 * (i > 1)] : random.byte();
+    for (Bytes* bytes : {&world.graphics, &world.palette})
+        for (std::uint8_t& byte : *bytes)
+            byte = random.byte();
+    return world;
+}
+
+/// The demo image, larger, with two random worlds in the place of its own.
+struct WorldImage {
+    std::array<WorldData, 2> worlds;
+    Bytes bytes = demo_bytes();
+
+    explicit WorldImage(unsigned seed = 1) {
+        Random random(seed);
+        bytes.resize(0x400200, 0xFF);
+        for (WorldData& world : worlds)
+            world = random_world(random);
+        std::copy_n(worlds[1].palette.begin(), 256, worlds[0].palette.begin() + 256);
+        for (std::size_t i = 0; i < 2; ++i) {
+            const WorldPlace& place = world_places[i];
+            put(place.map_pointer, place.map_bytes);
+            put(place.graphics_pointer, place.graphics_bytes);
+            put(place.palette, worlds[i].palette);
+            put(place.map, literal_compress_world_map(worlds[i].tiles));
+            put(place.graphics, literal_compress_world_map(worlds[i].graphics));
+        }
+    }
+    void put(std::size_t at, const auto& data) {
+        std::ranges::copy(data, bytes.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+};
+
+} // namespace veldrune::test

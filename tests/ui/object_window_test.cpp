@@ -1,0 +1,318 @@
+#include "rom/rom_layout.h"
+#include "support/object_image.h"
+#include "support/window_test.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTabBar>
+
+namespace veldrune::test {
+namespace {
+
+constexpr int town = demo::demo_map::town;
+constexpr int cave = demo::demo_map::cave;
+/// A town with objects of each kind but event triggers, and a cave without NPCs.
+class ObjectWindowTest : public WindowTest {
+  protected:
+    const std::size_t second_npc = record_place(ObjectKind::npc, town, 1);
+    const std::size_t chest = record_place(ObjectKind::chest, town, 0);
+
+    void SetUp() override {
+        WindowTest::SetUp();
+        Bytes& image = disk["a.smc"];
+        put_objects(image, ObjectKind::npc, town,
+                    {{0x10, 0x20, 0x44, 0x98, 5, 0x48, 0x03, 0x52, 0xAA},
+                     {0, 0, 0x2C, 0x98, 9, 11, 0x57, 0xC1, 0x06}});
+        put_objects(image, ObjectKind::chest, town, {{12, 4, 0x1D, 0x47, 0xF2}});
+        put_objects(image, ObjectKind::event_trigger, town, {});
+        put_objects(image, ObjectKind::entrance, town, {{5, 8, 4, 1, 8, 9}});
+        put_objects(image, ObjectKind::long_entrance, town, {{10, 14, 3, 5, 0, 1, 2}});
+        put_objects(image, ObjectKind::npc, cave, {});
+        put_sprite(image);
+        disk["b.smc"] = image;
+        open_map(town);
+        for (const char* control : {"Option12", "Check1", "Check2", "Check3", "Check4", "Command3"})
+            user.click(control);
+    }
+    /// Sprites whose pixels all have colour 15, which is red in palette 1 and green in palette 2.
+    static void put_sprite(Bytes& image) {
+        for (int sprite : {0x03, 0x57}) {
+            put_word(image, static_cast<std::size_t>(rom_layout::sprite_addresses + 2 * sprite), 0);
+            image[static_cast<std::size_t>(rom_layout::sprite_banks + 2 * sprite)] = 0xEF;
+        }
+        std::fill_n(image.begin() + 0x2F0200, 192, std::uint8_t{0xFF});
+        put_word(image, rom_layout::sprite_palettes + 2 * 31, 0x001F);
+        put_word(image, rom_layout::sprite_palettes + 2 * 47, 0x03E0);
+    }
+    void click_tile(int column, int row) { user.click_picture(column * 32 + 5, row * 32 + 5); }
+    static WindowDriver info() { return driver("Form10"); }
+    static QString text(const char* control) { return info().find<QLineEdit>(control).text(); }
+    static void choose_tab(int tab) {
+        auto& tabs = info().find<QTabBar>("TabStrip1");
+        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+    }
+    /// The visible captions, in the order of the tables.
+    static QString captions() {
+        QStringList shown;
+        for (auto* label : visible_window("Form10")->findChildren<QLabel*>())
+            if (label->isVisible() && label->buddy())
+                shown << label->text() + "=" + label->buddy()->objectName();
+        for (auto* button : visible_window("Form10")->findChildren<QAbstractButton*>())
+            if (button->isVisible() && !button->text().isEmpty())
+                shown << button->text();
+        return shown.join(", ");
+    }
+    QRgb sprite_pixel(int x, int y) {
+        QCoreApplication::processEvents(); // its height may have changed
+        return info().find("Picture1").grab().toImage().pixel(WindowDriver::on_picture(x, y)) &
+               0xFFFFFF;
+    }
+};
+
+TEST_F(ObjectWindowTest, TheMainWindowTellsTheNumbers) {
+    const std::pair<const char*, const char*> counts[] = {
+        {"Label27", "2"}, {"Label28", "1"}, {"Label29", "0"}, {"Label30", "2"}};
+    for (const auto& [control, count] : counts)
+        EXPECT_EQ(user.find<QLabel>(control).text(), count);
+    user.choose_map(cave);
+    EXPECT_EQ(user.find<QLabel>("Label27").text(), "0");
+}
+
+TEST_F(ObjectWindowTest, AnObjectIsFoundMovedSavedAndDrawnInItsNewPlace) {
+    click_tile(9, 11);
+    EXPECT_EQ(visible_window("Form10")->windowTitle(), "Object Info");
+    EXPECT_EQ(info().find<QLabel>("Label10").text(), "2");
+    EXPECT_EQ(text("Text1"), "A0200");
+    EXPECT_EQ(text("Text2"), "3");
+    EXPECT_EQ(text("Text4"), "1F2C:0");
+    EXPECT_EQ(text("Text5"), "9");
+    EXPECT_EQ(text("Text6"), "B");
+    EXPECT_EQ(info().find<QComboBox>("Combo1").currentText(), "Raft");
+    EXPECT_EQ(info().find<QComboBox>("Combo2").currentText(), "Down");
+    EXPECT_EQ(info().find<QComboBox>("Combo3").currentText(), "Slowest");
+    EXPECT_EQ(info().find<QComboBox>("Combo4").currentText(), "1");
+    EXPECT_FALSE(info().find<QCheckBox>("Check3").isChecked());
+
+    info().type("Text5", "c");
+    info().click("Check1");
+    info().find("Combo3").setFocus();
+    QTest::keyClick(&info().find("Combo3"), Qt::Key_Down);
+    Bytes expected = disk["a.smc"];
+    EXPECT_EQ(disk["b.smc"], expected) << "nothing is written before Save";
+    QTest::keyClick(visible_window("Form10"), Qt::Key_S, Qt::ControlModifier);
+    expected[second_npc + 4] = 12;
+    expected[second_npc + 5] = 11 + 0x40;
+    expected[second_npc + 7] = 0xD1;
+    EXPECT_EQ(disk["a.smc"], expected);
+
+    const auto marked = [&](int column) {
+        return state->picture.row(11 * 32)[column * 32 + 16] == 0xFF0000;
+    };
+    EXPECT_TRUE(marked(9));
+    EXPECT_FALSE(marked(12));
+    user.click("Command3");
+    EXPECT_FALSE(marked(9));
+    EXPECT_TRUE(marked(12));
+    EXPECT_TRUE(answers.boxes.empty());
+}
+
+TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
+    const char* shown[] = {
+        "Event=Text1, Palette=Text2, Byte:Bit=Text4, Facing=Combo2, X Pos=Text5, Y Pos=Text6, "
+        "Sprite=Text7, Vehicle=Combo1, Speed=Combo3, Movement=Combo4, "
+        "Walk Over, Walk Under, Turn to Talk",
+        "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, "
+        "Byte Flag, Empty, Unknown, Monster in a Box, Item, GP",
+        "Map X=Text1, Map Y=Text2, Event Pointer=Text4",
+        "Map X=Text1, Map Y=Text2, Map Index=Text4, "
+        "Destination Y=Text5, Entrance Width=Text6, Destination X=Text7",
+        "Map X=Text1, Map Y=Text2, Map Index=Text4, "
+        "Destination Y=Text5, Entrance Width=Text6, Destination X=Text7",
+    };
+    click_tile(5, 8);
+    const QSize size = visible_window("Form10")->size();
+    EXPECT_EQ(info().find<QTabBar>("TabStrip1").currentIndex(), 3) << "the entrance before the NPC";
+    for (int tab : {4, 1, 0, 2, 3}) {
+        choose_tab(tab);
+        EXPECT_EQ(captions().toStdString(), shown[tab]);
+        EXPECT_EQ(info().find("Picture1").isVisible(), tab == 0);
+        EXPECT_EQ(info().find("Text1").isEnabled(), tab != 2);
+        EXPECT_EQ(visible_window("Form10")->size(), size);
+    }
+    EXPECT_EQ(text("Text4"), "104");
+    EXPECT_EQ(text("Text7"), "8");
+    EXPECT_EQ(text("Text5"), "9");
+    EXPECT_EQ(text("Text6"), "0");
+    EXPECT_FALSE(info().find("Text6").isEnabled());
+    choose_tab(4);
+    EXPECT_EQ(text("Text6"), "3");
+    EXPECT_TRUE(info().find("Text6").isEnabled());
+}
+
+TEST_F(ObjectWindowTest, TheBarWalksThroughTheRecords) {
+    click_tile(9, 11);
+    auto& bar = info().find<QScrollBar>("HScroll1");
+    EXPECT_EQ(std::tuple(bar.minimum(), bar.maximum(), bar.value(), bar.pageStep()),
+              std::tuple(1, 2, 2, 5));
+    QTest::keyClick(&bar, Qt::Key_Left);
+    EXPECT_EQ(text("Text5"), "5");
+    EXPECT_EQ(info().find<QLabel>("Label10").text(), "1");
+    info().type("Text6", "3");
+    QTest::keyClick(&bar, Qt::Key_Right);
+    QTest::keyClick(&bar, Qt::Key_Left);
+    EXPECT_EQ(text("Text6"), "8") << "what was typed is dropped";
+}
+
+TEST_F(ObjectWindowTest, AChestsContentsAreNamedAndNoted) {
+    click_tile(12, 4);
+    auto& contents = info().find<QComboBox>("Combo2");
+    EXPECT_EQ(contents.count(), 256);
+    EXPECT_EQ(contents.currentIndex(), 0xF2);
+    EXPECT_TRUE(contents.currentText().startsWith("F2 "));
+    EXPECT_EQ(user.find<QPlainTextEdit>("Text20").toPlainText(), "F2");
+    info().click("Option5");
+    info().type("Text4", "1f:7");
+    info().choose("Save");
+    const Bytes record(disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chest),
+                       disk["a.smc"].begin() + static_cast<std::ptrdiff_t>(chest) + 5);
+    EXPECT_EQ(record, (Bytes{12, 4, 0xFF, 0x87, 0xF2})) << "the hidden boxes travel along";
+    choose_tab(0);
+    EXPECT_EQ(contents.count(), 4);
+}
+
+TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
+    click_tile(9, 11);
+    info().type("Text2", "1");
+    EXPECT_EQ(sprite_pixel(95, 95), 0xF80000u);
+    EXPECT_EQ(info().find("Picture1").height(), 96 + 4);
+    info().type("Text7", "3");
+    EXPECT_EQ(sprite_pixel(95, 143), 0xF80000u);
+    info().type("Text2", "2");
+    EXPECT_EQ(sprite_pixel(95, 143), 0x00F800u);
+    EXPECT_TRUE(answers.boxes.empty());
+    info().type("Text7", "x");
+    EXPECT_EQ(answers.boxes, (std::vector<BoxAnswers::Box>{
+                                 {"The number X you've entered is not valid hex", "Warning"}}));
+}
+
+TEST_F(ObjectWindowTest, WithoutARecordTheFieldsAreBlankAndNothingIsSaved) {
+    const auto expect_blank = [&] {
+        for (const char* control : {"Text1", "Text2", "Text4", "Text5", "Combo1", "Check2"})
+            EXPECT_FALSE(info().find(control).isEnabled()) << control;
+        EXPECT_EQ(text("Text1") + text("Text2") + text("Text4"), "");
+        EXPECT_EQ(info().find<QLabel>("Label10").text(), "");
+        info().choose("Save");
+        info().choose("Event_Editor");
+    };
+    const Bytes image = disk["a.smc"];
+    click_tile(9, 11);
+    choose_tab(2);
+    expect_blank();
+    EXPECT_FALSE(info().find("HScroll1").isEnabled());
+    choose_tab(0);
+    EXPECT_EQ(text("Text5"), "5");
+    user.choose_map(cave);
+    EXPECT_EQ(text("Text5"), "5") << "the lists are read at the next build";
+    user.click("Command3");
+    expect_blank();
+    user.choose_map(town);
+    user.click("Command3");
+    expect_blank();
+    choose_tab(0);
+    EXPECT_EQ(text("Text5"), "5") << "a click on the chosen tab";
+    EXPECT_EQ(disk["a.smc"], image);
+    EXPECT_TRUE(answers.boxes.empty());
+}
+
+TEST_F(ObjectWindowTest, EveryMessageInItsExactWords) {
+    const char* flag = "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
+                       "byte must be no greater than 1F and your bit must be no greater than 7";
+    const struct {
+        int tab;
+        const char* control;
+        const char* typed;
+        BoxAnswers::Box box;
+    } cases[] = {
+        {0, "Text1", "0A0200", {"The event address you've entered is too large", "Error"}},
+        {0, "Text4", "1F2C5", {"Your input must be in the following format xxxx:y", "error"}},
+        {0, "Text4", "1F2C:8", {"Your flag bit must 0 - 7", "Error"}},
+        {1, "Text4", "20:1", {flag, "Error"}},
+    };
+    const Bytes image = disk["a.smc"];
+    QWidget* parent = nullptr;
+    click_tile(9, 11);
+    for (const auto& row : cases) {
+        choose_tab(row.tab);
+        info().find<QScrollBar>("HScroll1").setValue(2);
+        info().type(row.control, row.typed);
+        answers.meanwhile = [&] { parent = QApplication::activeModalWidget()->parentWidget(); };
+        answers.boxes.clear();
+        info().choose("Save");
+        EXPECT_EQ(answers.boxes, std::vector{row.box});
+        EXPECT_EQ(parent, visible_window("Form10"));
+        EXPECT_EQ(text(row.control), row.typed);
+        choose_tab(2); // drops what was typed
+    }
+    answers.boxes.clear();
+    choose_tab(0);
+    window.open_file("b.smc");
+    info().choose("Save");
+    EXPECT_EQ(answers.boxes,
+              (std::vector<BoxAnswers::Box>{
+                  {"This object was read from another image than the open one. Build the map of "
+                   "the open image first. Nothing is written.",
+                   "Error"}}));
+    EXPECT_EQ(disk["a.smc"], image);
+    EXPECT_EQ(disk["b.smc"], image);
+}
+
+TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAlone) {
+    click_tile(9, 11);
+    info().find("Text1").setFocus();
+    for (const char* control : {"Combo1", "HScroll1", "TabStrip1", "Text5"})
+        info().wheel(control, {0, 120});
+    EXPECT_EQ(state->form10.Combo1, 3);
+    EXPECT_EQ(state->form10.TabStrip1, 0);
+    EXPECT_EQ(text("Text5"), "9");
+    info().find("HScroll1").setFocus();
+    info().wheel("HScroll1", {0, 120});
+    EXPECT_EQ(text("Text5"), "5");
+}
+
+TEST_F(ObjectWindowTest, TheTabKeyGoesThroughTheFields) {
+    click_tile(9, 11);
+    QStringList order;
+    QWidget& first = info().find("TabStrip1");
+    first.setFocus();
+    do {
+        order << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (!first.hasFocus() && order.size() < 50);
+    EXPECT_EQ(order.join(" ").toStdString(),
+              "TabStrip1 HScroll1 Text1 Text2 Text4 Combo2 Text5 Text6 Text7 "
+              "Combo1 Combo3 Combo4 Check1 Check2 Check3");
+}
+
+TEST_F(ObjectWindowTest, StaysWhenTheMainWindowClosesAndEndsTheProgram) {
+    click_tile(9, 11);
+    bool stayed = false;
+    QTimer::singleShot(0, [&] { window.close(); });
+    QTimer::singleShot(50, [&] {
+        stayed = true;
+        info().type("Text5", "2");
+        info().choose("Save");
+        visible_window("Form10")->close();
+    });
+    QTimer too_long;
+    too_long.callOnTimeout([] { QCoreApplication::exit(1); });
+    too_long.start(5000);
+    EXPECT_EQ(QCoreApplication::exec(), 0) << "ends with the last window";
+    EXPECT_TRUE(stayed);
+    EXPECT_FALSE(visible_window("Form10"));
+    EXPECT_EQ(disk["a.smc"][second_npc + 4], 2);
+}
+
+} // namespace
+} // namespace veldrune::test

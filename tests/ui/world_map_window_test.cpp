@@ -1,0 +1,118 @@
+#include "support/window_test.h"
+
+#include <QLabel>
+
+namespace veldrune::test {
+namespace {
+
+using WorldMapWindowTest = WindowTest;
+
+TEST_F(WorldMapWindowTest, TheMenuOpensAWorldAndTheListLeadsBack) {
+    window.open_file("a.smc");
+    const QRect place = user.find("Text14").geometry();
+    user.choose("Dusk");
+    EXPECT_EQ(user.find<QComboBox>("Combo1").currentText(), "map 1");
+    EXPECT_EQ(user.find<QLineEdit>("Text24").text().toStdString(), form.Text24);
+    EXPECT_EQ(user.find("Text24").geometry(), place);
+    EXPECT_FALSE(user.find("Text14").isVisible());
+    for (const char* control : {"Text1", "Text4", "Text13", "Text25", "Text46", "Check1", "Check8",
+                                "Option3", "Command2", "Command3", "Command4", "Command5"})
+        EXPECT_FALSE(user.find(control).isEnabled()) << control;
+    for (const char* control : {"Text24", "Check3", "Check4", "Option10", "Option4", "Command1"})
+        EXPECT_TRUE(user.find(control).isEnabled()) << control;
+    EXPECT_TRUE(user.find("HScroll2").isVisible() && user.find("VScroll2").isVisible());
+    EXPECT_FALSE(user.find("HScroll1").isVisible() || user.find("VScroll1").isVisible());
+    EXPECT_TRUE(shows_picture());
+    user.choose_map(1); // the row that is current already
+    EXPECT_TRUE(user.find("Text14").isVisible() && user.find("HScroll1").isVisible());
+    EXPECT_TRUE(user.find("Text1").isEnabled());
+    EXPECT_FALSE(user.find("HScroll2").isVisible());
+    EXPECT_TRUE(answers.boxes.empty());
+}
+
+TEST_F(WorldMapWindowTest, BarsWheelGridAndMarkersRedraw) {
+    window.open_file("a.smc");
+    user.choose("Dusk");
+    const auto top_left = state->picture.pixels;
+    user.find<QScrollBar>("HScroll2").setValue(224);
+    user.find<QScrollBar>("VScroll2").setValue(60);
+    EXPECT_EQ(user.find<QScrollBar>("HScroll2").maximum(), 224);
+    EXPECT_NE(state->picture.pixels, top_left);
+    EXPECT_TRUE(shows_picture());
+    user.wheel("Picture1", {0, -120});
+    EXPECT_GT(form.VScroll2.value, 60);
+    user.wheel("Picture1", {0, 120}, Qt::ControlModifier); // no zoom on a world
+    EXPECT_EQ(state->zoom, 2.0f);
+    const auto plain = state->picture.pixels;
+    user.click("Option4");
+    EXPECT_EQ(state->picture.row(5)[16], 0xFFFFFFu);
+    EXPECT_TRUE(shows_picture());
+    user.click("Option5");
+    EXPECT_EQ(state->picture.pixels, plain);
+    const auto entrance = object_row(ObjectKind::entrance, state->objects[ObjectKind::entrance], 0);
+    user.click("Check4");
+    EXPECT_EQ(state->picture.pixels, plain); // from the next drawing on
+    user.find<QScrollBar>("HScroll2").setValue(std::clamp(entrance[0] - 9, 0, 223));
+    user.find<QScrollBar>("VScroll2").setValue(std::clamp(entrance[1] - 9, 0, 223));
+    EXPECT_EQ(state->picture.row((entrance[1] - form.VScroll2.value) *
+                                 16)[(entrance[0] - form.HScroll2.value) * 16 + 5],
+              0x00FF00u);
+    EXPECT_TRUE(shows_picture());
+}
+
+TEST_F(WorldMapWindowTest, TilesAreChosenPickedPaintedAndSaved) {
+    window.open_file("a.smc");
+    user.choose("Dawn");
+    user.find<QScrollBar>("HScroll2").setValue(30);
+    user.click("Command1");
+    ASSERT_TRUE(visible_window("Form8"));
+    EXPECT_FALSE(visible_window("Form2"));
+    driver("Form8").click_picture(4 * 32 + 5, 8 * 32 + 5);
+    EXPECT_FALSE(visible_window("Form8"));
+    EXPECT_EQ(form.current_tile, 132);
+    user.drag({{100, 100}, {120, 100}, {140, 100}, {700, 100}});
+    for (const int column : {36, 37, 38})
+        EXPECT_EQ(state->world_map.at(column, 6), 132);
+    EXPECT_TRUE(shows_picture());
+    EXPECT_FALSE(state->changes_saved);
+    user.click("Option11");
+    user.click_picture(5, 5);
+    EXPECT_EQ(form.current_tile, state->world_map.at(30, 0));
+    EXPECT_TRUE(user.find<QRadioButton>("Option11").isChecked());
+
+    const int old_size = state->world_packed_size;
+    const auto save = [this] { user.choose("Save"); };
+    answers.answers = {false, true};
+    save();
+    EXPECT_FALSE(state->changes_saved);
+    save();
+    EXPECT_TRUE(state->changes_saved);
+    const std::string words =
+        "The map youre trying to save is " + std::to_string(state->world_packed_size - old_size) +
+        " larger than the original map saving this map to the oringal memory location will "
+        "undoubtably mess something up. Continue?";
+    ASSERT_EQ(answers.boxes.size(), 2u);
+    EXPECT_EQ(answers.boxes[0].text, words);
+    user.type("Text24", "FFFFF");
+    save();
+    EXPECT_EQ(answers.boxes.back(),
+              (BoxAnswers::Box{"Map Data Location must be 6 digits long", "Error"}));
+}
+
+TEST_F(WorldMapWindowTest, UnsavedChangesAreAskedAboutOnTheWayBack) {
+    open_map(demo::demo_map::town);
+    user.choose("Dawn");
+    user.click_picture(100, 100);
+    answers.answers = {false, true};
+    user.choose_map(0); // the current row
+    EXPECT_FALSE(state->world_map_mode || state->world_map_open);
+    EXPECT_TRUE(user.find("HScroll1").isVisible() && user.find("Text24").isVisible());
+    EXPECT_FALSE(user.find("Text1").isEnabled());
+    user.choose_map(demo::demo_map::town);
+    EXPECT_TRUE(user.find("Text1").isEnabled() && user.find("Text14").isVisible());
+    EXPECT_EQ(state->map_index, demo::demo_map::town);
+    EXPECT_EQ(answers.boxes.size(), 2u);
+}
+
+} // namespace
+} // namespace veldrune::test
