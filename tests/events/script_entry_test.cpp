@@ -1,7 +1,5 @@
 // Entry by the keyboard: what is typed into the edit box, Enter by Enter, and what breaks it off.
 
-#include "events/command_table.h"
-#include "rom/number_text.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
@@ -87,9 +85,6 @@ TEST(ScriptEntry, NewRowsHaveTheLabelsOfTheirTemplates) {
         {{"70", "1", "2"},
          {"70|||Scroll Layer 3|0", "|01||X Scroll (0-7F = Left, 80-FF = Right)|0",
           "|02||Y Scroll (0-7F = Left, 80-FF = Right)|0"}},
-        {{"C1", "1", "2", "A0200"},
-         {"C1|||Conditional (Branch to Location if Parameter is Met)|0", "|0001||Parameter 1|0",
-          "|0002||Parameter 2|0", "|0A0200||Offset|0"}},
         {{"EA", "1", "2"}, {"EA||||0", "|01|||0", "|0002|||0"}},
         {{"BE", "1", "0A0200"},
          {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0",
@@ -106,32 +101,6 @@ TEST(ScriptEntry, NewRowsHaveTheLabelsOfTheirTemplates) {
         std::vector<std::string> rows = c.rows;
         rows.push_back("FE|||Return|0");
         EXPECT_EQ(editor.rows(), rows);
-    }
-    ScriptEditor editor({0xFE});
-    add_script_item(*editor.state);
-    editor.type("5");
-    EXPECT_EQ(editor.rows()[1], "|||Number of Actions in Queue|0");
-}
-
-TEST(ScriptEntry, EveryActionCanBeTyped) {
-    for (int code = 0; code < 256; ++code) {
-        ScriptEditor editor(two_commands);
-        add_script_item(*editor.state);
-        const std::size_t arguments =
-            queue_action(static_cast<std::uint8_t>(code)).parameters().size();
-        editor.type({"0", "2", format_hex(code)});
-        editor.type(Texts(arguments, code == 0xF9 ? "0A0201" : "1"));
-        Bytes queue{0, 2, static_cast<std::uint8_t>(code)};
-        queue.insert(queue.end(), code == 0xF9 ? 3 : arguments, std::uint8_t{0});
-        for (std::size_t i = 0; i < arguments; ++i)
-            queue[3 + i] = 1;
-        queue.push_back(0xFF);
-        queue[1] = static_cast<std::uint8_t>(queue.size() - 2);
-        Bytes script{0x3D, 7, 0x38};
-        script.insert(script.end(), queue.begin(), queue.end());
-        script.push_back(0xFE);
-        EXPECT_EQ(editor.encode().bytes, script) << code;
-        EXPECT_FALSE(editor.window.Text2_visible);
     }
 }
 

@@ -18,10 +18,6 @@ TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
     } cases[] = {
         {{0x3D, 7}, {"3D|||Create Object|0", "|7||Object Number|0"}, {"07"}},
         {{0x84, 0x2C, 1}, {"84|||Give GP to Party|0", "|12C||Amount|0"}, {"012C"}},
-        {{0x6A, 5, 0x40, 1, 2, 0},
-         {"6A|||Load Map|0", "|4005||Map Number|0", "|1||Destination X|0", "|2||Destination Y|0",
-          "|0||Vehicle (0 = none, 01 = airship, 02 = Runbird)|0"},
-         {"4005", "01", "02", "00"}},
         {{0x51, 1, 2, 3},
          {"51|||Modify Background Color Range|0", "|1||?Color|0", "|2||?From|0", "|3||?To|0"},
          {"01", "02", "03"}},
@@ -31,7 +27,6 @@ TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
         {{0xB3, 9, 0x11, 0x22, 0x33},
          {"B3|||Unknown|0", "|9||Unknown|0", "|3D2411||Unknown|0"},
          {"09", "3D2411"}},
-        {{0xE9, 1, 2, 0}, {"E9|||Unknown|0", "|1||Unknown|0", "|2||Unknown|0"}, {"01", "0002"}},
         {{0xC1, 1, 0, 2, 0x80, 0, 0, 0},
          {"C1|||Conditional (Branch to Location if Parameter is Met|0", "|1||Parameter 1|0",
           "|8002||Parameter 2|0", "|A0200||Location|0"},
@@ -64,9 +59,6 @@ TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
          {"5|||Action Queue|0", "|2||Number of Bytes in Queue (includes end command)|0",
           "|FF||End Queue|0", "|E0||Pause for xx Units|0", "||7|xx|0"},
          {"02", "FF", "E0", "07"}},
-        {{0x05, 0},
-         {"5|||Action Queue|0", "|0||Number of Bytes in Queue (includes end command)|0"},
-         {"00"}},
         {{0x66}, {"66|||Uncoded|0"}, {}},
     };
     for (const auto& c : cases) {
