@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <cstdio>
 #include <stdexcept>
@@ -47,8 +48,12 @@ class WindowDriver {
     /// A platform without a screen leaves the window inactive when a menu, list or box has closed.
     void activate() const {
         window_.activateWindow();
-        wait_until([this] { return QApplication::activeWindow() == &window_; },
-                   "the window does not become active");
+        wait_until(
+            [this] {
+                return QApplication::activeWindow() == &window_ &&
+                       QGuiApplication::focusWindow() == window_.windowHandle();
+            },
+            "the window does not become active");
     }
 
     /// A click on a button; on an option or a box at its indicator.
