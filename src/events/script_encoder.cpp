@@ -45,7 +45,7 @@ class Encoder {
                 return false;
         }
         if (shape.is_queue())
-            return encode_queue(command + 1, end);
+            return encode_queue(row_ - 1, end);
         return next_row(end) < 0 || refuse(row_ - 1, secondary, "its command has no such row");
     }
 

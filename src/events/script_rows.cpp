@@ -60,12 +60,14 @@ std::uint32_t size_in(const ScriptRow& row, Dialogs& dialogs) {
     return static_cast<std::uint32_t>(parse_hex_text(text, dialogs));
 }
 
+// The data may have the full size, or as many bytes of it as a script holds.
 bool normalise_map_data(ScriptGrid& grid, int row, Dialogs& dialogs) {
     const std::uint64_t width = size_in(row_at(grid, row - 2), dialogs);
     const std::uint64_t height = size_in(row_at(grid, row - 1), dialogs);
     ScriptRow& data = row_at(grid, row);
     const std::string digits = without_breaks(data.cells[secondary]);
-    if (digits.size() % 2 != 0 || digits.size() / 2 != width * height)
+    const std::size_t count = digits.size() / 2;
+    if (digits.size() % 2 != 0 || (count != width * height && count != width * height % 256))
         return false;
     std::vector<std::string> lines;
     for (std::size_t at = 0; at < digits.size(); at += width * 2)

@@ -9,23 +9,17 @@ namespace veldrune {
 
 bool RomImage::open(const std::string& path) {
     std::unique_ptr<File> file = files_.open(path);
-    if (!file)
+    const std::optional<FileStatus> status = file ? file->status() : std::nullopt;
+    if (!status)
         return false;
     file_ = std::move(file);
     path_ = path;
+    identity_ = status->identity;
     return true;
 }
 
-std::optional<FileStatus> RomImage::status() const {
-    return file_ ? file_->status() : std::nullopt;
-}
-
-FileIdentity RomImage::identity() const {
-    return status().value_or(FileStatus{}).identity;
-}
-
 std::optional<std::int64_t> RomImage::size() const {
-    const std::optional<FileStatus> known = status();
+    const std::optional<FileStatus> known = file_ ? file_->status() : std::nullopt;
     return known ? std::optional(known->size) : std::nullopt;
 }
 

@@ -18,14 +18,14 @@ class RomImage {
   public:
     explicit RomImage(FileLayer& file_layer) : files_(file_layer) {}
 
-    /// Opens path for reading and writing in the place of the file that was open. On failure that
-    /// one stays open.
+    /// Opens path for reading and writing in the place of the file that was open. On failure
+    /// that one stays open; a file whose status the disk refuses is one.
     bool open(const std::string& path);
     bool is_open() const { return file_ != nullptr; }
     /// The path of the open file.
     const std::string& path() const { return path_; }
     /// The file behind the open handle, whatever its name is by now.
-    FileIdentity identity() const;
+    FileIdentity identity() const { return identity_; }
     /// Whether path names the open file.
     bool is_file(const std::string& path) const;
     /// Bytes of the open file. Nothing without one, or where the disk does not tell.
@@ -49,11 +49,10 @@ class RomImage {
     bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
-    std::optional<FileStatus> status() const;
-
     FileLayer& files_;
     std::unique_ptr<File> file_;
     std::string path_;
+    FileIdentity identity_;
     mutable bool read_refused_ = false;
 };
 

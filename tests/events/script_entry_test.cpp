@@ -202,6 +202,8 @@ TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
         {queue,
          {"@6,1", "D5", "1", "esc", "@6,1", "82"},
          {0x3D, 7, 5, 0x83, 0x80, 0x82, 0xFF, 0x38, 0xFE}},
+        {queue, {"@5,1", "1E0"}, queue}, // no byte: refused
+        {queue, {"@5,1", "g1"}, {0x3D, 7, 5, 0x83, 0x11, 0x81, 0xFF, 0x38, 0xFE}}, // as parsed
         {queue, {"@7,1", "E0", "3"}, {0x3D, 7, 5, 0x84, 0x80, 0x81, 0xE0, 3, 0x38, 0xFE}},
         {queue, {"@4,1", "3"}, {0x3D, 7, 5, 3, 0x80, 0x81, 0xFF, 0x38, 0xFE}},
         {queue, {"@4,1", "2", "@5,1", "-"}, {0x3D, 7, 0x38, 0xFE}}, // all rows, whatever the count

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 namespace veldrune::test {
 namespace {
 
@@ -249,6 +251,47 @@ TEST(ScriptLaw, RemovingAndRetypingTakeTheirOwnBytesAndNoOthers) {
         }
         EXPECT_TRUE(editor.dialogs.silent()) << seed;
         EXPECT_FALSE(editor.window.Text2_visible);
+    }
+}
+
+// An action with a random code, and what is typed for it.
+struct AnyAction {
+    Bytes bytes;
+    std::vector<std::string> typed;
+    explicit AnyAction(Random& random) : bytes{random.byte()} {
+        const std::size_t length = action_length(bytes[0]);
+        char code[3];
+        std::snprintf(code, sizeof code, "%X", bytes[0]);
+        typed.push_back(code);
+        bytes.resize(length, length == 4 ? 0 : 7);
+        typed.resize(length == 4 ? 2 : length, length == 4 ? "0A0200" : "7");
+    }
+};
+
+TEST(ScriptLaw, ARetypedActionTakesItsOwnBytesAndTheCountFollows) {
+    ScriptEditor editor;
+    for (unsigned seed = 0; seed < 1000; ++seed) {
+        Random random(seed);
+        Bytes actions[3];
+        int row = 3;
+        for (int part = 0; part < 3; ++part) // those before the one, it, and those behind it
+            for (int count = part == 1 ? 1 : random.below(4); count > 0; --count) {
+                const AnyAction action(random);
+                actions[part] = joined({actions[part], action.bytes});
+                row += part == 0 ? static_cast<int>(action.typed.size()) : 0;
+            }
+        const AnyAction typed(random);
+        const auto mark = static_cast<std::uint8_t>(random.below(2) * 0x80);
+        const auto script = [&](const Bytes& middle) {
+            const Bytes queue = joined({actions[0], middle, actions[2]});
+            return joined(
+                {{5, static_cast<std::uint8_t>(mark | queue.size())}, queue, {0x38, 0xFE}});
+        };
+        editor.load(script(actions[1]));
+        editor.click(row, 1);
+        editor.type(typed.typed);
+        ASSERT_EQ(editor.encode().bytes, script(typed.bytes)) << seed;
+        ASSERT_FALSE(editor.window.Text2_visible);
     }
 }
 

@@ -49,6 +49,12 @@ TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
           "|2||New Map Data Y Position|0", "|0||New Map Data Width|0", "|3||New Map Data Height|0",
           "|||New Data|750"},
          {"01", "02", "00", "03", ""}},
+        // A size beyond 8 bits: the data has what the script holds of it.
+        {{0x73, 1, 2, 3, 0x56, 0x0A, 0x1B},
+         {"73|||Change Layer 1 Map Data (With Refresh)|0", "|1||New Map Data X Position|0",
+          "|2||New Map Data Y Position|0", "|3||New Map Data Width|0", "|56||New Map Data Height|0",
+          "|0A 1B /||New Data|21500"},
+         {"01", "02", "03", "56", "0A1B/"}},
         {{0x05, 0x8A, 0x80, 0xD5, 1, 2, 0xF9, 0x11, 0x22, 0x33, 0xAC, 0xFF},
          {"5|||Action Queue|0", "|8A||Number of Bytes in Queue (includes end command)|0",
           "|80||Move Character Up 1 Tile|0", "|D5||Set Position|0", "||1|Destination X|0",
