@@ -8,8 +8,6 @@
 namespace veldrune {
 namespace {
 
-constexpr const char* program_title = "Veldrune Map Editor"; // of a message without its own
-
 ScriptDesk desk_of(EditorState& state) {
     return {state.form9, state.script_entry, state.rom, state.dialogs};
 }
@@ -149,7 +147,7 @@ void save_script(EditorState& state) {
     if (script.refusal)
         return refuse(state, *script.refusal);
     if (static_cast<int>(script.bytes.size()) > state.script.length)
-        return state.dialogs.message("Not Now", program_title);
+        return state.dialogs.message("Not Now", default_title);
     told_write(state.rom, state.selected_object.script_offset, script.bytes, state.dialogs);
 }
 

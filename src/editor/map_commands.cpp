@@ -46,7 +46,7 @@ void show_about(EditorState& state) {
     state.dialogs.message("Veldrune Map Editor: v1.1\n\n"
                           "With thanks to the people who keep old games alive,\n"
                           "and to all who still build new worlds in them.",
-                          "Veldrune Map Editor");
+                          default_title);
 }
 
 void expand_rom(EditorState& state) {

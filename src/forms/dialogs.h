@@ -9,6 +9,9 @@ namespace veldrune {
 inline constexpr const char* image_file_filter =
     "Super Nintendo Roms(*.smc)|*.smc|All Files(*.*)|*.*";
 
+/// The title of a box that has none of its own.
+inline constexpr const char* default_title = "Veldrune Map Editor";
+
 /// The port through which the logic talks to the user. The windows implement it with real boxes,
 /// the tests with scripted answers. Every call returns when the user has answered.
 class Dialogs {
@@ -17,7 +20,7 @@ class Dialogs {
 
     /// A message with an OK button.
     virtual void message(const std::string& text, const std::string& title) = 0;
-    /// A question with OK and Cancel, without a title of its own. True for OK.
+    /// A question with OK and Cancel, under the default title. True for OK.
     virtual bool question(const std::string& text) = 0;
     /// The name of a file to open, or nothing where the user cancelled.
     virtual std::optional<std::string> open_file_name() = 0;

@@ -6,6 +6,7 @@ namespace veldrune {
 /// Picture1, is EditorState::tile_sheet.
 struct Form8 {
     bool visible = false;
+    bool to_front = false; // wants to come to the front; the window clears it when it has
 };
 
 } // namespace veldrune

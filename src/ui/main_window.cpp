@@ -42,7 +42,7 @@ MainWindow::MainWindow(EditorState& state, Windows& windows)
     : state_(state), windows_(windows), bindings_(windows.gate(*this)), controls_(state, bindings_),
       picture_(new MapPicture(state, bindings_)) {
     setObjectName("Form1");
-    setWindowTitle(program_title);
+    setWindowTitle("Veldrune Map Editor 1.00");
     setWindowIcon(window_icon());
     setAcceptDrops(true);
     build_menus(*this, menu_commands(), state, bindings_);

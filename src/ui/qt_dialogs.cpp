@@ -22,7 +22,7 @@ class BoxCursor {
 };
 
 /// Titles of messages that warn of nothing.
-constexpr std::string_view informing_titles[] = {"Nothing here", "Veldrune Map Editor"};
+constexpr std::string_view informing_titles[] = {"Nothing here", default_title};
 
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
         QMessageBox::StandardButtons buttons) {
@@ -70,7 +70,7 @@ void QtDialogs::message(const std::string& text, const std::string& title) {
 
 bool QtDialogs::question(const std::string& text) {
     before_box_();
-    return ask(window_, QMessageBox::Question, text, program_title,
+    return ask(window_, QMessageBox::Question, text, default_title,
                QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 

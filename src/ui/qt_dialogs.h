@@ -21,9 +21,6 @@ class BusyCursor {
     BusyCursor& operator=(const BusyCursor&) = delete;
 };
 
-/// What the main window and questions have as their title.
-inline constexpr const char* program_title = "Veldrune Map Editor 1.00";
-
 /// Talks to the user through real boxes, modal over the window whose edit raises them.
 class QtDialogs : public Dialogs {
   public:

@@ -50,6 +50,7 @@ TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     auto* sheet = new SheetPicture(state, bindings_);
     bindings_.rule([sheet] { sheet->update(); });
+    follow_to_front(state.form8.to_front);
     auto* panel = new QWidget;
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(margin, margin, margin, margin);

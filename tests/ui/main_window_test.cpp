@@ -286,7 +286,7 @@ TEST_F(MainWindowTest, UnsavedChangesAreAskedAboutAndTheListKeepsTheClickedRow) 
     EXPECT_EQ(state->map_index, forest);
     const BoxAnswers::Box question{
         "Selecting another map without saving will erase your changes, continue?",
-        "Veldrune Map Editor 1.00"};
+        "Veldrune Map Editor"};
     EXPECT_EQ(answers.boxes, std::vector({question, question}));
 }
 
@@ -352,11 +352,11 @@ TEST_F(MainWindowTest, EveryMessageInItsExactWords) {
             {{"Layer 1 can't be saved: its stream would take more than 9001 bytes.", "Error"}}},
         {"Save", [&] { state->layers[0].layer_packed_size -= 12; },
             {{"Layer 1 is 12 bytes larger than the original map. Saving this map to the oringal memory location will "
-              "undoubtably mess something up. Continue?", "Veldrune Map Editor 1.00"}}},
+              "undoubtably mess something up. Continue?", "Veldrune Map Editor"}}},
         {"Save", [&] { disk.fail({}, {1, false, false}); },
             {{"Writing to a.smc at " + location + " failed. What was written before stays; nothing more is written.", "Error"}}},
         {"Save", [&] { window.open_file("b.smc"); },
-            {{"This map was read from a.smc, but b.smc is open. Save it all the same?", "Veldrune Map Editor 1.00"}}},
+            {{"This map was read from a.smc, but b.smc is open. Save it all the same?", "Veldrune Map Editor"}}},
         {"SaveAs", [&] { copy_to("b.smc"); user.type("Text2", "48"); }, {file_dialog, {"Not a valid mapsize", "error"}}},
         {"SaveAs", [&] { copy_to("c.smc"); disk.fail({}, {1, true, false}); },
             {file_dialog, {"The image could not be copied to " + copy + ". a.smc is still open.", "Error"}}},
