@@ -20,7 +20,7 @@ struct Match {
     int position = 0; // of the input, negative in the zeros before it
 };
 
-constexpr int block_size = 8192;
+constexpr int block_size = 16384;
 
 /// A stretch of block_size positions of the input and the window before it. Every position stands
 /// in a list, the list of those whose three bytes have the same hash, in the order in which the
@@ -41,23 +41,25 @@ class Block {
         const int size = static_cast<int>(input.size());
         const int end = std::min(start + block_size, size) + longest_run - origin_;
         head_.fill(none);
-        for (int i = longest_run; i < end; ++i)
-            put_in_list(tie == Tie::nearest ? i : end - 1 - (i - longest_run));
+        if (tie == Tie::nearest)
+            list_rising(end);
+        else
+            list_falling(end);
     }
 
     /// The longest run in the window before position, which must lie in the block and not before
     /// an earlier one. Its length is below shortest_run where there is none.
-    Match longest_match(int position) {
+    Match longest_match(int position) const {
         const int pos = position - origin_;
         const int low = pos - window;
-        if (tie == Tie::farthest)
-            drop_below(low);
+        const std::uint64_t here = word(pos);
         Match best{shortest_run - 1, 0};
         Cursor next{first_entry(pos), 0};
         for (int c = next.candidate(); tie == Tie::nearest ? c >= low : c < pos;
              c = next.candidate()) {
             next.entry = link(next.entry);
-            if (text(c + best.length) != text(pos + best.length))
+            // The bytes of a longer run, as far as they stand in the first word.
+            if ((word(c) ^ here) << std::max(56 - 8 * best.length, 0))
                 continue;
             const int length = match_length(c, pos);
             if (length <= best.length)
@@ -88,28 +90,33 @@ class Block {
     };
 
     /// A run longer than best also agrees in the byte that ended best, so its position stands in
-    /// the list of the three bytes that end there: its first entry behind best, if two steps reach
-    /// it.
+    /// the list of the three bytes that end there.
     Cursor tail_list(int pos, const Match& best) const {
         const int offset = best.length - 2;
-        Cursor tail{first_entry(pos + offset), offset};
-        for (int step = 0; step < 2 && !is_beyond(tail.candidate(), best.position); ++step)
-            tail.entry = link(tail.entry);
-        return tail;
+        return {first_entry(pos + offset), offset};
     }
 
+    void list_rising(int end) {
+        for (int i = longest_run; i < end; ++i)
+            put_in_list(i);
+    }
+    /// When a position comes to the head of its list, the heads are the first entries for the
+    /// position a window further on.
+    void list_falling(int end) {
+        for (int i = end - 1; i >= longest_run - window; --i) {
+            if (i >= longest_run)
+                put_in_list(i);
+            if (i + window < end)
+                first_[index(i + window)] = head_[hash(i + window)];
+        }
+    }
     void put_in_list(int at) {
         std::int16_t& head = head_[hash(at)];
         link_[index(at)] = head;
         head = static_cast<std::int16_t>(at);
     }
-    /// Takes the positions that the window has left off the heads of their lists.
-    void drop_below(int low) {
-        for (; lowest_ < low; ++lowest_)
-            head_[hash(lowest_)] = link_[index(lowest_)];
-    }
-    /// The preferred one of the positions with the three bytes at at.
-    int first_entry(int at) const { return tie == Tie::nearest ? link(at) : head_[hash(at)]; }
+    /// The preferred one of the positions in the window before at with the three bytes at at.
+    int first_entry(int at) const { return tie == Tie::nearest ? link(at) : first_[index(at)]; }
     int link(int at) const { return link_[index(at)]; }
     static bool is_beyond(int a, int b) { return tie == Tie::nearest ? a < b : a > b; }
 
@@ -125,14 +132,13 @@ class Block {
         std::memcpy(&bytes, &text_[index(at)], sizeof bytes);
         return bytes;
     }
-    std::uint8_t text(int at) const { return text_[index(at)]; }
     static constexpr std::size_t index(int at) { return static_cast<std::size_t>(at); }
 
     static constexpr int position_count = longest_run + window + block_size + longest_run;
     int origin_;
-    int lowest_ = longest_run; // listed
     std::array<std::uint8_t, position_count + 8> text_{};
-    std::array<std::int16_t, position_count> link_; // the next one in each position's list
+    std::array<std::int16_t, position_count> link_;  // the next one in each position's list
+    std::array<std::int16_t, position_count> first_; // used where the farthest is preferred
     std::array<std::int16_t, 1 << 12> head_;
 };
 
@@ -197,7 +203,7 @@ std::optional<std::size_t> compress(std::span<const std::uint8_t> input, Compres
     Writer writer(output, limit);
     int pos = 0;
     for (int start = 0; start < size; start += block_size) {
-        Block<window, tie> block(input, start);
+        const Block<window, tie> block(input, start);
         while (pos < std::min(start + block_size, size)) {
             const Match match = block.longest_match(pos);
             const bool found = match.length >= shortest_run;
