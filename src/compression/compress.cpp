@@ -54,17 +54,18 @@ class Block {
         const int low = pos - window;
         const std::uint64_t here = word(pos);
         Match best{shortest_run - 1, 0};
+        int shift = shift_beyond(best.length);
         Cursor next{first_entry(pos), 0};
         for (int c = next.candidate(); tie == Tie::nearest ? c >= low : c < pos;
              c = next.candidate()) {
             next.entry = link(next.entry);
-            // The bytes of a longer run, as far as they stand in the first word.
-            if ((word(c) ^ here) << std::max(56 - 8 * best.length, 0))
+            if ((word(c) ^ here) << shift)
                 continue;
             const int length = match_length(c, pos);
             if (length <= best.length)
                 continue;
             best = {length, c};
+            shift = shift_beyond(length);
             if (length == longest_run)
                 break;
             // Every longer run stands in both lists: the one that skips more is followed.
@@ -90,10 +91,14 @@ class Block {
     };
 
     /// A run longer than best also agrees in the byte that ended best, so its position stands in
-    /// the list of the three bytes that end there.
+    /// the list of the three bytes that end there: its first entry behind best, if two steps reach
+    /// it.
     Cursor tail_list(int pos, const Match& best) const {
         const int offset = best.length - 2;
-        return {first_entry(pos + offset), offset};
+        Cursor tail{first_entry(pos + offset), offset};
+        for (int step = 0; step < 2 && !is_beyond(tail.candidate(), best.position); ++step)
+            tail.entry = link(tail.entry);
+        return tail;
     }
 
     void list_rising(int end) {
@@ -120,6 +125,9 @@ class Block {
     int link(int at) const { return link_[index(at)]; }
     static bool is_beyond(int a, int b) { return tie == Tie::nearest ? a < b : a > b; }
 
+    /// What leaves of the difference of two words the bytes in which a run longer than length
+    /// agrees.
+    static int shift_beyond(int length) { return std::max(56 - 8 * length, 0); }
     int match_length(int a, int b) const {
         for (int n = 0; n < longest_run; n += 8)
             if (const std::uint64_t difference = word(a + n) ^ word(b + n))
