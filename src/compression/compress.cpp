@@ -20,7 +20,7 @@ struct Match {
     int position = 0; // of the input, negative in the zeros before it
 };
 
-constexpr int block_size = 8192;
+constexpr int block_size = 16384;
 
 /// A stretch of block_size positions of the input and the window before it. Every position stands
 /// in a list, the list of those whose three bytes have the same hash, in the order in which the
@@ -41,28 +41,31 @@ class Block {
         const int size = static_cast<int>(input.size());
         const int end = std::min(start + block_size, size) + longest_run - origin_;
         head_.fill(none);
-        for (int i = longest_run; i < end; ++i)
-            put_in_list(tie == Tie::nearest ? i : end - 1 - (i - longest_run));
+        if (tie == Tie::nearest)
+            list_rising(end);
+        else
+            list_falling(end);
     }
 
     /// The longest run in the window before position, which must lie in the block and not before
     /// an earlier one. Its length is below shortest_run where there is none.
-    Match longest_match(int position) {
+    Match longest_match(int position) const {
         const int pos = position - origin_;
         const int low = pos - window;
-        if (tie == Tie::farthest)
-            drop_below(low);
+        const std::uint64_t here = word(pos);
         Match best{shortest_run - 1, 0};
+        int shift = shift_beyond(best.length);
         Cursor next{first_entry(pos), 0};
         for (int c = next.candidate(); tie == Tie::nearest ? c >= low : c < pos;
              c = next.candidate()) {
             next.entry = link(next.entry);
-            if (text(c + best.length) != text(pos + best.length))
+            if ((word(c) ^ here) << shift)
                 continue;
             const int length = match_length(c, pos);
             if (length <= best.length)
                 continue;
             best = {length, c};
+            shift = shift_beyond(length);
             if (length == longest_run)
                 break;
             // Every longer run stands in both lists: the one that skips more is followed.
@@ -98,21 +101,33 @@ class Block {
         return tail;
     }
 
+    void list_rising(int end) {
+        for (int i = longest_run; i < end; ++i)
+            put_in_list(i);
+    }
+    /// When a position comes to the head of its list, the heads are the first entries for the
+    /// position a window further on.
+    void list_falling(int end) {
+        for (int i = end - 1; i >= longest_run - window; --i) {
+            if (i >= longest_run)
+                put_in_list(i);
+            if (i + window < end)
+                first_[index(i + window)] = head_[hash(i + window)];
+        }
+    }
     void put_in_list(int at) {
         std::int16_t& head = head_[hash(at)];
         link_[index(at)] = head;
         head = static_cast<std::int16_t>(at);
     }
-    /// Takes the positions that the window has left off the heads of their lists.
-    void drop_below(int low) {
-        for (; lowest_ < low; ++lowest_)
-            head_[hash(lowest_)] = link_[index(lowest_)];
-    }
-    /// The preferred one of the positions with the three bytes at at.
-    int first_entry(int at) const { return tie == Tie::nearest ? link(at) : head_[hash(at)]; }
+    /// The preferred one of the positions in the window before at with the three bytes at at.
+    int first_entry(int at) const { return tie == Tie::nearest ? link(at) : first_[index(at)]; }
     int link(int at) const { return link_[index(at)]; }
     static bool is_beyond(int a, int b) { return tie == Tie::nearest ? a < b : a > b; }
 
+    /// What leaves of the difference of two words the bytes in which a run longer than length
+    /// agrees.
+    static int shift_beyond(int length) { return std::max(56 - 8 * length, 0); }
     int match_length(int a, int b) const {
         for (int n = 0; n < longest_run; n += 8)
             if (const std::uint64_t difference = word(a + n) ^ word(b + n))
@@ -125,14 +140,13 @@ class Block {
         std::memcpy(&bytes, &text_[index(at)], sizeof bytes);
         return bytes;
     }
-    std::uint8_t text(int at) const { return text_[index(at)]; }
     static constexpr std::size_t index(int at) { return static_cast<std::size_t>(at); }
 
     static constexpr int position_count = longest_run + window + block_size + longest_run;
     int origin_;
-    int lowest_ = longest_run; // listed
     std::array<std::uint8_t, position_count + 8> text_{};
-    std::array<std::int16_t, position_count> link_; // the next one in each position's list
+    std::array<std::int16_t, position_count> link_;  // the next one in each position's list
+    std::array<std::int16_t, position_count> first_; // used where the farthest is preferred
     std::array<std::int16_t, 1 << 12> head_;
 };
 
@@ -197,7 +211,7 @@ std::optional<std::size_t> compress(std::span<const std::uint8_t> input, Compres
     Writer writer(output, limit);
     int pos = 0;
     for (int start = 0; start < size; start += block_size) {
-        Block<window, tie> block(input, start);
+        const Block<window, tie> block(input, start);
         while (pos < std::min(start + block_size, size)) {
             const Match match = block.longest_match(pos);
             const bool found = match.length >= shortest_run;

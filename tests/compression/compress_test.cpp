@@ -134,12 +134,12 @@ TEST_F(Compression, GivesWhatTryingEveryCandidateGives) {
         expect_literal_streams(random_input(random, 2000 + random() % 6193));
     // Where the search moves on to its next stretch: runs around it, and one as far back as it
     // goes.
-    for (std::size_t size = 8160; size < 8230 && !HasFailure(); size += 2)
+    for (std::size_t size = 16352; size < 16422 && !HasFailure(); size += 2)
         expect_literal_streams(random_input(random, size));
     for (int n = 0; n < 10 && !HasFailure(); ++n)
         expect_literal_streams(random_input(random, 65536 - random() % 40000));
-    Bytes far_run = incompressible(9000);
-    std::copy_n(far_run.begin() + 8192 - 2047, longest_run, far_run.begin() + 8192);
+    Bytes far_run = incompressible(17000);
+    std::copy_n(far_run.begin() + 16384 - 2047, longest_run, far_run.begin() + 16384);
     expect_literal_streams(far_run);
     expect_literal_streams(Bytes(65536, 0));
     expect_literal_streams(incompressible(65536));
