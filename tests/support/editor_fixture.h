@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/demo_image.h"
+#include "editor/mouse.h"
 #include "editor/open_image.h"
 #include "editor/select_map.h"
 #include "support/memory_disk.h"
@@ -31,6 +32,12 @@ struct Editor {
     void choose(int map) {
         form.Combo1 = map;
         select_map(*state);
+    }
+    /// A whole click on the map picture.
+    void click(MouseButton button, int x, int y) {
+        on_press(*state, button, x, y);
+        on_release(*state);
+        on_click(*state, x, y);
     }
 };
 
