@@ -22,6 +22,7 @@ struct Editor {
     MemoryDisk disk;
     ScriptedDialogs dialogs;
     std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
+    EditorState& s = *state;
     Form1& form = state->form1;
 
     explicit Editor(const Bytes& image = demo_bytes()) {
