@@ -4,12 +4,12 @@
 
 namespace veldrune {
 
-/// Save: writes the layers, the pointers and the properties of the selected map into the image.
-/// Does nothing without an image or before a map has been chosen.
+/// Save: writes the layers, the pointers and the properties of the selected map into the image, or
+/// the world map that is open. Does nothing without an image or before either has been read.
 void save(EditorState& state);
 
-/// Save As: copies the image to a name that the user chooses, opens the copy and saves the map
-/// into it.
+/// Save As: copies the image to a name that the user chooses, opens the copy and saves the map, or
+/// the world map, into it.
 void save_as(EditorState& state);
 
 } // namespace veldrune

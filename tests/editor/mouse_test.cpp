@@ -1,5 +1,4 @@
 #include "editor/build.h"
-#include "editor/mouse.h"
 #include "editor/view.h"
 #include "support/editor_fixture.h"
 
@@ -14,11 +13,6 @@ struct BuiltTown : Editor {
         build_tileset(*state);
     }
     LayerMap& layer(std::size_t index) { return state->layers[index].map; }
-    void click(MouseButton button, int x, int y) {
-        on_press(*state, button, x, y);
-        on_release(*state);
-        on_click(*state, x, y);
-    }
 };
 
 TEST(Mouse, PixelsBecomeTilesAtEveryZoom) {

@@ -35,7 +35,6 @@ Bytes objects_image() {
 constexpr int all_boxes = 15; // Check1 to Check4 are bits 0 to 3
 
 struct ObjectEditor : Editor {
-    EditorState& s = *state;
     Form10& window = state->form10;
 
     explicit ObjectEditor(int boxes = all_boxes) : Editor(objects_image()) {

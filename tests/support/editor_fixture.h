@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/demo_image.h"
+#include "editor/mouse.h"
 #include "editor/open_image.h"
 #include "editor/select_map.h"
 #include "support/memory_disk.h"
@@ -21,6 +22,7 @@ struct Editor {
     MemoryDisk disk;
     ScriptedDialogs dialogs;
     std::unique_ptr<EditorState> state = std::make_unique<EditorState>(disk, dialogs);
+    EditorState& s = *state;
     Form1& form = state->form1;
 
     explicit Editor(const Bytes& image = demo_bytes()) {
@@ -31,6 +33,12 @@ struct Editor {
     void choose(int map) {
         form.Combo1 = map;
         select_map(*state);
+    }
+    /// A whole click on the map picture.
+    void click(MouseButton button, int x, int y) {
+        on_press(*state, button, x, y);
+        on_release(*state);
+        on_click(*state, x, y);
     }
 };
 

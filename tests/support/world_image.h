@@ -2,6 +2,7 @@
 
 #include "compression/literal_encoder.h"
 #include "support/editor_fixture.h"
+#include "support/object_image.h"
 
 namespace veldrune::test {
 
@@ -10,20 +11,42 @@ struct WorldData {
     Bytes tiles;    // 256 by 256
     Bytes graphics; // 9344
     Bytes palette;  // 512
+    Bytes entrance; // its only one, 6 bytes; column and row are the first two
+    Bytes event;    // the same, 5 bytes
 
-    /// The colour of the view's pixel (x, y), with its top left tile at (h, v).
-    std::uint32_t pixel(int h, int v, int x, int y) const {
+    std::uint8_t& tile(int column, int row) {
+        return tiles[static_cast<std::size_t>(row * 256 + column)];
+    }
+    std::uint8_t tile(int column, int row) const {
+        return tiles[static_cast<std::size_t>(row * 256 + column)];
+    }
+    /// The colour of a tile's pixel (x, y).
+    std::uint32_t tile_pixel(int tile, int x, int y) const {
         const auto at = [](const Bytes& bytes, int index) {
             return static_cast<unsigned>(bytes[static_cast<std::size_t>(index)]);
         };
-        const int tile = static_cast<int>(at(tiles, (v + y / 16) * 256 + h + x / 16));
-        const int c = static_cast<int>(at(graphics, 4 * tile + y % 16 / 8 * 2 + x % 16 / 8));
+        const int c = static_cast<int>(at(graphics, 4 * tile + y / 8 * 2 + x / 8));
         const unsigned pair = at(graphics, 1024 + 32 * c + y % 8 * 4 + x % 8 / 2);
         const unsigned value = x % 2 == 0 ? pair & 15 : pair >> 4;
         const unsigned rows = at(graphics, 9216 + c / 2);
         const int entry = static_cast<int>(16 * (c % 2 == 0 ? rows & 15 : rows >> 4) + value);
         const unsigned word = at(palette, 2 * entry) | at(palette, 2 * entry + 1) << 8;
         return (word & 31) << 19 | (word >> 5 & 31) << 11 | (word >> 10 & 31) << 3;
+    }
+    /// The colour of the view's pixel (x, y) under bars, boxes and grid of the window.
+    std::uint32_t pixel(const Form1& form, int x, int y) const {
+        const int h = form.HScroll2.value, v = form.VScroll2.value;
+        const auto is_outline = [&](const Bytes& object) {
+            const int dx = x + 16 * (h - object[0]), dy = y + 16 * (v - object[1]);
+            return dx >= 0 && dx <= 16 && dy >= 0 && dy <= 16 && (dx % 16 == 0 || dy % 16 == 0);
+        };
+        if (form.Check3 && is_outline(event))
+            return 0x0000FF;
+        if (form.Check4 && is_outline(entrance))
+            return 0x00FF00;
+        if (form.grid_on && (x % 16 == 0 || y % 16 == 0))
+            return 0xFFFFFF;
+        return tile_pixel(tile(h + x / 16, v + y / 16), x % 16, y % 16);
     }
 };
 
@@ -37,13 +60,13 @@ inline constexpr WorldPlace world_places[] = {
 };
 // clang-format on
 
-/// Runs of random tiles, random graphics, random colours.
+/// Runs of random tiles, random graphics and colours, an entrance and an event anywhere.
 inline WorldData random_world(Random& random) {
-    WorldData world{Bytes(65536), Bytes(9344), Bytes(512)};
+    WorldData world{Bytes(65536), Bytes(9344), Bytes(512), Bytes(6), Bytes(5)};
     for (std::size_t i = 0; i < world.tiles.size(); ++i)
         world.tiles[i] =
             i > 0 && random.below(12) != 0 ? world.tiles[i - 1 - i % 2 * (i > 1)] : random.byte();
-    for (Bytes* bytes : {&world.graphics, &world.palette})
+    for (Bytes* bytes : {&world.graphics, &world.palette, &world.entrance, &world.event})
         for (std::uint8_t& byte : *bytes)
             byte = random.byte();
     return world;
@@ -67,7 +90,17 @@ struct WorldImage {
             put(place.palette, worlds[i].palette);
             put(place.map, literal_compress_world_map(worlds[i].tiles));
             put(place.graphics, literal_compress_world_map(worlds[i].graphics));
+            put_object(ObjectKind::entrance, i, worlds[i].entrance);
+            put_object(ObjectKind::event_trigger, i, worlds[i].event);
         }
+    }
+    /// The only record of a world's list. The one of Dusk lies behind the one of Dawn.
+    void put_object(ObjectKind kind, std::size_t world, const Bytes& record) {
+        const KindPlace& place = place_of(kind);
+        const std::size_t at = 0x400 + world * place.size;
+        put_word(bytes, place.pointers + 2 * world, at);
+        put_word(bytes, place.pointers + 2 * world + 2, at + place.size);
+        put(place.base + at, record);
     }
     void put(std::size_t at, const auto& data) {
         std::ranges::copy(data, bytes.begin() + static_cast<std::ptrdiff_t>(at));

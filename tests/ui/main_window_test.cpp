@@ -218,6 +218,7 @@ TEST_F(MainWindowTest, BarsAndWheelScroll) {
     EXPECT_EQ(across.maximum(), form.HScroll1.maximum);
     EXPECT_EQ(down.value(), 1);
     EXPECT_FALSE(user.find("HScroll2").isVisible());
+    EXPECT_EQ(form.HScroll2.value + form.VScroll2.value, 0); // hidden bars stay
 
     user.click_picture(8, 8, Qt::RightButton);
     EXPECT_EQ(form.current_tile, tile(0, 1, 1));
