@@ -1,6 +1,5 @@
 #include "dialogue/dialogue_text.h"
 #include "support/editor_fixture.h"
-#include "support/memory_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -16,13 +15,9 @@ std::string repeated(const std::string& piece, int count) {
 
 TEST(DialogueText, TextsAreWrappedAndCounted) {
     const std::string a30(30, 'A'), a33(33, 'A');
-    const struct {
-        std::string text, wrapped;
-        int lines, options;
-    } cases[] = {
-        {"", "", 2, 0},
-        {"AB", "AB", 2, 0},
-        {"AB\r\nA> B", "AB\r\nA> B", 3, 1},
+    // clang-format off
+    const struct { std::string text, wrapped; int lines, options; } cases[] = {
+        {"", "", 2, 0}, {"AB", "AB", 2, 0}, {"AB\r\nA> B", "AB\r\nA> B", 3, 1},
         {"> A\r\n> B\r\n> C", "> A\r\n> B\r\n> C", 4, 2}, // one at the very start is none
         {a33, a33, 2, 0},                                 // short enough
         {a33 + " B", a33 + "\rB", 3, 0}, // the blank stands at the 34th place, behind the line
@@ -30,6 +25,7 @@ TEST(DialogueText, TextsAreWrappedAndCounted) {
         {std::string(32, 'A') + "\r\nB", std::string(32, 'A') + "\r\nB", 3, 0},
         {std::string(32, 'A') + " " + a33, std::string(32, 'A') + "\r" + a33, 3, 0},
         {"A " + a30 + " " + a33, "A " + a30 + "\r" + a33, 3, 0}, // the last one in reach
+        {a33 + " " + a30 + " BB", a33 + "\r" + a30 + "\rBB", 4, 0}, // 33 characters are left
         {"A\r\n" + a33 + "\r\nB", "A\r\n" + a33 + "\r\nB", 4, 0},
         // A word without a blank in reach stays whole; the next blank or break behind ends it.
         {a33 + a33, a33 + a33, 2, 0},
@@ -40,6 +36,7 @@ TEST(DialogueText, TextsAreWrappedAndCounted) {
         // Counts have eight bits.
         {a33 + repeated("\r\n> ", 260), a33 + repeated("\r\n> ", 260), 6, 4},
     };
+    // clang-format on
     for (const auto& c : cases) {
         const DialogueText dialogue = wrap_dialogue(c.text);
         EXPECT_EQ(dialogue.text, c.wrapped);
@@ -57,18 +54,9 @@ TEST(DialogueText, BytesExpandByTheTable) {
     EXPECT_EQ(text, "VARNAYETTI(10)\r\n(1F)A9?(60)\"\" ...e ow!!gee...");
 }
 
-// An image open in memory.
-struct Opened {
-    MemoryDisk disk;
-    RomImage rom{disk};
-    explicit Opened(Bytes image) {
-        disk["a.smc"] = std::move(image);
-        rom.open("a.smc");
-    }
-    std::string text(bool patched, int number) const {
-        return read_dialogue_text(rom, patched, number).text;
-    }
-};
+std::string text_of(const Bytes& image, bool patched, int number) {
+    return read_dialogue_text(OpenImage(image).rom, patched, number).text;
+}
 
 TEST(DialogueText, NumbersAreFoundByEitherTable) {
     Bytes image(0x302930, 0);
@@ -80,27 +68,26 @@ TEST(DialogueText, NumbersAreFoundByEitherTable) {
     put(0xE0200 + 0x1234, {0x22, 0x23, 0});
     put(0x300200 + 3 * 1590, {0x34, 0x12, 0xCE, 0x34, 0x12, 0xCD, 0, 0, 0x10});
     put(0x300200 + 3 * 3327, {0xFE, 0xFF, 0xFF}); // past the table: what lies there
-    const Opened opened(image);
-    EXPECT_EQ(opened.text(false, 1590), "AB");
-    EXPECT_EQ(opened.text(false, 1591), "CD");
-    EXPECT_EQ(opened.text(true, 1590), "CD");
-    EXPECT_EQ(opened.text(true, 1591), "AB");
-    EXPECT_EQ(opened.text(true, 1592), "") << "an address before the image";
-    EXPECT_EQ(opened.text(true, 3327), "") << "an address behind it";
-    EXPECT_EQ(opened.text(true, 0x7FFF), "") << "an entry behind it";
+    // clang-format off
+    const struct { bool patched; int number; const char* text; } cases[] = {
+        {false, 1590, "AB"}, {false, 1591, "CD"}, {true, 1590, "CD"}, {true, 1591, "AB"},
+        {true, 1592, ""}, {true, 3327, ""}, {true, 0x7FFF, ""}, // before the image, behind it, no entry
+    };
+    // clang-format on
+    for (const auto& c : cases)
+        EXPECT_EQ(text_of(image, c.patched, c.number), c.text) << c.number;
 }
 
 TEST(DialogueText, ATextEndsWithTheFileAndAfter4096Bytes) {
     Bytes image(0xD0200 + 5000, 0x20); // entry 0 leads to 0x2020, all else is text
     image[0xCE802] = 0, image[0xCE803] = 0;
-    for (const std::size_t left : {std::size_t{0}, std::size_t{3}, std::size_t{256},
-                                   std::size_t{700}, std::size_t{4096}, std::size_t{5000}}) {
+    for (const std::size_t left : {0u, 3u, 256u, 700u, 4096u, 5000u}) {
         image.resize(0xD0200 + left, 0x20);
-        EXPECT_EQ(Opened(image).text(false, 0).size(), std::min<std::size_t>(left, 4096));
+        EXPECT_EQ(text_of(image, false, 0).size(), std::min<std::size_t>(left, 4096));
         image.resize(0xD0200 + 5000, 0x20);
     }
     image.resize(0xCE803); // half an entry
-    EXPECT_EQ(Opened(image).text(false, 0), "");
+    EXPECT_EQ(text_of(image, false, 0), "");
 }
 
 } // namespace

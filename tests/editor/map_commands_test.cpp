@@ -1,4 +1,3 @@
-#include "editor/build.h"
 #include "editor/map_commands.h"
 #include "editor/tile_chooser.h"
 #include "support/editor_fixture.h"
@@ -33,49 +32,44 @@ TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
 }
 
 TEST(ClearMap, EmptiesTheThreeLayersInMemory) {
-    Editor editor;
-    EditorState& state = *editor.state;
-    editor.choose(town);
-    build_tileset(state);
+    Town editor(true);
     for (const bool world : {true, false}) { // not over a world map
-        for (Layer& layer : state.layers)
+        for (Layer& layer : editor.s.layers)
             layer.map.cells.fill(7);
-        state.world_map_mode = world;
+        editor.s.world_map_mode = world;
         editor.form.grid_on = true;
-        clear_map(state);
-        for (const Layer& layer : state.layers)
+        clear_map(editor.s);
+        for (const Layer& layer : editor.s.layers)
             for (int row = 0; row < 65; ++row)
                 for (int column = 0; column < 129; ++column)
                     ASSERT_EQ(layer.map.at(column, row), row < 64 && !world ? 0 : 7);
     }
-    EXPECT_TRUE(state.changes_saved);
+    EXPECT_TRUE(editor.s.changes_saved);
+    const PixelBuffer& picture = editor.s.picture;
     for (int i = 0; i < 512; ++i) // formation 0 in every cell, and no grid
-        ASSERT_EQ(state.picture.row(i)[i], state.picture.row(i % 32)[i % 32]);
-    EXPECT_NE(state.picture.row(0)[0], 0xFFFFFFu);
+        ASSERT_EQ(picture.row(i)[i], picture.row(i % 32)[i % 32]);
+    EXPECT_NE(picture.row(0)[0], 0xFFFFFFu);
 }
 
 TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
-    Editor editor;
-    EditorState& state = *editor.state;
-    editor.choose(town);
-    build_tileset(state);
+    Town editor(true);
+    EditorState& state = editor.s;
     editor.form.edit_layer = 1;
     open_tile_chooser(state);
-    EXPECT_TRUE(state.form8.visible && state.form2.visible && state.form2.layer == 1);
+    EXPECT_TRUE(state.form8.visible && state.form2.visible);
     for (const int layer : {1, 0, 2}) {
-        if (state.form2.layer != layer) {
+        if (layer != 1) {
             state.form2.layer = layer;
             on_palette_layer(state);
         }
-        EXPECT_EQ(editor.form.edit_layer, layer);
-        for (int y = 0; y < 512; ++y)
-            for (int x = 0; x < 512; ++x) {
-                const Formation tile = whole_formation(state.bitmaps, layer, y / 32 * 16 + x / 32);
-                const bool line = x % 32 == 0 || y % 32 == 0;
-                ASSERT_EQ(state.tile_sheet.row(y)[x],
-                          line ? 0xFFFFFF
-                               : tile[static_cast<std::size_t>(y % 32 / 2 * 16 + x % 32 / 2)]);
-            }
+        EXPECT_EQ(std::pair(editor.form.edit_layer, state.form2.layer), std::pair(layer, layer));
+        for (int i = 0; i < 512 * 512; ++i) {
+            const int x = i % 512, y = i / 512, pixel = y % 32 / 2 * 16 + x % 32 / 2;
+            const Formation tile = whole_formation(state.bitmaps, layer, y / 32 * 16 + x / 32);
+            ASSERT_EQ(state.tile_sheet.row(y)[x], x % 32 == 0 || y % 32 == 0
+                                                      ? 0xFFFFFF
+                                                      : tile[static_cast<std::size_t>(pixel)]);
+        }
     }
     choose_tile(state, -1, 0);
     choose_tile(state, 0, 512);

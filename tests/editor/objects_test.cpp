@@ -71,8 +71,7 @@ TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
         refresh_map(editor.s);
         EXPECT_EQ(editor.s.picture.row(c.row * 32)[c.column * 32], c.corner) << c.boxes;
         editor.click(c.column, c.row);
-        EXPECT_EQ(editor.window.TabStrip1, c.tab) << c.boxes;
-        EXPECT_EQ(editor.index(), c.index) << c.boxes;
+        EXPECT_EQ(std::pair(editor.window.TabStrip1, editor.index()), std::pair(c.tab, c.index));
         EXPECT_EQ(editor.window.visible, c.index >= 0);
     }
     ObjectEditor editor(0); // NPCs are found from their first drawing on, others at once
@@ -125,6 +124,18 @@ TEST(ObjectWindow, WalksRecordsAndIsBlankWithoutOne) {
     EXPECT_EQ(editor.window.Text1, "A0209");
     editor.scroll(2);
     expect_blank(3);
+    for (const int index : {-1, 1, 99}) { // outside of the rows
+        open_object(editor.s, npc, 0);
+        open_object(editor.s, npc, index);
+        expect_blank(3);
+    }
+}
+
+TEST(Objects, AWorldLeavesNoRowsOfTheKindsThatItDoesNotRead) {
+    ObjectEditor editor;
+    editor.form.Combo1 = 0;
+    read_world_objects(editor.s);
+    EXPECT_EQ(editor.s.objects[npc].row_count, 0);
 }
 
 TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
@@ -132,19 +143,26 @@ TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
     Bytes& image = editor.image();
     for (std::size_t i = 0; i < 512; ++i)
         image[0x268200 + i] = image[0x23200 + i] = static_cast<std::uint8_t>(i * 5 + 1);
-    put_word(image, 0xD2F2 + 2 * 0x57, 0x3000);
-    put_word(image, 0xD43C + 2 * 0x57, 0xC2);
+    for (const std::size_t sprite : {0x57u, 0x72u}) {
+        put_word(image, 0xD2F2 + 2 * sprite, 0x3000);
+        put_word(image, 0xD43C + 2 * sprite, 0xC2);
+    }
     open_object(editor.s, npc, 0);
     Form10 expected;
     draw_sprite_preview(editor.s.rom, 0x23200, 0x57, 6, expected);
-    for (const auto& [sprite, palette] :
-         {std::pair{"57", "e"}, {"", "1"}, {" ", "1"}, {"73", "1"}}) {
-        editor.window.Text7 = sprite, editor.window.Text2 = palette;
+    // clang-format off
+    const struct { const char *sprite, *palette; int byte; bool drawn; } cases[] = {
+        {"57", "e", 0x57, true}, {"", "1", 0x57, false}, {" ", "1", 0x57, false}, {"72", "6", 0x72, true}, {"73", "1", 0x72, false}};
+    // clang-format on
+    for (const auto& c : cases) {
+        editor.window.Text7 = c.sprite, editor.window.Text2 = c.palette;
+        if (c.drawn)
+            editor.window.Picture1.fill(1);
         on_sprite_text(editor.s);
-        if (std::string(sprite) != "73") // alone, it leaves the picture
+        if (c.byte == 0x57)
             on_palette_text(editor.s);
-        EXPECT_TRUE(editor.window.Picture1 == expected.Picture1) << sprite;
-        EXPECT_EQ(editor.s.selected_object.bytes[6], 0x57);
+        EXPECT_TRUE(editor.window.Picture1 == expected.Picture1) << c.sprite;
+        EXPECT_EQ(editor.s.selected_object.bytes[6], c.byte);
         EXPECT_EQ(editor.s.selected_object.bytes[2], 0x38);
     }
     EXPECT_TRUE(editor.dialogs.silent());
@@ -155,8 +173,7 @@ TEST(ObjectWindow, SavesItsRecordAndNothingElse) {
         ObjectEditor editor;
         const int index = kind == event_trigger ? 0 : 1;
         open_object(editor.s, kind, index);
-        if (kind == chest)
-            editor.window.option = -1; // as the image has it
+        editor.window.option = -1; // as the image has it
         save_object(editor.s);
         EXPECT_TRUE(editor.image() == objects_image());
         editor.column(kind) = "B";
@@ -203,7 +220,10 @@ TEST(ObjectWindow, SavesIntoTheImageOfItsListsAlone) {
     editor.disk["other.smc"] = objects_image();
     open_image_file(editor.s, "other.smc");
     save_object(editor.s);
-    EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_EQ(editor.dialogs.messages,
+              (Messages{{"This object was read from another image than the open one. Build the map "
+                         "of the open image first. Nothing is written.",
+                         "Error"}}));
     EXPECT_EQ(editor.disk.writes, 0);
     refresh_map(editor.s);
     EXPECT_EQ(editor.index(), -1);

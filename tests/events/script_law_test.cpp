@@ -1,56 +1,42 @@
 // What holds for every script: it is encoded as it was read, and a command that is normalised,
 // removed or retyped takes no other with it. Compared with an independent walk over the bytes.
 
+#include "rom/number_text.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdio>
 
 namespace veldrune::test {
 namespace {
 
 // The length of every command; q: queue, m: map data, o: offset list, l: counted list,
 // c: conditional.
-constexpr char lengths[] = "qqqqqqqqqqqqqqqq"  // 00
-                           "qqqqqqqqqqqqqqqq"  // 10
-                           "qqqqqqqqqqqqqqqq"  // 20
-                           "qqqqq22311115223"  // 30
-                           "3223312131133311"  // 40
-                           "2424122222211333"  // 50
-                           "3422331111667111"  // 60
-                           "333mm11224512233"  // 70
-                           "2211332244433211"  // 80
-                           "1111111124122111"  // 90
-                           "6211111211111111"  // A0
-                           "214522o5222134l1"  // B0
-                           "cccccccccccccccc"  // C0
-                           "2222222222222211"  // D0
-                           "1111111144441113"  // E0
-                           "2322244112111111"; // F0
+constexpr char command_lengths[] =
+    "qqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqq22311115223"  // 00
+    "322331213113331124241222222113333422331111667111333mm11224512233"  // 40
+    "221133224443321111111111241221116211111211111111214522o5222134l1"  // 80
+    "cccccccccccccccc222222222222221111111111444411132322244112111111"; // C0
 
 std::size_t action_length(std::uint8_t code) {
     const bool two = (code >= 0xE0 && code <= 0xE6) || (code >= 0xFA && code <= 0xFD);
     return code == 0xF9 ? 4 : code == 0xD5 ? 3 : two ? 2 : 1;
 }
 
-struct Walk {
+// A walk over the bytes of a script that knows nothing of the program.
+struct ScriptWalk {
     const Bytes& bytes;
     int dialogue = 0;
     std::size_t options = 0;
     std::vector<std::size_t> starts; // of the commands
     std::size_t end = 0;             // behind the final FE; 0 where it is not among the bytes
 
-    explicit Walk(const Bytes& script) : bytes(script) {
-        for (std::size_t at = 0; at < bytes.size();) {
+    explicit ScriptWalk(const Bytes& script) : bytes(script) {
+        for (std::size_t at = 0; at < bytes.size() && end == 0;) {
             const std::size_t next = at + length_at(at);
             if (next > bytes.size())
                 break;
             starts.push_back(at);
-            if (bytes[at] == 0xFE) {
-                end = next;
-                break;
-            }
+            end = bytes[at] == 0xFE ? next : 0;
             at = next;
         }
     }
@@ -59,13 +45,11 @@ struct Walk {
         const std::uint8_t code = bytes[at];
         if (code == 0x48 || code == 0x4B) {
             const int n = static_cast<int>(byte(at + 1) + 256 * byte(at + 2));
-            dialogue = n >= 0x8000   ? n - 0x8000
-                       : n >= 0x4000 ? n - 0x4000
-                       : n < 0xFA0   ? n
-                                     : dialogue;
+            const int low = n >= 0x8000 ? n - 0x8000 : n >= 0x4000 ? n - 0x4000 : n;
+            dialogue = n >= 0x4000 || n < 0xFA0 ? low : dialogue;
             options = static_cast<std::size_t>(options_of(dialogue));
         }
-        switch (lengths[code]) {
+        switch (command_lengths[code]) {
         case 'q':
             return 2 + queue_length(at + 2, byte(at + 1));
         case 'm':
@@ -78,7 +62,7 @@ struct Walk {
         case 'c':
             return 6 + 2 * (code & 7u);
         default:
-            return static_cast<std::size_t>(lengths[code] - '0');
+            return static_cast<std::size_t>(command_lengths[code] - '0');
         }
     }
     std::size_t queue_length(std::size_t at, std::size_t count) const {
@@ -109,7 +93,7 @@ Bytes any_bytes(Random& random, int count) {
 // A whole script of such bytes, and the commands that it makes.
 struct AnyScript {
     Bytes bytes;
-    Walk walk;
+    ScriptWalk walk;
     explicit AnyScript(Random& random)
         : bytes(joined({any_bytes(random, 1 + random.below(200)), Bytes(400, 0xFE)})), walk(bytes) {
         bytes.resize(walk.end);
@@ -121,7 +105,7 @@ void expect_law(ScriptEditor& editor, const Bytes& bytes) {
     Bytes padded = bytes;
     padded.resize(longest_script, 0xFE);
     editor.load(padded);
-    const Walk walk(padded);
+    const ScriptWalk walk(padded);
     std::vector<std::size_t> codes, shown;
     for (const std::size_t start : walk.starts)
         codes.push_back(padded[start]);
@@ -149,16 +133,14 @@ TEST(ScriptLaw, EveryCommandAndEveryCutComesBack) {
         const Bytes list{0xBE, 3, 1, 2, 3, 0xFE, 5, 6, 7, 0xFE, 0xFE};
         Bytes script = joined({list, {static_cast<std::uint8_t>(code), 9, 3, 2, 4}});
         script = joined({script, any_bytes(random, 30), Bytes(800, 0x38)});
-        const Walk walk(script);
+        const ScriptWalk walk(script);
         script.resize(code == 0xFE ? walk.end : walk.starts.at(2));
         script = joined({script, {0x38, 0xFE}});
         // As it is, and with an FE in the place of every argument.
         for (std::size_t at = list.size(); at + 2 < script.size(); ++at) {
             Bytes cut = script;
             cut[at] = at == list.size() ? cut[at] : 0xFE;
-            expect_law(editor, cut);
-            if (HasFatalFailure())
-                FAIL() << code << " at " << at;
+            ASSERT_NO_FATAL_FAILURE(expect_law(editor, cut)) << code << " at " << at;
         }
     }
 }
@@ -168,9 +150,8 @@ TEST(ScriptLaw, EveryActionComesBackUnderEveryCount) {
     for (int action = 0; action < 256; ++action)
         for (const int count : {0, 1, 2, 3, 5, 0x7F, 0x80, 0x81, 0x85, 0xFF}) {
             const auto code = static_cast<std::uint8_t>(action);
-            expect_law(editor, {5, static_cast<std::uint8_t>(count), code, 1, 0xFE, code, 3, 0xFF});
-            if (HasFatalFailure())
-                FAIL() << action << " " << count;
+            const Bytes bytes{5, static_cast<std::uint8_t>(count), code, 1, 0xFE, code, 3, 0xFF};
+            ASSERT_NO_FATAL_FAILURE(expect_law(editor, bytes)) << action << " " << count;
         }
 }
 
@@ -178,18 +159,16 @@ TEST(ScriptLaw, RandomScriptsComeBack) {
     ScriptEditor editor;
     for (unsigned seed = 0; seed < 4000; ++seed) {
         Random random(seed);
-        expect_law(editor, any_bytes(random, 1 + random.below(600)));
-        if (HasFatalFailure())
-            FAIL() << seed;
+        const Bytes bytes = any_bytes(random, 1 + random.below(600));
+        ASSERT_NO_FATAL_FAILURE(expect_law(editor, bytes)) << seed;
     }
-}
-
-bool same_rows(const ScriptRow& a, const ScriptRow& b) {
-    return a.cells == b.cells && a.height == b.height;
 }
 
 TEST(ScriptLaw, NormalisingTouchesItsOwnRowsAndNoValue) {
     ScriptEditor editor;
+    const auto same_rows = [](const ScriptRow& a, const ScriptRow& b) {
+        return a.cells == b.cells && a.height == b.height;
+    };
     for (unsigned seed = 0; seed < 400; ++seed) {
         Random random(seed);
         const AnyScript script(random);
@@ -212,14 +191,6 @@ TEST(ScriptLaw, NormalisingTouchesItsOwnRowsAndNoValue) {
     }
 }
 
-// The row in which the index-th command begins.
-int row_of_command(const ScriptGrid& grid, std::size_t index) {
-    int row = 1;
-    for (; index > 0; --index)
-        row = command_end(grid, row);
-    return row;
-}
-
 TEST(ScriptLaw, RemovingAndRetypingTakeTheirOwnBytesAndNoOthers) {
     ScriptEditor editor;
     for (unsigned seed = 0; seed < 600; ++seed) {
@@ -228,15 +199,14 @@ TEST(ScriptLaw, RemovingAndRetypingTakeTheirOwnBytesAndNoOthers) {
         const std::vector<std::size_t>& starts = script.walk.starts;
         if (starts.size() < 2)
             continue;
-        const auto index =
-            static_cast<std::size_t>(random.below(static_cast<int>(starts.size()) - 1));
-        const auto at = [&](std::size_t command) {
-            return script.bytes.begin() + static_cast<std::ptrdiff_t>(starts[command]);
-        };
-        const Bytes before(script.bytes.begin(), at(index)),
-            behind(at(index + 1), script.bytes.end());
+        const std::size_t index = random.engine() % (starts.size() - 1);
+        const std::uint8_t* bytes = script.bytes.data();
+        const Bytes before(bytes, bytes + starts[index]);
+        const Bytes behind(bytes + starts[index + 1], bytes + script.bytes.size());
         editor.load(script.bytes);
-        const int row = row_of_command(editor.window.grid, index);
+        int row = 1;
+        for (std::size_t command = 0; command < index; ++command)
+            row = command_end(editor.window.grid, row);
         if (random.below(2) == 0) {
             const int clicked = row + random.below(command_end(editor.window.grid, row) - row);
             const int column = clicked == row ? 0 : is_blank(editor.cell(clicked, 1)) ? 2 : 1;
@@ -260,9 +230,7 @@ struct AnyAction {
     std::vector<std::string> typed;
     explicit AnyAction(Random& random) : bytes{random.byte()} {
         const std::size_t length = action_length(bytes[0]);
-        char code[3];
-        std::snprintf(code, sizeof code, "%X", bytes[0]);
-        typed.push_back(code);
+        typed.push_back(format_hex(bytes[0]));
         bytes.resize(length, length == 4 ? 0 : 7);
         typed.resize(length == 4 ? 2 : length, length == 4 ? "0A0200" : "7");
     }

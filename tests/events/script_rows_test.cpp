@@ -1,6 +1,7 @@
 // What the rows of a script look like, as loaded and as normalised, and what a save refuses.
 
 #include "events/command_table.h"
+#include "support/hex_bytes.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
@@ -10,76 +11,55 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
+std::string joined(const Rows& rows) {
+    std::string all;
+    for (const std::string& row : rows)
+        all += (all.empty() ? "" : "; ") + row;
+    return all;
+}
+
 TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
-    const struct {
-        Bytes bytes;
-        Rows loaded;
-        Rows normalised; // the secondary or tertiary cells of the first command alone
-    } cases[] = {
-        {{0x3D, 7}, {"3D|||Create Object|0", "|7||Object Number|0"}, {"07"}},
-        {{0x84, 0x2C, 1}, {"84|||Give GP to Party|0", "|12C||Amount|0"}, {"012C"}},
-        {{0x51, 1, 2, 3},
-         {"51|||Modify Background Color Range|0", "|1||?Color|0", "|2||?From|0", "|3||?To|0"},
-         {"01", "02", "03"}},
-        {{0x55, 0xA5},
-         {"55|||Flash Screen With Color|0", "|A||Color (0 to F)|0", "|5||Intensity (0 to F)|0"},
-         {"0A", "05"}},
-        {{0xB3, 9, 0x11, 0x22, 0x33},
-         {"B3|||Unknown|0", "|9||Unknown|0", "|3D2411||Unknown|0"},
-         {"09", "3D2411"}},
-        {{0xC1, 1, 0, 2, 0x80, 0, 0, 0},
-         {"C1|||Conditional (Branch to Location if Parameter is Met|0", "|1||Parameter 1|0",
-          "|8002||Parameter 2|0", "|A0200||Location|0"},
-         {"0001", "8002", "0A0200"}},
-        {{0x74, 1, 2, 2, 3, 0x0A, 0x1B, 0x2C, 0x03, 0xE4, 0xF5},
-         {"74|||Change Layer 1 Map Data (Without Refresh)|0", "|1||New Map Data X Position|0",
-          "|2||New Map Data Y Position|0", "|2||New Map Data Width|0", "|3||New Map Data Height|0",
-          "|0A 1B /2C 03 /E4 F5 /||New Data|750"},
-         {"01", "02", "02", "03", "0A1B/ 2C03/ E4F5/"}},
-        {{0xBE, 2, 0, 0, 0, 0xFF, 0xFF, 0xFF}, // the highest pointer stays whole
-         {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0",
-          "|2||Number of Parameters|0", "|A0200/10A01FF/||Location|500"},
-         {"02", "0A0200/ 10A01FF/"}},
-        {{0xBE, 0},
-         {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0",
-          "|0||Number of Parameters|0", "|||Location|0"},
-         {"00", ""}},
-        {{0x73, 1, 2, 0, 3},
-         {"73|||Change Layer 1 Map Data (With Refresh)|0", "|1||New Map Data X Position|0",
-          "|2||New Map Data Y Position|0", "|0||New Map Data Width|0", "|3||New Map Data Height|0",
-          "|||New Data|750"},
-         {"01", "02", "00", "03", ""}},
-        // A size beyond 8 bits: the data has what the script holds of it.
-        {{0x73, 1, 2, 3, 0x56, 0x0A, 0x1B},
-         {"73|||Change Layer 1 Map Data (With Refresh)|0", "|1||New Map Data X Position|0",
-          "|2||New Map Data Y Position|0", "|3||New Map Data Width|0", "|56||New Map Data Height|0",
-          "|0A 1B /||New Data|21500"},
-         {"01", "02", "03", "56", "0A1B/"}},
-        {{0x05, 0x8A, 0x80, 0xD5, 1, 2, 0xF9, 0x11, 0x22, 0x33, 0xAC, 0xFF},
-         {"5|||Action Queue|0", "|8A||Number of Bytes in Queue (includes end command)|0",
-          "|80||Move Character Up 1 Tile|0", "|D5||Set Position|0", "||1|Destination X|0",
-          "||2|Destination Y|0", "|F9||Branch to Sub Action Queue Code|0", "||3D2411|Offset|0",
-          "|AC|||0", "|FF||End Queue|0"},
-         {"8A", "80", "D5", "01", "02", "F9", "3D2411", "AC", "FF"}},
-        {{0x05, 0x02, 0xFF, 0xE0, 0x07}, // FF ends nothing, and the last action is read whole
-         {"5|||Action Queue|0", "|2||Number of Bytes in Queue (includes end command)|0",
-          "|FF||End Queue|0", "|E0||Pause for xx Units|0", "||7|xx|0"},
-         {"02", "FF", "E0", "07"}},
-        {{0x66}, {"66|||Uncoded|0"}, {}},
+    const std::string list =
+        "BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0; ";
+    const std::string queue = "5|||Action Queue|0; ",
+                      in_queue = "||Number of Bytes in Queue (includes end command)|0; ";
+    const std::string change = "|1||New Map Data X Position|0; |2||New Map Data Y Position|0; ";
+    // clang-format off
+    const struct { const char* bytes; std::string loaded, normalised; } cases[] = { // as cells of the first command alone
+        {"3D 07", "3D|||Create Object|0; |7||Object Number|0", "07"},
+        {"84 2C 01", "84|||Give GP to Party|0; |12C||Amount|0", "012C"},
+        {"51 01 02 03", "51|||Modify Background Color Range|0; |1||?Color|0; |2||?From|0; |3||?To|0", "01; 02; 03"},
+        {"55 A5", "55|||Flash Screen With Color|0; |A||Color (0 to F)|0; |5||Intensity (0 to F)|0", "0A; 05"},
+        {"B3 09 11 22 33", "B3|||Unknown|0; |9||Unknown|0; |3D2411||Unknown|0", "09; 3D2411"},
+        {"C1 01 00 02 80 00 00 00", "C1|||Conditional (Branch to Location if Parameter is Met|0; |1||Parameter 1|0; "
+            "|8002||Parameter 2|0; |A0200||Location|0", "0001; 8002; 0A0200"},
+        {"74 01 02 02 03 0A 1B 2C 03 E4 F5", "74|||Change Layer 1 Map Data (Without Refresh)|0; " + change +
+            "|2||New Map Data Width|0; |3||New Map Data Height|0; |0A 1B /2C 03 /E4 F5 /||New Data|750",
+            "01; 02; 02; 03; 0A1B/ 2C03/ E4F5/"},
+        {"73 01 02 00 03", "73|||Change Layer 1 Map Data (With Refresh)|0; " + change +
+            "|0||New Map Data Width|0; |3||New Map Data Height|0; |||New Data|750", "01; 02; 00; 03; "},
+        {"73 01 02 03 56 0A 1B", "73|||Change Layer 1 Map Data (With Refresh)|0; " + change + // a size beyond 8 bits
+            "|3||New Map Data Width|0; |56||New Map Data Height|0; |0A 1B /||New Data|21500", "01; 02; 03; 56; 0A1B/"},
+        {"BE 02 00 00 00 FF FF FF", list + "|2||Number of Parameters|0; |A0200/10A01FF/||Location|500", // the highest pointer stays whole
+            "02; 0A0200/ 10A01FF/"},
+        {"BE 00", list + "|0||Number of Parameters|0; |||Location|0", "00; "},
+        {"05 8A 80 D5 01 02 F9 11 22 33 AC FF", queue + "|8A" + in_queue + "|80||Move Character Up 1 Tile|0; |D5||Set Position|0; "
+            "||1|Destination X|0; ||2|Destination Y|0; |F9||Branch to Sub Action Queue Code|0; ||3D2411|Offset|0; |AC|||0; "
+            "|FF||End Queue|0", "8A; 80; D5; 01; 02; F9; 3D2411; AC; FF"},
+        {"05 02 FF E0 07", queue + "|2" + in_queue + "|FF||End Queue|0; |E0||Pause for xx Units|0; ||7|xx|0", // the last action is read whole
+            "02; FF; E0; 07"},
+        {"66", "66|||Uncoded|0", ""},
     };
+    // clang-format on
     for (const auto& c : cases) {
-        Bytes script = c.bytes;
-        script.insert(script.end(), {0x38, 0xFE});
-        ScriptEditor editor(script);
-        Rows rows = c.loaded;
-        rows.insert(rows.end(), {"38|||Hold Screen|0", "FE|||Return|0"});
-        EXPECT_EQ(editor.rows(), rows);
+        ScriptEditor editor(hex_bytes(c.bytes + std::string(" 38 FE")));
+        EXPECT_EQ(joined(editor.rows()), c.loaded + "; 38|||Hold Screen|0; FE|||Return|0");
         EXPECT_FALSE(normalise_command(editor.window.grid, 1, editor.dialogs));
         Rows cells;
-        for (int row = 2; row <= static_cast<int>(c.loaded.size()); ++row)
+        for (int row = 2; row < command_end(editor.window.grid, 1); ++row)
             cells.push_back(editor.trimmed(editor.cell(row, 1)) +
                             editor.trimmed(editor.cell(row, 2)));
-        EXPECT_EQ(cells, c.normalised) << c.loaded[0];
+        EXPECT_EQ(joined(cells), c.normalised) << c.loaded;
     }
 }
 
@@ -98,26 +78,20 @@ TEST(ScriptRows, CellsCarryABlankInFrontAndTheGridASpareRow) {
 }
 
 TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
-    const struct {
-        Bytes bytes;
-        std::string row; // of the reference that stands last
-    } cases[] = {
-        {{0x4B, 0x05, 0x40}, "|4005||A/> B/> C/> D/> E/> F|1750"},
-        {{0x4B, 0x02, 0x80}, "|8002||A/> B/> C|1000"},
-        {{0x48, 0x01, 0x00}, "|1||A/> B|800"},
-        {{0x4B, 0x9F, 0x0F}, "|F9F|||500"},                   // past the table: an empty text
-        {{0x4B, 0x00, 0x10}, "|1000||A|500"},                 // dialogue 0 before any other
-        {{0x4B, 1, 0, 0x4B, 0xFF, 0x3F}, "|3FFF||A/> B|750"}, // the one before it stays
-        {{0x4B, 1, 0, 0x4B, 0xA0, 0x0F}, "|FA0||A/> B|750"},
-        {{0x4B, 2, 0, 0xB6, 1, 0, 0, 2, 0, 0}, "|A0201/A0202/||Offset|500"},
-        {{0x4B, 0, 0, 0xB6}, "|||Offset|0"},
-        {{0xBE, 1, 9, 0, 0, 0xB6, 1, 0, 0}, "|A0201/||Offset|250"}, // a list count in between
+    // clang-format off
+    const struct { const char *bytes, *row; } cases[] = { // the row of the reference that stands last
+        {"4B 05 40", "|4005||A/> B/> C/> D/> E/> F|1750"}, {"4B 02 80", "|8002||A/> B/> C|1000"}, {"48 01 00", "|1||A/> B|800"},
+        {"4B 9F 0F", "|F9F|||500"},   // past the table: an empty text
+        {"4B 00 10", "|1000||A|500"}, // dialogue 0 before any other
+        {"4B 01 00 4B FF 3F", "|3FFF||A/> B|750"}, {"4B 01 00 4B A0 0F", "|FA0||A/> B|750"}, // the one before it stays
+        {"4B 02 00 B6 01 00 00 02 00 00", "|A0201/A0202/||Offset|500"}, {"4B 00 00 B6", "|||Offset|0"},
+        {"BE 01 09 00 00 B6 01 00 00", "|A0201/||Offset|250"}, // a list count in between
         // An FE at the first cut leaves no trace: not as dialogue FE48, not in its options.
-        {{0x4B, 1, 0, 0x48, 0xFE, 0x10, 0xB6, 1, 0, 0}, "|A0201/||Offset|250"},
+        {"4B 01 00 48 FE 10 B6 01 00 00", "|A0201/||Offset|250"},
     };
+    // clang-format on
     for (const auto& c : cases) {
-        Bytes script = c.bytes;
-        script.push_back(0xFE);
+        const Bytes script = hex_bytes(c.bytes + std::string(" FE"));
         ScriptEditor editor(script);
         const Rows rows = editor.rows();
         EXPECT_EQ(rows.at(rows.size() - 2), c.row);
@@ -126,33 +100,28 @@ TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
 }
 
 TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
-    const std::string list_words =
+    const ScriptedDialogs::Message list_told{
         "Each offset must be 6 digit hex, (i.e. 0A0200 or some such thing)\n"
-        "You can use spaces as seporators, but nothing else or so help me God...";
-    const std::string data_words = "You've entered the map data in an incorrect format.\n"
-                                   "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
-                                   "and you must enter exactly (Width*Height) bytes of data.";
+        "You can use spaces as seporators, but nothing else or so help me God...",
+        "Oh no jou dihdn't"};
+    const ScriptedDialogs::Message data_told{
+        "You've entered the map data in an incorrect format.\n"
+        "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
+        "and you must enter exactly (Width*Height) bytes of data.",
+        "Nope"};
     const Bytes options{0x4B, 2, 0, 0xB6, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes counted{0xBE, 2, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes map_data{0x73, 0, 0, 2, 3, 1, 2, 3, 4, 5, 6, 0xFE};
-    const struct {
-        Bytes script;
-        int row;
-        std::string typed, shown;
-        int height;
-    } cases[] = {
-        {options, 4, "0a0203 0A0 204", "0a0203/ 0A0204/", 500},
-        {options, 4, "0A02030A0204\n0A0205", "0A0203/ 0A0204/ 0A0205/", 750},
-        {options, 4, "A0203", "0A0203/", 250},
-        {options, 4, "A0203\r\n10A01FF\r\nB0000", "0A0203/ 10A01FF/ 0B0000/", 750},
-        {counted, 3, "A0203 A0204", "", 0},                 // ten digits in a line
-        {counted, 3, "A0203 A0204 A0205 A0206 A0207 A0208", // thirty: no guess where one ends
-         "A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/", 1250},
+    // clang-format off
+    const struct { Bytes script; int row; std::string typed, shown; int height; } cases[] = {
+        {options, 4, "0a0203 0A0 204", "0a0203/ 0A0204/", 500},  {options, 4, "0A02030A0204\n0A0205", "0A0203/ 0A0204/ 0A0205/", 750},
+        {options, 4, "A0203", "0A0203/", 250},                   {options, 4, "A0203\r\n10A01FF\r\nB0000", "0A0203/ 10A01FF/ 0B0000/", 750},
+        {counted, 3, "A0203 A0204", "", 0}, // ten digits in a line; or thirty: no guess where one ends
+        {counted, 3, "A0203 A0204 A0205 A0206 A0207 A0208", "A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/", 1250},
         {options, 4, "12", "", 0},
-        {map_data, 6, "0a1B 2C03\r\ne4F5", "0a1B/ 2C03/ e4F5/", 750},
-        {map_data, 6, "0A1B2C03E4", "", 0},
-        {map_data, 6, "0A1B2C03E4F56", "", 0},
+        {map_data, 6, "0a1B 2C03\r\ne4F5", "0a1B/ 2C03/ e4F5/", 750}, {map_data, 6, "0A1B2C03E4", "", 0}, {map_data, 6, "0A1B2C03E4F56", "", 0},
     };
+    // clang-format on
     for (const auto& c : cases) {
         ScriptEditor editor(c.script);
         editor.click(c.row, 1);
@@ -166,10 +135,8 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
             EXPECT_FALSE(editor.window.Text2_visible);
             continue;
         }
-        const ScriptedDialogs::Message told =
-            c.script == map_data ? ScriptedDialogs::Message{data_words, "Nope"}
-                                 : ScriptedDialogs::Message{list_words, "Oh no jou dihdn't"};
-        EXPECT_EQ(editor.dialogs.messages, std::vector{told}) << c.typed;
+        EXPECT_EQ(editor.dialogs.messages,
+                  (Messages{c.script == map_data ? data_told : list_told}));
         EXPECT_TRUE(editor.window.Text2_visible);
         EXPECT_EQ(editor.window.Text2, "");
         EXPECT_EQ(editor.window.grid_row, c.row);
@@ -183,40 +150,27 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
 TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
     const Bytes script{0x3D, 7, 0x84, 1, 2,    0xB2, 0, 0, 0, 0xBE, 1, 0, 0,   0,
                        5,    3, 0xE0, 1, 0xFF, 0x73, 0, 0, 1, 2,    9, 9, 0xFE};
-    const std::string offset_words = "an offset lies between 0A0200 and 10A01FF";
-    const struct {
-        int row, column;
-        std::string text;
-        int told_row;
-        std::string why; // empty: it can be encoded
-    } cases[] = {
-        {2, 1, " FF ", 0, ""},
-        {2, 1, "100", 2, "its value does not fit in a byte"},
-        {2, 1, "100000001", 2, "its value does not fit in a byte"},
-        {4, 1, "FFFF", 0, ""},
-        {4, 1, "10000", 4, "its value does not fit in a word"},
-        {6, 1, "0A01FF", 6, offset_words},
-        {6, 1, " ", 6, offset_words},
-        {6, 1, "10A0200", 6, offset_words},
-        {6, 1, "10A01FF", 0, ""},
+    const char* in_byte = "its value does not fit in a byte";
+    const char* offset = "an offset lies between 0A0200 and 10A01FF";
+    const char* in_queue = "its actions do not make up its number of bytes";
+    // clang-format off
+    const struct { int row, column; const char* text; int told_row; std::string why; } cases[] = { // empty: it can be encoded
+        {2, 1, " FF ", 0, ""},         {2, 1, "100", 2, in_byte},    {2, 1, "100000001", 2, in_byte},
+        {4, 1, "FFFF", 0, ""},         {4, 1, "10000", 4, "its value does not fit in a word"},
+        {6, 1, "0A01FF", 6, offset},   {6, 1, " ", 6, offset},       {6, 1, "10A0200", 6, offset},   {6, 1, "10A01FF", 0, ""},
         {8, 1, "2", 9, "its list holds fewer offsets than its count tells"},
         {8, 1, "0", 0, ""}, // the first ones, as many as told
-        {9, 1, "0A01", 9, "its digits make no whole offsets"},
-        {9, 1, "000000", 9, offset_words},
-        {11, 1, "4", 11, "its actions do not make up its number of bytes"},
-        {11, 1, "2", 11, "its actions do not make up its number of bytes"},
-        {11, 1, "83", 0, ""},
-        {12, 1, "80", 13, "it belongs to no action"},
-        {12, 1, "1E0", 12, "its value does not fit in a byte"},
-        {13, 2, "1FF", 13, "its value does not fit in a byte"},
+        {9, 1, "0A01", 9, "its digits make no whole offsets"},       {9, 1, "000000", 9, offset},
+        {11, 1, "4", 11, in_queue},    {11, 1, "2", 11, in_queue},   {11, 1, "83", 0, ""},
+        {12, 1, "80", 13, "it belongs to no action"},                {12, 1, "1E0", 12, in_byte},    {13, 2, "1FF", 13, in_byte},
         {14, 1, "D5", 14, "the action lacks rows"},
         {18, 1, "3", 20, "its width and height take exactly 6 bytes of data"},
-        {1, 0, " ", 1, "it belongs to no command"},
-        {3, 0, " ", 3, "its command has no such row"},
+        {1, 0, " ", 1, "it belongs to no command"},                  {3, 0, " ", 3, "its command has no such row"},
         {4, 0, "38", 3, "the command lacks rows"},
         {3, 0, "FE", 0, ""}, // what stands below the first FE is not looked at
         {21, 0, "38", 22, "the script has no FE at its end"},
     };
+    // clang-format on
     for (const auto& c : cases) {
         ScriptEditor editor(script);
         editor.window.grid[static_cast<std::size_t>(c.row)]
@@ -224,14 +178,14 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
         save_script(*editor.state);
         EXPECT_EQ(editor.disk.writes, c.why.empty() ? 1 : 0) << c.row << c.text;
         EXPECT_EQ(editor.window.Text2_visible, !c.why.empty());
-        std::vector<ScriptedDialogs::Message> told;
+        EXPECT_EQ(editor.dialogs.messages,
+                  Messages(c.why.empty() ? 0 : 1,
+                           {"Row " + std::to_string(c.told_row) + " can't be saved: " + c.why + ".",
+                            "Error"}));
         if (!c.why.empty()) {
-            told = {
-                {"Row " + std::to_string(c.told_row) + " can't be saved: " + c.why + ".", "Error"}};
             EXPECT_EQ(editor.window.grid_row, c.told_row);
             EXPECT_EQ(editor.window.Text2, editor.cell(c.told_row, editor.window.grid_column));
         }
-        EXPECT_EQ(editor.dialogs.messages, told) << c.row << c.text;
     }
 }
 
@@ -242,9 +196,8 @@ TEST(ScriptRows, ACellThatIsNotHexadecimalIsToldAndCountsAsTheParserSays) {
     editor.window.grid[5].cells[1] = "F3"; // of a nibble's cell the low four bits
     EXPECT_EQ(editor.encode().bytes, (Bytes{0x3D, 0x11, 0x55, 0x03, 0xFE}));
     EXPECT_EQ(editor.dialogs.messages,
-              (std::vector<ScriptedDialogs::Message>{
-                  {"The number G1 you've entered is not valid hex", "Warning"},
-                  {"invalid hex", "I Pity The Fool"}}));
+              (Messages{{"The number G1 you've entered is not valid hex", "Warning"},
+                        {"invalid hex", "I Pity The Fool"}}));
 }
 
 } // namespace

@@ -10,18 +10,11 @@
 namespace veldrune::test {
 namespace {
 
-struct Image {
-    MemoryDisk disk;
-    ScriptedDialogs dialogs;
-    RomImage rom{disk};
-    Image() {
-        disk["a"] = Bytes(rom_layout::image_size, 0);
-        rom.open("a");
-    }
+struct Image : OpenImage {
+    Image() : OpenImage(Bytes(rom_layout::image_size, 0)) {}
     void word(std::int64_t offset, int value) {
-        const std::uint8_t bytes[] = {static_cast<std::uint8_t>(value),
-                                      static_cast<std::uint8_t>(value >> 8)};
-        rom.write(offset, bytes);
+        rom.write_byte(offset, static_cast<std::uint8_t>(value));
+        rom.write_byte(offset + 1, static_cast<std::uint8_t>(value >> 8));
     }
     // Packs bytes to a stream at an offset.
     void stream(std::int64_t offset, std::span<const std::uint8_t> bytes) {
@@ -38,19 +31,17 @@ TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
     image.word(0x9401 - 16 + 10 * 2 + 6, 0x7FFF); // frame 3
     AnimTileTable table{};
     fill_anim_tile_table(image.rom, 3, table);
-    EXPECT_EQ(table[8], 0x260300);
-    EXPECT_EQ(table[11], 0x260300 + 3 * 32);
-    EXPECT_EQ(table[12], 0x260200);
-    EXPECT_EQ(table[64 + 8], 0x624FF - 0x20);
-    EXPECT_EQ(table[64 + 11], 0x624FF - 0x20); // nothing is added for the character
-    EXPECT_EQ(table[128 + 8], 0x624FF);
-    EXPECT_EQ(table[192 + 9], 0x624FF + 0x7FFF);
+    const std::pair<std::size_t, int> entries[] = {
+        {8, 0x260300},      {11, 0x260300 + 3 * 32},    {12, 0x260200},
+        {64 + 8, 0x624DF},  {64 + 11, 0x624DF}, // nothing is added for the character
+        {128 + 8, 0x624FF}, {192 + 9, 0x624FF + 0x7FFF}};
+    for (const auto& [entry, offset] : entries)
+        EXPECT_EQ(table[entry], offset) << entry;
 
     const AnimTileTable before = table;
     refresh_first_frames(image.rom, 0, table);
     EXPECT_NE(table[8], before[8]);
-    for (std::size_t i = 64; i < 256; ++i)
-        EXPECT_EQ(table[i], before[i]);
+    EXPECT_TRUE(std::equal(table.begin() + 64, table.end(), before.begin() + 64));
 }
 
 TEST(TileSources, CharactersComeFromTheirGroups) {
@@ -66,13 +57,12 @@ TEST(TileSources, CharactersComeFromTheirGroups) {
     for (std::size_t i = 0; i < 256; ++i)
         anim[i] = rom_layout::animated_graphics + 32 * static_cast<int>(i);
     CharacterGraphics graphics;
-    const struct {
-        int attribute, tile, source;
-    } cases[] = {
-        {0x00, 0x80, 0x080},  {0xFC, 0xFF, 0x0FF},  {0x01, 0x00, 0x100},  {0x01, 0x7F, 0x17F},
-        {0x01, 0x80, 0x200},  {0x02, 0x00, 0x300},  {0x02, 0x80, 0x8000}, {0x02, 0xFF, 0x807F},
-        {0x03, 0x00, 0x8080}, {0x03, 0x7F, 0x80FF}, {0x03, 0x80, 0x8000}, {0x03, 0xFF, 0x807F},
+    // clang-format off
+    const struct { int attribute, tile, source; } cases[] = {
+        {0x00, 0x80, 0x080},  {0xFC, 0xFF, 0x0FF},  {0x01, 0x00, 0x100},  {0x01, 0x7F, 0x17F}, {0x01, 0x80, 0x200},  {0x02, 0x00, 0x300},
+        {0x02, 0x80, 0x8000}, {0x02, 0xFF, 0x807F}, {0x03, 0x00, 0x8080}, {0x03, 0x7F, 0x80FF}, {0x03, 0x80, 0x8000}, {0x03, 0xFF, 0x807F},
     };
+    // clang-format on
     for (const bool third_missing : {false, true}) {
         if (third_missing)
             groups[2].reset();
@@ -90,17 +80,13 @@ TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
     Image image;
     image.rom.write_pointer24(rom_layout::tileset_pointers + 3 * 84, 0x1234);
     Form1 form;
-    form.Text8 = "84";
-    form.Text9 = "85";
-    form.Text10 = "2147483647";
-    form.Text11 = "x";
-    const TilesetOffsets groups = read_tilesets(image.rom, form, image.dialogs);
-    EXPECT_EQ(groups[0], 0x1FDD00 + 0x1234);
-    EXPECT_FALSE(groups[1] || groups[2]);
-    EXPECT_EQ(groups[3], 0x1FDD00);
-    ASSERT_EQ(image.dialogs.messages.size(), 3u);
-    EXPECT_EQ(image.dialogs.messages[0].title, "Error");
-    EXPECT_EQ(image.dialogs.messages[2].title, "Warning");
+    form.Text8 = "84", form.Text9 = "85", form.Text10 = "2147483647", form.Text11 = "x";
+    const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
+    EXPECT_EQ(read_tilesets(image.rom, form, image.dialogs), expected);
+    EXPECT_EQ(image.dialogs.messages,
+              (Messages{{"There is no tileset 85: the highest is 84.", "Error"},
+                        {"There is no tileset 2147483647: the highest is 84.", "Error"},
+                        {"The number x you've entered is not valid decimal", "Warning"}}));
 }
 
 TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
@@ -130,11 +116,9 @@ TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
 }
 
 TEST(Palette, WordsBecomePackedColours) {
-    EXPECT_EQ(packed_colour(0x7FFF), 0xF8F8F8u);
-    EXPECT_EQ(packed_colour(0x001F), 0xF80000u);
-    EXPECT_EQ(packed_colour(0x03E0), 0x00F800u);
-    EXPECT_EQ(packed_colour(0x7C00), 0x0000F8u);
-    EXPECT_EQ(packed_colour(0x8000), 0u);
+    const Colour colours[] = {0xF8F8F8, 0xF80000, 0x00F800, 0x0000F8, 0};
+    for (int i = 0; const int word : {0x7FFF, 0x001F, 0x03E0, 0x7C00, 0x8000})
+        EXPECT_EQ(packed_colour(static_cast<std::uint16_t>(word)), colours[i++]);
     Image image;
     image.word(0x2DC780, 0x7FFF);
     EXPECT_EQ(read_palette(image.rom, map_palette_offset(0))[128], 0xF8F8F8u);
@@ -148,19 +132,14 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
         bytes[i] = static_cast<std::uint8_t>(i / 128 + 1);
     image.stream(rom_layout::layer_data + 0x10, bytes);
     auto buffer = std::make_unique<DecompressBuffer>();
-    const struct {
-        const char *width, *height;
-        int columns, rows;
-        bool rows_missing;
-    } cases[] = {{"128", "64", 128, 64, false},
-                 {"16", "16", 16, 16, false},
-                 {"64", "128", 64, 64, true},
-                 {"2147483647", "9999", 128, 64, true},
-                 {"x", "16", 0, 0, false}};
+    // clang-format off
+    const struct { const char *width, *height; int columns, rows; bool rows_missing; } cases[] = {
+        {"128", "64", 128, 64, false}, {"16", "16", 16, 16, false},               {"x", "16", 0, 0, false},
+        {"64", "128", 64, 64, true},   {"2147483647", "9999", 128, 64, true}};
+    // clang-format on
     for (const auto& c : cases) {
         Form1 form;
-        form.Text1 = c.width;
-        form.Text3 = c.height;
+        form.Text1 = c.width, form.Text3 = c.height;
         Layer layer;
         layer.layer_offset = 0x10;
         layer.map.cells.fill(0xEE);

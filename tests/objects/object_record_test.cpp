@@ -43,18 +43,16 @@ ObjectBytes summed(ObjectKind kind, const Form10& f, const ObjectBytes& old, con
     int b[9] = {};
     const int e = n[kind == npc ? 1 : 4] - 0xA0200;
     switch (kind) {
+        // clang-format off
     case npc:
-        b[0] = e, b[1] = e >> 8;
-        b[2] = (flag_bit & 3) * 64 + (old[2] & 0x20) + (n[2] & 7) * 4 + (e >> 16 & 0xFF);
-        b[3] = (flag_byte - 0x1EE0) * 2 + (flag_bit >> 2);
-        b[4] = n[5], b[5] = f.Combo3 * 64 + n[6], b[6] = n[7];
+        b[0] = e, b[1] = e >> 8, b[2] = (flag_bit & 3) * 64 + (old[2] & 0x20) + (n[2] & 7) * 4 + (e >> 16 & 0xFF);
+        b[3] = (flag_byte - 0x1EE0) * 2 + (flag_bit >> 2), b[4] = n[5], b[5] = f.Combo3 * 64 + n[6], b[6] = n[7];
         b[7] = f.Combo1 * 64 + f.Check2 * 32 + f.Check1 * 16 + f.Combo4;
         b[8] = (old[8] & 0xF8) + (f.Check3 ? 0 : 4) + f.Combo2;
         break;
     case chest:
-        b[0] = n[1], b[1] = n[2], b[2] = (flag_byte & 0x1F) * 8 + flag_bit;
+        b[0] = n[1], b[1] = n[2], b[2] = (flag_byte & 0x1F) * 8 + flag_bit, b[4] = f.Combo2;
         b[3] = f.Check3 * 4 + f.Check1 * 2 + f.Check2 + (f.option < 0 ? 0 : 8 << f.option);
-        b[4] = f.Combo2;
         break;
     case event_trigger:
         b[0] = n[1], b[1] = n[2], b[2] = e, b[3] = e >> 8, b[4] = e >> 16;
@@ -63,9 +61,9 @@ ObjectBytes summed(ObjectKind kind, const Form10& f, const ObjectBytes& old, con
         b[0] = n[1], b[1] = n[2], b[2] = n[4], b[3] = n[4] >> 8, b[4] = n[7], b[5] = n[5];
         break;
     case long_entrance:
-        b[0] = n[1], b[1] = n[2], b[2] = n[6], b[3] = n[4], b[4] = n[4] >> 8;
-        b[5] = n[7], b[6] = n[5];
+        b[0] = n[1], b[1] = n[2], b[2] = n[6], b[3] = n[4], b[4] = n[4] >> 8, b[5] = n[7], b[6] = n[5];
         break;
+        // clang-format on
     }
     ObjectBytes bytes;
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -115,7 +113,7 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
     };
     const Message invalid = {"invalid hex", "I Pity The Fool"};
     // clang-format off
-    const struct { ObjectKind kind; std::string Form10::*field; const char* text; std::vector<Message> messages; bool packed; } cases[] = {
+    const struct { ObjectKind kind; std::string Form10::*field; const char* text; Messages messages; bool packed; } cases[] = {
         {npc, &Form10::Text1, "A0200", {}, true},          {npc, &Form10::Text1, " A 02 00 ", {}, true},
         {npc, &Form10::Text1, "", {}, true},               {npc, &Form10::Text1, "0A0200", {large}, false},
         {npc, &Form10::Text1, "A020G", {hex("0A020G")}, true}, {npc, &Form10::Text4, "1EE0:4", {}, true},
@@ -137,13 +135,12 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         EXPECT_EQ(pack_object(c.kind, {}, form, dialogs).has_value(), c.packed) << c.text;
         EXPECT_EQ(dialogs.messages, c.messages) << c.text;
     }
-    // All fields are looked at, whatever went wrong before.
-    Form10 form;
+    Form10 form; // all fields are looked at, whatever went wrong before
     unpack_object(npc, {}, form);
     form.Text1 = "1234567", form.Text2 = "", form.Text4 = "1EE0:F", form.Text7 = "Z";
     ScriptedDialogs dialogs;
     EXPECT_FALSE(pack_object(npc, {}, form, dialogs));
-    EXPECT_EQ(dialogs.messages, (std::vector<Message>{large, invalid, bit, hex("Z")}));
+    EXPECT_EQ(dialogs.messages, (Messages{large, invalid, bit, hex("Z")}));
 }
 
 } // namespace

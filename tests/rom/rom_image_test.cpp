@@ -18,14 +18,12 @@ struct Folder {
     fs::path path = fs::temp_directory_path() / ("veldrune-test-" + std::to_string(::getpid()));
     Folder() { fs::create_directory(path); }
     ~Folder() { fs::remove_all(path); }
-    std::string file(const std::string& name, const Bytes& bytes = {}) const {
-        std::ofstream(path / name, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
+    std::string file(const std::string& name, const std::string& text) const {
+        std::ofstream(path / name) << text;
         return path / name;
     }
-    static Bytes contents(const std::string& name) {
-        std::ifstream in(name, std::ios::binary);
+    static std::string contents(const std::string& name) {
+        std::ifstream in(name);
         return {std::istreambuf_iterator<char>(in), {}};
     }
 };
@@ -77,8 +75,8 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
 TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
     const Folder folder;
     const std::unique_ptr<FileLayer> disk = make_disk();
-    const std::string a = folder.file("a", {1, 2, 3});
-    const std::string b = folder.file("b", {4});
+    const std::string a = folder.file("a", "123");
+    const std::string b = folder.file("b", "4");
     fs::create_hard_link(a, folder.path / "link");
     RomImage rom(*disk);
     ASSERT_TRUE(rom.open(a));
@@ -92,9 +90,9 @@ TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
     EXPECT_FALSE(disk->open(folder.path)); // a folder is no image
 
     // What is open counts, whatever its name is by now.
-    ASSERT_TRUE(rom.write_byte(3, 9));
+    ASSERT_TRUE(rom.write_byte(3, '9'));
     ASSERT_TRUE(rom.copy_to(a));
-    EXPECT_EQ(Folder::contents(a), (Bytes{1, 2, 3, 9}));
+    EXPECT_EQ(Folder::contents(a), "1239");
 }
 
 } // namespace

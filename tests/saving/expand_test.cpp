@@ -34,12 +34,8 @@ Bytes patched(Bytes image) {
     return image;
 }
 
-void expand(Editor& editor) {
-    expand_rom(*editor.state);
-}
-void patch(Editor& editor) {
-    apply_dialogue_patch(*editor.state);
-}
+constexpr auto expand = [](Editor& editor) { expand_rom(*editor.state); };
+constexpr auto patch = [](Editor& editor) { apply_dialogue_patch(*editor.state); };
 
 TEST(DialoguePatch, ChangesTheRoutineTheTableAndTheMark) {
     for (const std::size_t size : {0x300200u, 0x301000u, 0x400200u}) {
@@ -65,14 +61,21 @@ TEST(Expansion, FillsTheAddedMegabyteOnceAndWipesATableInIt) {
     EXPECT_TRUE(editor.image() == expected);
     editor.image()[0x350000] = expected[0x350000] = 1;
     expand(editor);
-    EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_EQ(editor.dialogs.messages,
+              (Messages{{"This image has been expanded to 32 Mbit already. Nothing has been "
+                         "changed.",
+                         "Error"}}));
     EXPECT_TRUE(editor.image() == expected);
 }
 
 TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
+    struct Patched : Editor {
+        Patched() : Editor(noise(0x300200)) { patch(*this); }
+    };
     const auto make = [] { return Editor(noise(0x300200)); };
     expect_prefixes_of_writes(make, expand);
     expect_prefixes_of_writes(make, patch);
+    expect_prefixes_of_writes([] { return Patched(); }, expand);
     for (const int read : {1, 2}) { // and what can't be read is not copied
         Editor editor(noise(0x300200));
         editor.disk.fail({read}, {});

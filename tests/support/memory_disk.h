@@ -57,7 +57,7 @@ class MemoryDisk : public FileLayer {
         if (fails(write_fault, ++writes) || exists(path))
             return nullptr;
         (*this)[path].clear();
-        return open(path);
+        return std::make_unique<OpenFile>(*this, files_[path]);
     }
     bool rename(const std::string& from, const std::string& to) override {
         if (fails(write_fault, ++writes) || !exists(from))

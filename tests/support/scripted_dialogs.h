@@ -3,6 +3,7 @@
 #include "forms/dialogs.h"
 
 #include <deque>
+#include <ostream>
 #include <vector>
 
 namespace veldrune::test {
@@ -15,6 +16,9 @@ class ScriptedDialogs : public Dialogs {
         std::string text;
         std::string title;
         bool operator==(const Message&) const = default;
+        friend void PrintTo(const Message& message, std::ostream* out) {
+            *out << message.title << ": " << message.text;
+        }
     };
     std::vector<Message> messages;
     std::vector<std::string> questions;
@@ -42,5 +46,7 @@ class ScriptedDialogs : public Dialogs {
         return first;
     }
 };
+
+using Messages = std::vector<ScriptedDialogs::Message>;
 
 } // namespace veldrune::test

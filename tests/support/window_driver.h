@@ -40,6 +40,28 @@ class WindowDriver {
         throw std::runtime_error("no control " + control.toStdString());
     }
 
+    /// What a field, a label or a list shows.
+    std::string text(const QString& control) const {
+        const QWidget& widget = find(control);
+        for (const char* property : {"text", "currentText", "plainText"})
+            if (const QVariant shown = widget.property(property); shown.isValid())
+                return shown.toString().toStdString();
+        throw std::runtime_error("no text in " + control.toStdString());
+    }
+    bool is_checked(const QString& control) const {
+        return find(control).property("checked").toBool();
+    }
+    /// The controls that the Tab key goes through, from one until it comes back to it.
+    std::string tab_order(const QString& first) const {
+        QStringList order;
+        find(first).setFocus();
+        do {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        } while (!find(first).hasFocus() && order.size() < 100);
+        return order.join(' ').toStdString();
+    }
+
     void show() const {
         window_.show();
         activate();

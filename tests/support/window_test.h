@@ -20,14 +20,7 @@ namespace veldrune::test {
 /// Answers the boxes that come up while a test waits for them, and keeps what they said.
 class BoxAnswers {
   public:
-    struct Box {
-        std::string text;
-        std::string title;
-        bool operator==(const Box&) const = default;
-        friend void PrintTo(const Box& box, std::ostream* out) {
-            *out << box.title << ": " << box.text;
-        }
-    };
+    using Box = ScriptedDialogs::Message;
     std::vector<Box> boxes;
     std::deque<bool> answers;         // OK or Cancel; OK beyond them
     std::optional<QString> file_name; // cancels file dialogs without it

@@ -21,30 +21,42 @@ inline Bytes after_writes(Bytes file, const std::vector<MemoryDisk::Write>& log,
     return file;
 }
 
-/// Fails every write of an operation once, whole and half: the file must hold what was written
-/// before, the failure must be told, and the next try must go through. make() gives a new editor
-/// with the image "a.smc" open, run(editor) runs the operation.
+/// Fails every write of an operation, alone and with all behind it, whole and half: the target must
+/// hold what was written before and any other file stay, the failure must be told, and the next try
+/// must go through. make() gives a new editor with the image "a.smc" open, run(editor) runs the
+/// operation.
 template <typename Make, typename Run>
-void expect_prefixes_of_writes(const Make& make, const Run& run) {
+void expect_prefixes_of_writes(const Make& make, const Run& run,
+                               const std::string& target = "a.smc") {
     auto whole = make();
     whole.disk.fail({}, {});
     whole.disk.log.clear();
-    const Bytes before = whole.disk["a.smc"];
+    const Bytes source = whole.image();
+    const Bytes before = target == "a.smc" ? source : Bytes();
     run(whole);
-    const auto log = whole.disk.log;
     ASSERT_GT(whole.disk.writes, 0);
     for (int at = 1; at <= whole.disk.writes; ++at)
-        for (const bool half : {false, true}) {
+        for (const int kind : {0, 1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << at << " " << kind);
+            const bool half = kind & 1, from_then_on = kind & 2;
             auto editor = make();
-            editor.disk.fail({}, {at, true, half});
+            const bool saved = editor.state->changes_saved;
+            editor.disk.log.clear();
+            editor.disk.fail({}, {at, from_then_on, half});
             run(editor);
-            EXPECT_EQ(editor.dialogs.messages.size(), 1u);
-            EXPECT_TRUE(editor.disk["a.smc"] ==
-                        after_writes(before, log, static_cast<std::size_t>(at - 1), half))
-                << at << half;
+            ASSERT_EQ(editor.dialogs.messages.size(), 1u);
+            ASSERT_EQ(editor.dialogs.messages[0].title, "Error");
+            ASSERT_EQ(editor.state->changes_saved, saved);
+            ASSERT_TRUE(editor.state->rom.is_open());
+            ASSERT_LE(editor.disk.file_count(), 2u);
+            const Bytes expected =
+                after_writes(before, whole.disk.log, editor.disk.log.size(), half);
+            ASSERT_TRUE(!editor.disk.exists(target) || editor.disk[target] == expected);
+            ASSERT_TRUE(target == "a.smc" || editor.image() == source);
             editor.disk.fail({}, {});
             run(editor);
-            EXPECT_TRUE(editor.disk["a.smc"] == whole.disk["a.smc"]) << at << half;
+            ASSERT_TRUE(editor.disk[target] == whole.disk[target]);
+            ASSERT_EQ(editor.state->changes_saved, whole.state->changes_saved);
         }
 }
 

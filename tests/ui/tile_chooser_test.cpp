@@ -1,8 +1,5 @@
 #include "support/window_test.h"
 
-#include <QPushButton>
-#include <QRadioButton>
-
 namespace veldrune::test {
 namespace {
 
@@ -10,40 +7,25 @@ constexpr int town = demo::demo_map::town;
 
 class TileChooserTest : public WindowTest {
   protected:
-    void open_chooser() {
-        open_map(town);
-        user.click("Command1");
-    }
     static bool both_show() { return visible_window("Form8") && visible_window("Form2"); }
     static bool none_shows() { return !visible_window("Form8") && !visible_window("Form2"); }
 };
 
-TEST_F(TileChooserTest, WaitsForAnImageAndAMap) {
-    user.click("Command1");
-    window.open_file("a.smc");
-    user.click("Command1");
-    EXPECT_TRUE(none_shows());
-    EXPECT_TRUE(answers.boxes.empty());
-}
-
 TEST_F(TileChooserTest, ATileThatIsClickedIsPainted) {
-    open_chooser();
+    open_map(town);
+    user.click("Command1");
     ASSERT_TRUE(both_show());
     EXPECT_TRUE(shows(driver("Form8"), state->tile_sheet));
-    EXPECT_TRUE(visible_window("Form2")->frameGeometry().top() ==
-                visible_window("Form8")->frameGeometry().top() + 1);
+    EXPECT_EQ(visible_window("Form2")->frameGeometry().top(),
+              visible_window("Form8")->frameGeometry().top() + 1);
 
-    auto& picture = driver("Form8").find("Picture1");
-    QTest::mousePress(&picture, Qt::LeftButton, {}, WindowDriver::on_picture(100, 70));
-    QTest::mouseRelease(&picture, Qt::LeftButton, {}, WindowDriver::on_picture(-1, 70));
     driver("Form8").click_picture(100, 70, Qt::RightButton);
-    EXPECT_TRUE(both_show()) << "no clicks";
+    EXPECT_TRUE(both_show()) << "no click";
     EXPECT_EQ(form.current_tile, 0);
 
     driver("Form8").click_picture(3 * 32 + 31, 2 * 32);
     EXPECT_TRUE(none_shows());
     EXPECT_EQ(form.current_tile, 35);
-    EXPECT_EQ(form.Picture3[64 * 64 - 1], state->tile_sheet.row(2 * 32 + 31)[3 * 32 + 31]);
     user.click_picture(8, 8);
     EXPECT_EQ(tile(0, 0, 0), 35);
 }
@@ -52,13 +34,13 @@ TEST_F(TileChooserTest, TheSheetAndTheEditLayerFollowThePalette) {
     open_map(town);
     user.click("Option2");
     user.click("Command1");
-    EXPECT_TRUE(driver("Form2").find<QRadioButton>("Option2").isChecked());
+    EXPECT_TRUE(driver("Form2").is_checked("Option2"));
     const auto second = state->tile_sheet.pixels;
     driver("Form2").click("Option3");
     EXPECT_TRUE(both_show());
     EXPECT_NE(state->tile_sheet.pixels, second);
     EXPECT_TRUE(shows(driver("Form8"), state->tile_sheet));
-    EXPECT_TRUE(user.find<QRadioButton>("Option3").isChecked());
+    EXPECT_TRUE(user.is_checked("Option3"));
     EXPECT_EQ(form.edit_layer, 2);
     driver("Form8").click_picture(500, 300);
     user.click_picture(8, 8);
@@ -70,12 +52,10 @@ TEST_F(TileChooserTest, EachClosesWithTheOtherAndBothWithTheMainWindow) {
         [] { visible_window("Form8")->close(); },
         [] { visible_window("Form2")->close(); },
         [] { QTest::keyClick(&driver("Form8").find("Picture1"), Qt::Key_Escape); },
-        [&] {
-            user.activate();
-            user.choose("Exit");
-        },
+        [&] { user.activate(), user.choose("Exit"); },
     };
-    open_chooser();
+    open_map(town);
+    user.click("Command1");
     for (const auto& close : ways) {
         SCOPED_TRACE(&close - ways);
         if (none_shows())

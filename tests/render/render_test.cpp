@@ -125,4 +125,76 @@ TEST_F(Compose, ScrollingGivesTheViewAtTheNewPlaceAndMovesMarks) {
     }
 }
 
+struct Formations : testing::Test {
+    FormationCharacters characters{};
+    CharacterGraphics graphics{};
+    Layer3Graphics layer3{};
+    Palette256 palette{};
+    FormationBitmaps bitmaps, expected;
+
+    Formations() {
+        for (Colour i = 0; i < 256; ++i)
+            palette[i] = 0x10000 + i;
+    }
+};
+
+TEST_F(Formations, AttributesPlaceTheOnePixelOfACharacter) {
+    // Character 0x285 has its pixel (1, 2) alone set, by planes 0, 2 and 3: value 13.
+    graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
+    const struct {
+        std::uint8_t quadrant, attribute;
+        std::size_t place; // 16 * y + x
+        Colour high, low;
+    } cases[] = {{0, 0x02, 16 * 2 + 1, 0, 0x1000D},  {1, 0x22, 16 * 2 + 9, 0x1000D, 0},
+                 {2, 0x42, 16 * 10 + 6, 0, 0x1000D}, {3, 0x82, 16 * 13 + 9, 0, 0x1000D},
+                 {0, 0xE6, 16 * 5 + 6, 0x1001D, 0},  {3, 0x1E, 16 * 10 + 9, 0, 0x1007D}};
+    for (const auto& [quadrant, attribute, place, high, low] : cases) {
+        characters = {};
+        characters.tiles[28u + quadrant] = 0x85;
+        characters.attributes[28u + quadrant] = attribute;
+        decode_layer_tiles(characters, graphics, palette, bitmaps.layer2_high, bitmaps.layer2_low);
+        Formation pixels{};
+        pixels[place] = high;
+        EXPECT_EQ(bitmaps.layer2_high[7], pixels);
+        pixels[place] = low;
+        EXPECT_EQ(bitmaps.layer2_low[7], pixels);
+        pixels[place] = high + low;
+        EXPECT_EQ(whole_formation(bitmaps, 1, 7), pixels);
+    }
+}
+
+TEST_F(Formations, DecodeLikeTheLiteralDecoder) {
+    std::mt19937 random(3);
+    const auto fill = [&](auto& bytes) {
+        std::generate(bytes.begin(), bytes.end(), [&] { return std::uint8_t(random() % 256); });
+    };
+    for (int round = 0; round < 20; ++round) {
+        fill(characters.tiles);
+        fill(characters.attributes);
+        fill(layer3);
+        for (auto& character : graphics)
+            fill(character);
+        decode_layer_tiles(characters, graphics, palette, bitmaps.layer1_high, bitmaps.layer1_low);
+        decode_layer3_tiles(layer3, palette, bitmaps.layer3_pixels);
+        literal_decode_layer_tiles(characters, graphics, palette, expected.layer1_high,
+                                   expected.layer1_low);
+        literal_decode_layer3_tiles(layer3, palette, expected.layer3_pixels);
+        ASSERT_EQ(bitmaps.layer1_high, expected.layer1_high);
+        ASSERT_EQ(bitmaps.layer1_low, expected.layer1_low);
+        ASSERT_EQ(bitmaps.layer3_pixels, expected.layer3_pixels);
+        ASSERT_EQ(whole_formation(bitmaps, 2, round), expected.layer3_pixels[std::size_t(round)]);
+    }
+}
+
+TEST_F(Compose, GridLinesStandAtTheTopAndLeftOfEveryCell) {
+    for (const int size : {16, 32, 64, 128, 0, -5, INT_MAX}) {
+        picture = {};
+        draw_grid(picture, size);
+        const auto grid = [&](int x, int y) {
+            return size > 0 && (x % size == 0 || y % size == 0) ? 0xFFFFFF : 0;
+        };
+        EXPECT_EQ(differing(picture, grid), 0) << size;
+    }
+}
+
 } // namespace veldrune::test
