@@ -1,6 +1,7 @@
 // Opening, reopening and saving a script in place.
 
 #include "support/script_fixture.h"
+#include "support/write_failures.h"
 
 #include <gtest/gtest.h>
 
@@ -37,8 +38,7 @@ TEST(EventEditor, ASaveGoesInPlaceAndTouchesNothingElse) {
     const int writes = editor.disk.writes;
     EXPECT_EQ(saved(editor), (Bytes{0x3D, 9, 0x39, 0xFE, 0, 0}));
     EXPECT_EQ(editor.disk.writes, writes);
-    EXPECT_EQ(editor.dialogs.messages,
-              (std::vector<ScriptedDialogs::Message>{{"Not Now", "Veldrune Map Editor"}}));
+    EXPECT_EQ(editor.dialogs.messages, (Messages{{"Not Now", "Veldrune Map Editor"}}));
     EXPECT_TRUE(editor.window.visible);
 }
 
@@ -53,20 +53,14 @@ TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPoints) {
 }
 
 TEST(EventEditor, AWriteThatFailsIsToldAndLeavesABeginningOfTheScript) {
-    for (const bool half : {false, true}) {
-        ScriptEditor editor(script);
-        Bytes image = editor.image();
-        editor.click(2, 1);
-        editor.type("9");
-        editor.disk.fail({}, {.at = 1, .half = half});
-        save_script(*editor.state);
-        if (half)
-            image[script_at + 1] = 9; // two of four bytes
-        EXPECT_EQ(editor.image(), image);
-        ASSERT_EQ(editor.dialogs.messages.size(), 1u);
-        EXPECT_EQ(editor.dialogs.messages[0].title, "Error");
-        EXPECT_EQ(saved(editor, 4), (Bytes{0x3D, 9, 0x38, 0xFE}));
-    }
+    struct Edited : ScriptEditor {
+        Edited() : ScriptEditor(script) {
+            click(2, 1);
+            type("9");
+        }
+    };
+    expect_prefixes_of_writes([] { return Edited(); },
+                              [](Edited& editor) { save_script(*editor.state); });
 }
 
 TEST(EventEditor, AReadThatTheDiskRefusesIsToldAndTheScriptCanNotBeSaved) {
@@ -114,17 +108,15 @@ TEST(EventEditor, AnOffsetThatIsTypedOpensTheEditorAnew) {
 }
 
 TEST(EventEditor, AScriptThatWasNotReadWholeIsShownAndCanNotBeSaved) {
-    const struct {
-        std::size_t offset, file_size;
-        Bytes tail; // the last bytes of the file
-        std::size_t commands;
-    } cases[] = {
-        {script_at, 0x110000, {}, 5000},                    // one byte of 10001 is left
-        {0x110000 - 4, 0x110000, {0x38, 0x3D, 7, 0x39}, 3}, // the file ends
-        {0x110000 - 4, 0x110000, {0x38, 0x38, 0x3C, 1}, 2}, // within a command
-        {0x110000 - 4, 0x110000, {0x38, 5, 9, 0xFE}, 1},    // within a queue
-        {0x110000 + 9, 0x110000, {}, 0},
+    // clang-format off
+    const struct { std::size_t offset; Bytes tail; std::size_t commands; } cases[] = { // tail: of the file
+        {script_at,    {},                    5000}, // one byte of 10001 is left
+        {0x110000 - 4, {0x38, 0x3D, 7, 0x39}, 3},    // the file ends
+        {0x110000 - 4, {0x38, 0x38, 0x3C, 1}, 2},    // within a command
+        {0x110000 - 4, {0x38, 5, 9, 0xFE},    1},    // within a queue
+        {0x110000 + 9, {},                    0},
     };
+    // clang-format on
     for (const auto& c : cases) {
         ScriptEditor editor;
         Bytes& image = editor.image();
@@ -159,9 +151,9 @@ TEST(EventEditor, AScriptOfAnotherImageCanNotBeSaved) {
     open_image_file(*editor.state, "b.smc");
     save_script(*editor.state);
     EXPECT_EQ(editor.disk.writes, 0);
-    EXPECT_EQ(editor.dialogs.messages,
-              (std::vector<ScriptedDialogs::Message>{
-                  {"This script was read from a.smc and can't be saved into the open image, b.smc.",
+    EXPECT_EQ(
+        editor.dialogs.messages,
+        (Messages{{"This script was read from a.smc and can't be saved into the open image, b.smc.",
                    "Error"}}));
     open_image_file(*editor.state, "a.smc");
     save_script(*editor.state);

@@ -123,27 +123,22 @@ void act(ScriptEditor& editor, const Texts& steps) {
 
 TEST(ScriptEntry, AnEntryThatIsBrokenOffLeavesWhatWasEntered) {
     const Texts breakers[] = {{"esc"}, {"@1,3"}, {"@9,0"}, {"save"}, {"+", "esc"}};
-    const struct {
-        Texts typed;
-        std::vector<std::string> rows; // between 3D 07 and 38
-    } cases[] = {
+    const std::string queue = "05|||Action Queue|0", end = "|FF||End Queue|0";
+    const auto counted = [](const char* count) {
+        return std::string("|") + count + "||Number of Bytes in Queue (includes end command)|0";
+    };
+    // clang-format off
+    const struct { Texts typed, rows; } cases[] = { // between 3D 07 and 38
         {{"+"}, {}},
         {{"+", "3C"}, {"3C|||Assign Characters to Party|0"}},
-        {{"+", "3C", "1", "2"},
-         {"3C|||Assign Characters to Party|0", "|01||Character 1|0", "|02||Character 2|0"}},
-        {{"+", "BE", "3"},
-         {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0",
-          "|03||Number of Parameters|0"}},
-        {{"+", "5"},
-         {"05|||Action Queue|0", "|01||Number of Bytes in Queue (includes end command)|0",
-          "|FF||End Queue|0"}},
-        {{"+", "5", "85", "E0", "1"},
-         {"05|||Action Queue|0", "|83||Number of Bytes in Queue (includes end command)|0",
-          "|E0||Pause for xx Units|0", "||01|xx|0", "|FF||End Queue|0"}},
-        {{"+", "5", "5", "D5", "1"}, // the action still lacks a row, which a save tells
-         {"05|||Action Queue|0", "|04||Number of Bytes in Queue (includes end command)|0",
-          "|D5||Set Position|0", "||01|Destination X|0", "|FF||End Queue|0"}},
+        {{"+", "3C", "1", "2"}, {"3C|||Assign Characters to Party|0", "|01||Character 1|0", "|02||Character 2|0"}},
+        {{"+", "BE", "3"}, {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0", "|03||Number of Parameters|0"}},
+        {{"+", "5"}, {queue, counted("01"), end}},
+        {{"+", "5", "85", "E0", "1"}, {queue, counted("83"), "|E0||Pause for xx Units|0", "||01|xx|0", end}},
+        // The action lacks a row, which a save tells.
+        {{"+", "5", "5", "D5", "1"}, {queue, counted("04"), "|D5||Set Position|0", "||01|Destination X|0", end}},
     };
+    // clang-format on
     for (const auto& c : cases)
         for (const Texts& breaker : breakers) {
             ScriptEditor editor(two_commands);
@@ -230,7 +225,7 @@ TEST(ScriptEntry, MessagesOfTheEditBox) {
     const std::string fool = "You must enter some valid hex fool";
     ScriptEditor editor(two_commands);
     act(editor, {"@2,1", "  "});
-    EXPECT_EQ(editor.dialogs.messages, (std::vector<ScriptedDialogs::Message>{{fool, "Nope"}}));
+    EXPECT_EQ(editor.dialogs.messages, (Messages{{fool, "Nope"}}));
     EXPECT_TRUE(editor.window.Text2_visible);
     EXPECT_EQ(editor.window.Text2, "  ") << "and does nothing else";
 

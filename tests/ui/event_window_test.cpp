@@ -136,19 +136,14 @@ TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
 }
 
 TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
-    const struct {
-        const char* script;
-        int row, column;   // clicked
-        const char* typed; // there
-        BoxAnswers::Box box;
-        const char* again; // what is then entered, and what that makes
-        const char* bytes;
-    } cases[] = {
+    // clang-format off
+    const struct { const char* script; int row, column; const char* typed; BoxAnswers::Box box; const char *again, *bytes; } cases[] = {
         {"3D 07 FE", 2, 1, "", {"You must enter some valid hex fool", "Nope"}, "9", "3D 09 FE"},
         {"A0 01 02 03 04 05 FE", 1, 0, "B6 0A02000A0", list_refused, "A0201", "B6 01 00 00 FE"},
         {"BE 01 00 00 00 FE", 3, 1, "A02", list_refused, "0A0205", "BE 01 05 00 00 FE"},
         {"73 00 00 01 02 11 22 FE", 6, 1, "112", data_refused, "3344", "73 00 00 01 02 33 44 FE"},
     };
+    // clang-format on
     for (const auto& row : cases) {
         SCOPED_TRACE(row.script);
         load(hex_bytes(row.script));
@@ -191,7 +186,7 @@ TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {
     EXPECT_EQ(shown(2, explanation).substr(0, 8), text.substr(0, 8));
     EXPECT_EQ(shown(2, explanation).find('\r'), std::string::npos);
     load("c0 003"); // another part of it
-    EXPECT_EQ(editor().find<QLineEdit>("Text3").text(), "C0003");
+    EXPECT_EQ(editor().text("Text3"), "C0003");
     EXPECT_EQ(shown(1, explanation), "Load Map");
     EXPECT_FALSE(box().isVisible());
     load("C000G");
@@ -289,7 +284,7 @@ TEST_F(EventWindowTest, TheWindowStaysUntilTheUserClosesIt) {
     click(2, secondary);
     enter("9");
     open_from_object(); // made anew on the script that was meant last
-    EXPECT_EQ(editor().find<QLineEdit>("Text3").text(), place_text);
+    EXPECT_EQ(editor().text("Text3"), place_text.toStdString());
     EXPECT_EQ(shown(2, secondary), "7");
     click(2, secondary);
     enter("8");
