@@ -64,7 +64,7 @@ std::vector<std::pair<std::string, Bytes>> demo_worlds() {
         WorldMap map;
         const std::int32_t pointer = rom.read_pointer24(world_row(world).map_pointer);
         read_world_map(rom, offset_of_address(pointer), *buffer, map);
-        worlds.emplace_back(name, Bytes(map.tiles.begin(), map.tiles.end()));
+        worlds.emplace_back(name, Bytes(map.cells.begin(), map.cells.end()));
     }
     return worlds;
 }

@@ -72,7 +72,7 @@ bool may_grow(EditorState& state, int growth) {
 
 /// The stream, or nothing where it could not be read back, which has been told.
 std::span<const std::uint8_t> packed_world(EditorState& state) {
-    const auto length = compress_world_map(state.world_map.tiles, state.compress_output);
+    const auto length = compress_world_map(state.world_map.cells, state.compress_output);
     if (length && *length <= longest_world_stream)
         return std::span(state.compress_output).first(*length);
     refuse(state, "its stream would take more than 32767 bytes, which the game can't read.");

@@ -2,6 +2,7 @@
 
 #include "compression/decompress.h"
 #include "forms/form1.h"
+#include "map/tile_grid.h"
 #include "rom/rom_image.h"
 
 #include <array>
@@ -16,22 +17,7 @@ inline constexpr int max_layer_width = 128;
 inline constexpr int max_layer_height = 64;
 
 /// One layer in memory: a formation number for every 16 by 16 pixel tile. A row is 129 bytes long.
-struct LayerMap {
-    static constexpr int columns = 129;
-    static constexpr int rows = 65;
-    std::array<std::uint8_t, columns * rows> cells{};
-
-    static constexpr bool contains(std::int64_t column, std::int64_t row) {
-        return column >= 0 && column < columns && row >= 0 && row < rows;
-    }
-    /// column and row must be contained.
-    std::uint8_t& at(std::int64_t column, std::int64_t row) {
-        return cells[static_cast<std::size_t>(row * columns + column)];
-    }
-    std::uint8_t at(std::int64_t column, std::int64_t row) const {
-        return cells[static_cast<std::size_t>(row * columns + column)];
-    }
-};
+using LayerMap = TileGrid<129, 65>;
 
 /// A layer of the selected map and what is kept of its loading.
 struct Layer {

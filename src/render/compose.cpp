@@ -142,12 +142,11 @@ void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int 
                       const CellTiles& tiles, PixelBuffer& buffer) {
     if (x < 0 || x >= view.cells_across || y < 0 || y >= view.cells_across)
         return;
-    const CellLayers layers = cell_layers(bitmaps, view.stack, tiles);
     Colour* out = buffer.row(y * view.tile_size()) + x * view.tile_size();
     if (view.cells_across == 32)
-        return draw_layers(layers, view.stack, out, view_size);
+        return draw_layers(cell_layers(bitmaps, view.stack, tiles), view.stack, out, view_size);
     Formation cell;
-    draw_layers(layers, view.stack, cell.data(), 16);
+    compose_cell(bitmaps, view.stack, tiles, cell);
     switch (view.cells_across) {
     case 16:
         return draw_enlarged<2>(cell, out);

@@ -43,7 +43,7 @@ void build_world_sheet(WorldGraphics graphics, const Palette256& palette, WorldS
 int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
                    WorldMap& map) {
     decompress_stream(rom, stream_offset, buffer, world_map_output_limit);
-    std::copy_n(buffer.output(), map.tiles.size(), map.tiles.begin());
+    std::copy_n(buffer.output(), map.cells.size(), map.cells.begin());
     return rom.read_word(stream_offset);
 }
 
@@ -60,7 +60,7 @@ void draw_world_tiles(const WorldMap& map, const WorldSheet& sheet, int h, int v
     const int row = std::clamp(v, 0, farthest);
     for (int y = 0; y < view_size; ++y) {
         const std::uint8_t* tiles =
-            &map.tiles[static_cast<std::size_t>((row + y / world_tile_size) * world_side + column)];
+            &map.cells[static_cast<std::size_t>((row + y / world_tile_size) * world_side + column)];
         const int line = y % world_tile_size * WorldSheet::side;
         for (int x = 0; x < world_view_tiles; ++x)
             std::copy_n(sheet.tile(tiles[x]) + line, world_tile_size,

@@ -2,6 +2,7 @@
 
 #include "compression/decompress.h"
 #include "map/palette.h"
+#include "map/tile_grid.h"
 #include "render/pixel_buffer.h"
 #include "rom/rom_image.h"
 
@@ -19,21 +20,7 @@ inline constexpr int world_view_tiles = view_size / world_tile_size;
 /// The longest stream that the decoders of the world maps take.
 inline constexpr int longest_world_stream = 0x7FFF;
 
-/// Tile numbers, row by row.
-struct WorldMap {
-    std::array<std::uint8_t, world_side * world_side> tiles{};
-
-    static constexpr bool contains(std::int64_t column, std::int64_t row) {
-        return column >= 0 && column < world_side && row >= 0 && row < world_side;
-    }
-    /// The place must be one that the map contains.
-    std::uint8_t& at(std::int64_t column, std::int64_t row) {
-        return tiles[static_cast<std::size_t>(row * world_side + column)];
-    }
-    std::uint8_t at(std::int64_t column, std::int64_t row) const {
-        return tiles[static_cast<std::size_t>(row * world_side + column)];
-    }
-};
+using WorldMap = TileGrid<world_side, world_side>;
 
 /// The pictures of the 256 tiles: 256 by 256 pixels, tile t at column t mod 16, row t div 16.
 struct WorldSheet {

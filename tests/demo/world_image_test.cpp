@@ -18,7 +18,7 @@ TEST(DemoWorlds, AreRichAndLeadIntoTheOtherMaps) {
         EXPECT_TRUE(editor.dialogs.silent());
         EXPECT_LE(editor.state->world_packed_size, longest_world_stream);
         const auto& map = editor.state->world_map;
-        EXPECT_GT((std::set<int>(map.tiles.begin(), map.tiles.end())).size(), 90u);
+        EXPECT_GT((std::set<int>(map.cells.begin(), map.cells.end())).size(), 90u);
         const auto& sheet = editor.state->world_sheet.pixels;
         EXPECT_GT((std::set<Colour>(sheet.begin(), sheet.end())).size(), 50u);
         const ObjectLists& objects = editor.state->objects;

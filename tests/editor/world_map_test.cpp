@@ -34,7 +34,7 @@ struct WorldEditor : Editor {
             s.world_map.at(7 * i % 256, i) ^= 1;
         s.changes_saved = false;
     }
-    Bytes stream() { return literal_compress_world_map(s.world_map.tiles); }
+    Bytes stream() { return literal_compress_world_map(s.world_map.cells); }
     int stream_size() { return static_cast<int>(stream().size()); }
 
     /// Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
@@ -114,7 +114,7 @@ TEST(WorldMap, EveryStepLeavesThePictureThatAPixelByPixelReferenceGives) {
         editor.click(left, x, y);
         EXPECT_EQ(form.Text20, std::to_string(form.HScroll2.value + x / 16));
         editor.expect_picture("objects");
-        EXPECT_TRUE(std::ranges::equal(editor.s.world_map.tiles, editor.data.tiles));
+        EXPECT_TRUE(std::ranges::equal(editor.s.world_map.cells, editor.data.tiles));
 
         open_tile_chooser(editor.s);
         EXPECT_TRUE(editor.s.form8.visible && !editor.s.form2.visible);
@@ -260,7 +260,7 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
         EXPECT_EQ(questions.size(), refused_write == 1 ? 2u : 3u);
         EXPECT_EQ(editor.s.changes_saved, refused_write == 0);
     }
-    editor.s.world_map.tiles.fill(0);
+    editor.s.world_map.cells.fill(0);
     save(editor.s); // shorter
     EXPECT_EQ(questions.size(), 3u);
     EXPECT_EQ(editor.s.world_packed_size, editor.stream_size());
@@ -299,9 +299,9 @@ TEST(WorldMap, ALongerStreamIsNeitherTakenForAWorldNorWritten) {
         WorldEditor stored(0, image);
         EXPECT_EQ(stored.s.world_map.at(0, 0), length < 0x8000 ? 0xFF : 0);
         WorldEditor painted;
-        painted.s.world_map.tiles.fill(0);
+        painted.s.world_map.cells.fill(0);
         Random random(4); // with it one tile makes one byte
-        std::generate_n(painted.s.world_map.tiles.begin(), 26984 + length - 0x7FFF,
+        std::generate_n(painted.s.world_map.cells.begin(), 26984 + length - 0x7FFF,
                         [&] { return random.byte(); });
         ASSERT_EQ(painted.stream_size(), length);
         for (WorldEditor* editor : {&stored, &painted}) {
