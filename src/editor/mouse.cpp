@@ -95,10 +95,6 @@ void select_object_under(EditorState& state, const Cursor& cursor) {
                      static_cast<std::uint8_t>(cursor.row));
 }
 
-std::string hex32(std::int64_t value) {
-    return format_hex(static_cast<std::uint32_t>(value));
-}
-
 } // namespace
 
 void on_press(EditorState& state, MouseButton button, int x, int y) {
@@ -118,8 +114,8 @@ void on_move(EditorState& state, int x, int y) {
     const Cursor cursor = locate_cursor(state, x, y);
     Form1& form = state.form1;
     form.Label26 =
-        hex32(std::int64_t{form.HScroll1.value} + form.HScroll2.value + cursor.cursor_x) + " " +
-        hex32(std::int64_t{form.VScroll1.value} + form.VScroll2.value + cursor.cursor_y);
+        format_hex(std::int64_t{form.HScroll1.value} + form.HScroll2.value + cursor.cursor_x) +
+        " " + format_hex(std::int64_t{form.VScroll1.value} + form.VScroll2.value + cursor.cursor_y);
     if (state.painting && state.rom_open)
         paint(state, cursor);
 }

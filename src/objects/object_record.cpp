@@ -3,9 +3,9 @@
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
-#include <algorithm>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace veldrune {
 namespace {
@@ -227,26 +227,27 @@ class FieldReader {
         refused_ = true;
     }
 
-    // A part of a text; 0, without a word, where the text does not reach that far.
-    std::uint32_t piece(const std::string& text, std::size_t first, std::size_t length) {
-        std::string digits = first < text.size() ? text.substr(first, length) : "";
+    // The number in a part of a text; 0, without a word, where the text does not reach that far.
+    std::uint32_t piece_value(std::string_view piece) {
+        std::string digits(piece);
         return digits.empty() ? 0 : unsigned_value(parse_hex_text(digits, dialogs_));
     }
 
     std::uint32_t short_value(std::string text) {
         std::erase(text, ' ');
-        if (text.size() >= 6)
+        if (character_count(text) >= 6)
             refuse("The event address you've entered is too large", "Error");
         else
-            text.insert(0, 6 - text.size(), '0');
+            text.insert(0, 6 - character_count(text), '0');
         return unsigned_value(parse_hex_text(text, dialogs_));
     }
 
-    std::uint32_t npc_flag_value(const std::string& text, std::int32_t base) {
-        if (text.size() != 6 || text[4] != ':')
+    std::uint32_t npc_flag_value(std::string text, std::int32_t base) {
+        if (character_count(text) != 6 || characters(text, 4, 1) != ":")
             refuse("Your input must be in the following format xxxx:y", "error");
-        const std::uint32_t byte = piece(text, 0, std::min(text.find(':'), std::size_t{4}));
-        const std::uint32_t bit = piece(text, 5, 1);
+        const std::string_view digits = characters(text, 0, 4);
+        const std::uint32_t byte = piece_value(digits.substr(0, digits.find(':')));
+        const std::uint32_t bit = piece_value(characters(text, 5, 1));
         if (bit > 7)
             refuse("Your flag bit must 0 - 7", "Error");
         return (byte - unsigned_value(base)) * 8 + bit;
@@ -257,14 +258,14 @@ class FieldReader {
             "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
             "byte must be no greater than 1F and your bit must be no greater than 7";
         std::erase(text, ' ');
-        if (text.size() > 4)
+        if (character_count(text) > 4)
             refuse(wrong, "Error");
-        if (text.size() == 3)
+        if (character_count(text) == 3)
             text.insert(0, 1, '0');
-        if (text.size() < 3 || text[2] != ':')
+        if (characters(text, 2, 1) != ":")
             refuse(wrong, "Error");
-        const std::uint32_t byte = piece(text, 0, 2);
-        const std::uint32_t bit = piece(text, 3, 1);
+        const std::uint32_t byte = piece_value(characters(text, 0, 2));
+        const std::uint32_t bit = piece_value(characters(text, 3, 1));
         if (byte > 0x1F || bit > 7)
             refuse(wrong, "Error");
         return byte * 8 + bit;

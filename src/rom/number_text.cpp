@@ -19,9 +19,17 @@ void normalise(std::string& text) {
             c = static_cast<char>(c - 'a' + 'A');
 }
 
-// Whether c goes on with a character that began before it, as texts in UTF-8 have them.
+// Whether c goes on with a character that began before it.
 bool continues_character(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+std::string_view behind_characters(std::string_view text, std::size_t count) {
+    for (; count > 0 && !text.empty(); --count)
+        do
+            text.remove_prefix(1);
+        while (!text.empty() && continues_character(text.front()));
+    return text;
 }
 
 std::optional<std::uint32_t> hex_digit(char c) {
@@ -59,8 +67,9 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
 }
 
 std::string format_hex(std::int64_t value) {
-    std::string text(16, '0');
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, 16).ptr;
+    std::string text(8, '0');
+    const auto bits = static_cast<std::uint32_t>(value);
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), bits, 16).ptr;
     text.resize(static_cast<std::size_t>(end - text.data()));
     normalise(text);
     return text;
@@ -87,6 +96,18 @@ DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
     if (!number.is_number)
         dialogs.message("The number " + text + " you've entered is not valid decimal", "Warning");
     return number;
+}
+
+std::size_t character_count(std::string_view text) {
+    std::size_t count = 0;
+    for (; !text.empty(); text = behind_characters(text, 1))
+        ++count;
+    return count;
+}
+
+std::string_view characters(std::string_view text, std::size_t first, std::size_t count) {
+    text = behind_characters(text, first);
+    return text.substr(0, text.size() - behind_characters(text, count).size());
 }
 
 std::string byte_to_bits(std::uint8_t value) {

@@ -13,7 +13,7 @@ namespace veldrune {
 /// to its right, or 0 at the end. Values wrap to 32 bits.
 std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs);
 
-/// Upper-case hexadecimal text without leading zeros; 0 gives "0". value must not be negative.
+/// Upper-case hexadecimal text of the low 32 bits, without leading zeros; 0 gives "0".
 std::string format_hex(std::int64_t value);
 
 /// A decimal text read as a number: plain digits, blanks around them allowed. A text that holds
@@ -27,6 +27,11 @@ DecimalNumber decimal_number(std::string_view text);
 
 /// The same, with a warning where the text is no number.
 DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs);
+
+/// The length of a text in characters, and a part of it; what lies behind its end is left out. A
+/// character may take several bytes: texts of fields are UTF-8.
+std::size_t character_count(std::string_view text);
+std::string_view characters(std::string_view text, std::size_t first, std::size_t count);
 
 /// Bit text: one character "0" or "1" a bit, the highest first.
 std::string byte_to_bits(std::uint8_t value);

@@ -8,8 +8,7 @@ bool told_write(RomImage& rom, std::int64_t offset, std::span<const std::uint8_t
                 Dialogs& dialogs) {
     if (rom.write(offset, bytes))
         return true;
-    dialogs.message("Writing to " + rom.path() + " at " +
-                        format_hex(static_cast<std::uint32_t>(offset)) +
+    dialogs.message("Writing to " + rom.path() + " at " + format_hex(offset) +
                         " failed. What was written before stays; nothing more is written.",
                     "Error");
     return false;

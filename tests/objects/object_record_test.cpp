@@ -123,6 +123,8 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         {chest, &Form10::Text4, "3:5", {}, true},          {chest, &Form10::Text4, " 1 F : 7 ", {}, true},
         {chest, &Form10::Text4, "20:0", {wrong}, false},   {chest, &Form10::Text4, "1F:8", {wrong}, false},
         {chest, &Form10::Text4, "1F:45", {wrong}, false},  {chest, &Form10::Text4, "012:4", {wrong, wrong, hex(":")}, false},
+        {npc, &Form10::Text4, "1EEü:4", {hex("1EEü")}, true}, {npc, &Form10::Text1, "A020ü", {hex("0A020ü")}, true}, // two bytes
+        {chest, &Form10::Text4, "1ü:4", {hex("1ü")}, true}, {chest, &Form10::Text4, "1:üü", {wrong, hex("1:"), hex("ü")}, false},
         {chest, &Form10::Text4, "", {wrong}, false},       {chest, &Form10::Text4, "35", {wrong, wrong}, false}, // byte 35, too
         {chest, &Form10::Text1, "1G", {hex("1G")}, true},  {entrance, &Form10::Text6, "x", {}, true}, // no field of its record
     };
