@@ -1,7 +1,6 @@
 #include "rom/rom_image.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -62,21 +61,13 @@ std::uint16_t RomImage::read_word(std::int64_t offset) const {
 }
 
 std::int32_t RomImage::read_pointer24(std::int64_t offset) const {
-    std::array<std::uint8_t, 3> b;
+    Pointer24 b;
     read(offset, b);
     return b[0] | b[1] << 8 | b[2] << 16;
 }
 
 bool RomImage::write(std::int64_t offset, std::span<const std::uint8_t> bytes) {
     return file_ && offset >= 0 && file_->write_at(offset, bytes);
-}
-
-bool RomImage::write_pointer24(std::int64_t offset, std::int32_t value) {
-    const auto bits = static_cast<std::uint32_t>(value);
-    const std::array<std::uint8_t, 3> b{static_cast<std::uint8_t>(bits),
-                                        static_cast<std::uint8_t>(bits >> 8),
-                                        static_cast<std::uint8_t>(bits >> 16)};
-    return write(offset, b);
 }
 
 } // namespace veldrune

@@ -2,6 +2,7 @@
 
 #include "rom/file_layer.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -9,6 +10,13 @@
 #include <string>
 
 namespace veldrune {
+
+/// 24 bits as the image holds them: three bytes, the lowest first.
+using Pointer24 = std::array<std::uint8_t, 3>;
+constexpr Pointer24 pointer24_bytes(std::int64_t value) {
+    return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
+            static_cast<std::uint8_t>(value >> 16)};
+}
 
 /// The one open image file. Offsets are 0-based file offsets, the 0x200-byte copier header
 /// included; words and pointers are little-endian. There is no cache: what is written is in the
@@ -37,7 +45,6 @@ class RomImage {
 
     std::uint8_t read_byte(std::int64_t offset) const;
     std::uint16_t read_word(std::int64_t offset) const;
-    /// 24 bits: three bytes, the lowest first.
     std::int32_t read_pointer24(std::int64_t offset) const;
     /// Fills all of bytes from offset on. Returns how many of them the file holds.
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
@@ -45,8 +52,6 @@ class RomImage {
     /// False where the bytes could not be written; some of them may then stand in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
     bool write_byte(std::int64_t offset, std::uint8_t value) { return write(offset, {&value, 1}); }
-    /// 24 bits of value, the lowest byte first.
-    bool write_pointer24(std::int64_t offset, std::int32_t value);
 
   private:
     FileLayer& files_;

@@ -62,5 +62,6 @@ inline constexpr int layer3_graphics_count = 21;
 inline constexpr int dialogue_count = 3327;
 inline constexpr int first_dialogue_of_second_bank = 1591;
 inline constexpr int item_count = 256;
+inline constexpr int item_name_size = 13; // letters, a byte each
 
 } // namespace veldrune::rom_layout

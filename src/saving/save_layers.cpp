@@ -84,7 +84,9 @@ bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, Compr
     pack_layer(layer.map, size.width, size.height, source);
     const std::optional<std::size_t> length = compress_layer(source, output);
     if (!length) {
-        refuse(index, "its stream would take more than 9001 bytes.", dialogs);
+        refuse(index,
+               "its stream would take more than " + std::to_string(layer_stream_limit) + " bytes.",
+               dialogs);
         return false;
     }
     return may_grow(index, static_cast<int>(*length) - layer.layer_packed_size, dialogs) &&

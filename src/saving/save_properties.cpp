@@ -14,7 +14,7 @@ using enum RecordField;
 
 constexpr RecordField widths[] = {layer1_width, layer2_width, layer3_width};
 constexpr RecordField heights[] = {layer1_height, layer2_height, layer3_height};
-constexpr RecordField before_pointers[] = {layer2_formation, layer1_formation, layer3_graphics};
+constexpr RecordField formations[] = {layer2_formation, layer1_formation, layer3_graphics};
 // clang-format off
 constexpr RecordField behind_pointers[] = {
     left_shift1, left_shift2, upward_shift1, upward_shift2,
@@ -25,36 +25,37 @@ constexpr RecordField behind_pointers[] = {
 
 // A part of the record that Save As writes: some fields and the bytes that they lie in.
 struct SaveAsStep { std::span<const RecordField> fields; std::size_t first_byte; std::size_t byte_count; };
-constexpr RecordField as_formations[] = {layer2_formation, layer1_formation, layer3_graphics};
-constexpr RecordField as_palette[]    = {palette};
-constexpr RecordField as_tilesets[]   = {tileset1, tileset2, tileset3, tileset4};
-constexpr RecordField as_animated[]   = {animated_tileset};
-constexpr RecordField as_viewable[]   = {viewable_first, viewable_second};
+constexpr RecordField as_palette[]  = {palette};
+constexpr RecordField as_tilesets[] = {tileset1, tileset2, tileset3, tileset4};
+constexpr RecordField as_animated[] = {animated_tileset};
+constexpr RecordField as_viewable[] = {viewable_first, viewable_second};
 constexpr SaveAsStep save_as_steps[] = {
-    {as_formations, 11, 2},
-    {as_palette,    25, 1},
-    {as_tilesets,    7, 4},
-    {as_animated,   27, 1},
-    {as_viewable,   30, 2},
+    {formations,  11, 2},
+    {as_palette,  25, 1},
+    {as_tilesets,  7, 4},
+    {as_animated, 27, 1},
+    {as_viewable, 30, 2},
 };
 constexpr std::size_t size_byte = 23; // of layers 1 and 2
 constexpr RecordField as_sizes[] = {layer2_height, layer2_width, layer1_height, layer1_width};
 // clang-format on
 
-std::optional<std::uint32_t> width_code(int width, Dialogs& dialogs) {
-    for (std::uint32_t code = 0; code < 4; ++code)
-        if (width == 16 << code)
+// How often 16 is doubled to make the size. Told where that never does, or only beyond most.
+std::optional<std::uint32_t> doubling_code(int tiles, int most, const char* wrong,
+                                           Dialogs& dialogs) {
+    for (std::uint32_t code = 0; 16 << code <= most; ++code)
+        if (tiles == 16 << code)
             return code;
-    dialogs.message("The map width must be either 16, 32, 64, or 128", "Error");
+    dialogs.message(wrong, "Error");
     return std::nullopt;
 }
 
-std::optional<std::uint32_t> height_code(int height, Dialogs& dialogs) {
-    for (std::uint32_t code = 0; code < 3; ++code)
-        if (height == 16 << code)
-            return code;
-    dialogs.message("The map height must be either 16, 32, or 64", "Error");
-    return std::nullopt;
+std::optional<std::uint32_t> width_code(int tiles, Dialogs& dialogs) {
+    return doubling_code(tiles, 128, "The map width must be either 16, 32, 64, or 128", dialogs);
+}
+
+std::optional<std::uint32_t> height_code(int tiles, Dialogs& dialogs) {
+    return doubling_code(tiles, 64, "The map height must be either 16, 32, or 64", dialogs);
 }
 
 // How often the size, taken as a byte, is halved until it is 16.
@@ -102,13 +103,10 @@ bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode 
     return code.has_value();
 }
 
-// The layer's "Map Data Location" as the pointer table holds it, in 24 bits, lowest byte first.
-std::array<std::uint8_t, 3> location_pointer(Form1& form, int layer, Dialogs& dialogs) {
-    const auto pointer =
-        static_cast<std::uint32_t>(parse_hex_text(form.*layer_controls[layer].location, dialogs)) -
-        rom_layout::layer_data;
-    return {static_cast<std::uint8_t>(pointer), static_cast<std::uint8_t>(pointer >> 8),
-            static_cast<std::uint8_t>(pointer >> 16)};
+// The layer's "Map Data Location" as the pointer table holds it.
+Pointer24 location_pointer(Form1& form, int layer, Dialogs& dialogs) {
+    const std::int64_t location = parse_hex_text(form.*layer_controls[layer].location, dialogs);
+    return pointer24_bytes(location - rom_layout::layer_data);
 }
 
 bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dialogs& dialogs) {
@@ -124,7 +122,7 @@ bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dia
 bool write_pointers_as(RomImage& rom, Form1& form, const MapProperties& at_load, Dialogs& dialogs) {
     for (const int layer : {1, 0}) {
         const std::int64_t entry = data_pointer_offset(layer_data_number(at_load, layer));
-        const std::array<std::uint8_t, 3> pointer = location_pointer(form, layer, dialogs);
+        const Pointer24 pointer = location_pointer(form, layer, dialogs);
         for (const std::size_t i : {2u, 1u, 0u})
             if (!told_write(rom, entry + static_cast<std::int64_t>(i), {&pointer[i], 1}, dialogs))
                 return false;
@@ -141,7 +139,7 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
         merge_size(merged, form, field, width_code, dialogs);
     for (const RecordField field : heights)
         merge_size(merged, form, field, height_code, dialogs);
-    merge_fields(merged, form, before_pointers, dialogs);
+    merge_fields(merged, form, formations, dialogs);
     if (!write_pointers(rom, form, merged, dialogs))
         return false;
     merge_fields(merged, form, behind_pointers, dialogs);

@@ -50,7 +50,7 @@ TEST(MapProperties, EveryValueIsItsBitsAndNoOthers) {
 TEST(MapProperties, FieldsShowTheRecordInTheirForms) {
     OpenImage image(Bytes(rom_layout::image_size, 0));
     RomImage& rom = image.rom;
-    ASSERT_TRUE(rom.write_pointer24(data_pointer_offset(5), 0x12345));
+    ASSERT_TRUE(rom.write(data_pointer_offset(5), pointer24_bytes(0x12345)));
     ASSERT_TRUE(rom.write_byte(monster_set_offset(7), 0xAB));
     MapProperties record{};
     record[2] = record[7] = 0xFF, record[5] = 0x80, record[13] = 5, record[23] = 0xE4;

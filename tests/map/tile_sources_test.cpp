@@ -78,7 +78,7 @@ TEST(TileSources, CharactersComeFromTheirGroups) {
 
 TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
     Image image;
-    image.rom.write_pointer24(rom_layout::tileset_pointers + 3 * 84, 0x1234);
+    image.rom.write(rom_layout::tileset_pointers + 3 * 84, pointer24_bytes(0x1234));
     Form1 form;
     form.Text8 = "84", form.Text9 = "85", form.Text10 = "2147483647", form.Text11 = "x";
     const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
@@ -95,9 +95,9 @@ TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
     Bytes bytes(6000);
     for (std::uint8_t& byte : bytes)
         byte = random.byte() & 3;
-    image.rom.write_pointer24(rom_layout::formation_pointers + 3 * 9, 0x100);
+    image.rom.write(rom_layout::formation_pointers + 3 * 9, pointer24_bytes(0x100));
     image.stream(rom_layout::formation_data + 0x100, std::span(bytes).first(2048));
-    image.rom.write_pointer24(rom_layout::layer3_graphics_pointers + 3 * 6, 0x40);
+    image.rom.write(rom_layout::layer3_graphics_pointers + 3 * 6, pointer24_bytes(0x40));
     image.stream(rom_layout::layer3_graphics + 0x40, bytes);
 
     auto buffer = std::make_unique<DecompressBuffer>();

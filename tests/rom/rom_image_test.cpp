@@ -41,8 +41,8 @@ TEST(RomImage, ReadsLittleEndianValuesAndErasedMemoryOutsideTheFile) {
     EXPECT_EQ(rom.read_pointer24(4), 0xFFFFFF);
     EXPECT_EQ(rom.read_byte(-1), 0xFF);
     EXPECT_EQ(rom.read_byte(0x7FFFFFFFFFFF), 0xFF);
-    EXPECT_EQ(rom.read_byte(1), 0x12);       // as before the reads outside
-    EXPECT_TRUE(rom.write_pointer24(5, -2)); // extends the file
+    EXPECT_EQ(rom.read_byte(1), 0x12);              // as before the reads outside
+    EXPECT_TRUE(rom.write(5, pointer24_bytes(-2))); // extends the file
     EXPECT_EQ(disk["a"], (Bytes{0x34, 0x12, 0x05, 0x80, 0, 0xFE, 0xFF, 0xFF}));
     EXPECT_FALSE(rom.write_byte(-1, 1));
 }
