@@ -47,8 +47,8 @@ class Block {
             list_falling(end);
     }
 
-    /// The longest run in the window before position, which must lie in the block and not before
-    /// an earlier one. Its length is below shortest_run where there is none.
+    /// The longest run in the window before position, which must lie in the block. Its length is
+    /// below shortest_run where there is none.
     Match longest_match(int position) const {
         const int pos = position - origin_;
         const int low = pos - window;

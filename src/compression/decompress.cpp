@@ -60,8 +60,7 @@ void decompress_stream(const RomImage& rom, std::int64_t stream_offset, Decompre
                        int output_limit) {
     std::fill_n(buffer.output(), output_limit + 1, std::uint8_t{0});
     const std::size_t length = rom.read_word(stream_offset);
-    // The decoders of the world maps count with a sign: to them a longer stream has no items.
-    const std::size_t longest = output_limit == layer_output_limit ? 0xFFFF : 0x7FFF;
+    const std::size_t longest = output_limit == layer_output_limit ? 0xFFFF : longest_world_stream;
     if (length < 2 || length > longest)
         return;
     std::array<std::uint8_t, 0xFFFF + 1> bytes;

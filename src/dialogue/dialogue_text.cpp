@@ -74,7 +74,8 @@ std::uint8_t count_options(std::string_view text) {
     return static_cast<std::uint8_t>(count_from(text, option_marker, 1));
 }
 
-// Where the text of a number begins, or nothing where its table entry leaves the file.
+// Where the text of a number begins, or -1, from which nothing is read, where its table entry
+// leaves the file.
 std::int64_t text_offset(const RomImage& rom, bool dialogue_patched, int number) {
     constexpr std::int64_t outside = -1;
     std::array<std::uint8_t, 3> entry{};

@@ -3,6 +3,7 @@
 #include "editor/view.h"
 #include "render/enlarge.h"
 #include "rom/number_text.h"
+#include "rom/told_access.h"
 
 namespace veldrune {
 namespace {
@@ -55,6 +56,7 @@ void show_map(EditorState& state) {
 
 void build_tileset(EditorState& state) {
     state.world_map_mode = false;
+    state.rom.take_read_refusal(); // of a reading before
     const std::int64_t layer3_stream = refresh_anim_tiles(state);
     const TilesetOffsets groups = read_tilesets(state.rom, state.form1, state.dialogs);
     load_palette(state);
@@ -69,6 +71,7 @@ void build_tileset(EditorState& state) {
     build_layer_tiles(state, set2, bitmaps.layer2_high, bitmaps.layer2_low);
     build_layer_tiles(state, set1, bitmaps.layer1_high, bitmaps.layer1_low);
     build_layer3_tiles(state, layer3_stream);
+    told_read_refusal(state.rom, "The tiles are not drawn as the image holds them.", state.dialogs);
     show_map(state);
 }
 

@@ -29,11 +29,14 @@
 
 namespace veldrune {
 
-/// The image that a map, or the script, in memory was read from.
-struct MapSource {
+/// The image that something in memory was read from.
+struct ImageSource {
     FileIdentity identity;
     std::string path;
 };
+inline ImageSource source_of(const RomImage& rom) {
+    return {rom.identity(), rom.path()};
+}
 
 /// Everything the editor knows, held once, on the heap. The windows show it and change it through
 /// the operations of this folder alone.
@@ -63,17 +66,17 @@ struct EditorState {
 
     // The selected map.
     int map_index = 0;
-    std::optional<MapSource> map_source; // nothing before the first choice
-    MapProperties map_properties{};      // the record in memory, as chosen, pasted or last saved
-    MapProperties record_at_load{};      // the record as the image held it when the map was chosen
+    std::optional<ImageSource> map_source; // nothing before the first choice
+    MapProperties map_properties{};        // the record in memory, as chosen, pasted or last saved
+    MapProperties record_at_load{}; // the record as the image held it when the map was chosen
     int layer3_order = 0;
     AnimTileTable anim_tiles{};
     std::array<Layer, layer_count> layers;
     MapProperties property_clipboard{}; // the copied record; zeros before the first copy
 
     // The world map.
-    World world = World::dawn;             // the one that was read last
-    std::optional<MapSource> world_source; // nothing before the first opening
+    World world = World::dawn;               // the one that was read last
+    std::optional<ImageSource> world_source; // nothing before the first opening
     WorldMap world_map;
     WorldSheet world_sheet;
     int world_packed_size = 0; // the length field of its stream, as read or last written
@@ -83,8 +86,8 @@ struct EditorState {
     SelectedObject selected_object; // in the object window
 
     // The script in the Event Editor.
-    LoadedScript script;     // as it was loaded
-    MapSource script_source; // the image that it was read from
+    LoadedScript script;                      // as it was loaded
+    std::optional<ImageSource> script_source; // nothing before the first one
     ScriptEntry script_entry;
 
     // The picture.

@@ -1,9 +1,10 @@
 #include "editor/event_editor.h"
 
+#include "editor/object_window.h"
 #include "events/script_encoder.h"
 #include "rom/number_text.h"
 #include "rom/patch_marks.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 namespace veldrune {
 namespace {
@@ -20,13 +21,9 @@ void tell(EditorState& state, const std::string& text) {
     state.dialogs.message(text, "Error");
 }
 
-// True where the disk has refused to give what was read since this was asked last.
 bool reading_failed(EditorState& state) {
-    if (!state.rom.take_read_refusal())
-        return false;
-    tell(state, "Reading " + state.rom.path() +
-                    " failed. What is shown of this script is not what the image holds.");
-    return true;
+    return told_read_refusal(state.rom, "What is shown of this script is not what the image holds.",
+                             state.dialogs);
 }
 
 void tell_if_cut(EditorState& state) {
@@ -36,14 +33,14 @@ void tell_if_cut(EditorState& state) {
                         " bytes and the file. It is shown as far as it goes and can't be saved.");
 }
 
-// Reads the script from the open image. What the disk refuses to give makes it count as cut.
+// Reads the script from the open image.
 void read_script(EditorState& state) {
     ScriptEntry& entry = state.script_entry;
     state.rom.take_read_refusal();
     entry.dialogue_patched = has_dialogue_patch(state.rom);
     state.script = load_script(state.rom, state.selected_object.script_offset,
                                entry.dialogue_patched, state.form9.grid);
-    state.script_source = {state.rom.identity(), state.rom.path()};
+    state.script_source = source_of(state.rom);
 }
 
 // Whether the script may be written into the open image at all; where not, it has been told.
@@ -52,9 +49,9 @@ bool may_save_script(EditorState& state) {
         tell(state, "This script can't be saved, since it was not read up to its end.");
         return false;
     }
-    if (state.script_source.identity == state.rom.identity())
+    if (state.script_source->identity == state.rom.identity())
         return true;
-    tell(state, "This script was read from " + state.script_source.path +
+    tell(state, "This script was read from " + state.script_source->path +
                     " and can't be saved into the open image, " + state.rom.path() + ".");
     return false;
 }
@@ -77,15 +74,14 @@ void open_event_editor(EditorState& state) {
     state.form9.load_number = former_loads + 1;
     state.form9.visible = state.form9.to_front = true;
     if (reading_failed(state))
-        state.script.whole = false;
+        state.script.whole = false; // counts as cut
     else
         tell_if_cut(state);
 }
 
 void open_event_editor_of_object(EditorState& state) {
-    const auto kind = static_cast<ObjectKind>(state.form10.TabStrip1);
-    if (state.selected_object.index &&
-        (kind == ObjectKind::npc || kind == ObjectKind::event_trigger))
+    const SelectedObject& object = state.selected_object;
+    if (object.index && script_offset(chosen_kind(state), object.bytes))
         open_event_editor(state);
 }
 

@@ -2,17 +2,12 @@
 
 #include "objects/sprite_preview.h"
 #include "rom/number_text.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 #include <algorithm>
 
 namespace veldrune {
 namespace {
-
-ObjectKind chosen_kind(const EditorState& state) {
-    const int last_tab = object_tab_count - 1;
-    return static_cast<ObjectKind>(std::clamp(state.form10.TabStrip1, 0, last_tab));
-}
 
 const ObjectList& chosen_list(const EditorState& state) {
     return state.objects[chosen_kind(state)];
@@ -22,7 +17,7 @@ bool has_row(const EditorState& state, int index) {
     return index >= 0 && index < chosen_list(state).row_count;
 }
 
-// The place of its script stays, since the Event Editor may stand open on it.
+// The place where the Event Editor would save stays: it may stand open on this object's script.
 void forget_object(EditorState& state) {
     SelectedObject none;
     none.script_offset = state.selected_object.script_offset;
@@ -70,10 +65,6 @@ void load_selected_record(EditorState& state, int index) {
     show_record_number(state, index);
 }
 
-bool is_blank(const std::string& text) {
-    return text.find_first_not_of(' ') == std::string::npos;
-}
-
 // Whether the fields of the preview can be read: an NPC stands in them, and neither is blank.
 bool has_preview(const EditorState& state) {
     return state.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
@@ -92,6 +83,11 @@ void draw_preview(EditorState& state, std::int32_t sprite, std::int32_t palette)
 }
 
 } // namespace
+
+ObjectKind chosen_kind(const EditorState& state) {
+    const int last_tab = object_tab_count - 1;
+    return static_cast<ObjectKind>(std::clamp(state.form10.TabStrip1, 0, last_tab));
+}
 
 void open_object(EditorState& state, ObjectKind kind, int index) {
     if (chosen_kind(state) != kind) {
@@ -145,7 +141,7 @@ void save_object(EditorState& state) {
     const SelectedObject& object = state.selected_object;
     if (!object.index || !has_row(state, *object.index))
         return;
-    if (!(state.objects.image == state.rom.identity()))
+    if (state.objects.image != state.rom.identity())
         return state.dialogs.message("This object was read from another image than the open one. "
                                      "Build the map of the open image first. Nothing is written.",
                                      "Error");

@@ -4,6 +4,9 @@
 
 namespace veldrune {
 
+/// The kind whose tab form10.TabStrip1 has chosen.
+ObjectKind chosen_kind(const EditorState& state);
+
 /// Shows record index of a kind in the object window.
 void open_object(EditorState& state, ObjectKind kind, int index);
 

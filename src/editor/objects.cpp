@@ -3,6 +3,7 @@
 #include "editor/object_window.h"
 #include "editor/view.h"
 #include "objects/markers.h"
+#include "rom/told_access.h"
 
 namespace veldrune {
 namespace {
@@ -19,14 +20,6 @@ bool is_shown(const EditorState& state, ObjectKind kind) {
     return state.form1.*object_kind_row(kind).shown;
 }
 
-// What the disk has refused to give must not be saved over what stands there.
-void empty_object_lists(EditorState& state) {
-    state.objects = {};
-    drop_object(state);
-    state.dialogs.message(
-        "Reading " + state.rom.path() + " failed. The objects of the map are not shown.", "Error");
-}
-
 // A record of another map or image must not stay in the object window, nor its rows in a list that
 // is not read: a save would put it in the wrong place.
 void reload_object_lists(EditorState& state, Kinds kinds) {
@@ -41,9 +34,12 @@ void reload_object_lists(EditorState& state, Kinds kinds) {
     state.rom.take_read_refusal(); // of a reading before
     for (const ObjectKind kind : kinds)
         load_object_list(state.rom, kind, map, objects[kind]);
-    if (state.rom.take_read_refusal())
-        empty_object_lists(state);
-    else if (!same)
+    // What the disk has refused to give must not be saved over what stands there.
+    const bool refused =
+        told_read_refusal(state.rom, "The objects of the map are not shown.", state.dialogs);
+    if (refused)
+        objects = {};
+    if (refused || !same)
         drop_object(state);
 }
 

@@ -9,17 +9,17 @@ namespace veldrune {
 namespace {
 
 // Where the world map, or the map, that a save would write was read from; nothing without one.
-const std::optional<MapSource>& source_of_save(const EditorState& state) {
+const std::optional<ImageSource>& source_of_save(const EditorState& state) {
     return state.world_map_open ? state.world_source : state.map_source;
 }
 
-bool is_open_image(const EditorState& state, const std::optional<MapSource>& source) {
+bool is_open_image(const EditorState& state, const std::optional<ImageSource>& source) {
     return source && source->identity == state.rom.identity();
 }
 
 // A map that was read from another image is saved only where the user wants that.
 bool may_save_foreign_map(EditorState& state) {
-    const std::optional<MapSource>& source = source_of_save(state);
+    const std::optional<ImageSource>& source = source_of_save(state);
     return !source || is_open_image(state, source) ||
            state.dialogs.question("This map was read from " + source->path + ", but " +
                                   state.rom.path() + " is open. Save it all the same?");
@@ -43,8 +43,8 @@ bool go_on_in_copy(EditorState& state, const std::string& path) {
         return refuse(state, "The image could not be copied to " + path + ".");
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
-    const MapSource copy{state.rom.identity(), path};
-    for (auto* source : {&state.map_source, &state.world_source})
+    const ImageSource copy = source_of(state.rom);
+    for (auto* source : {&state.map_source, &state.world_source, &state.script_source})
         if (*source && (*source)->identity == original)
             *source = copy;
     if (state.objects.image == original)
@@ -67,7 +67,7 @@ bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
     if (!save_all_layers(state) || !save_the_properties(state))
         return false;
     state.changes_saved = true;
-    state.map_source = MapSource{state.rom.identity(), state.rom.path()};
+    state.map_source = source_of(state.rom);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/objects.h"
 #include "editor/view.h"
+#include "rom/told_access.h"
 
 namespace veldrune {
 namespace {
@@ -44,13 +45,12 @@ void load_map_fields(EditorState& state) {
 
 } // namespace
 
-void tell_read_refusal(EditorState& state, std::optional<MapSource>& source) {
-    if (!state.rom.take_read_refusal())
-        return;
-    source.reset();
-    state.dialogs.message("Reading " + state.rom.path() + " failed. What is shown of this map is " +
-                              "not what the image holds, and it can't be saved.",
-                          "Error");
+void tell_read_refusal(EditorState& state, std::optional<ImageSource>& source) {
+    if (told_read_refusal(state.rom,
+                          "What is shown of this map is not what the image holds, and it can't be "
+                          "saved.",
+                          state.dialogs))
+        source.reset();
 }
 
 void show_map_fields(EditorState& state) {
@@ -67,7 +67,7 @@ void select_map(EditorState& state) {
     enable_map_fields(form);
     state.rom.take_read_refusal(); // of a reading before
     state.map_index = form.Combo1;
-    state.map_source = MapSource{state.rom.identity(), state.rom.path()};
+    state.map_source = source_of(state.rom);
     read_map_properties(state);
     for (int layer = 0; layer < layer_count; ++layer)
         load_layer(state.rom, form, layer, state.decompress_buffer,

@@ -11,7 +11,7 @@ void select_map(EditorState& state);
 
 /// Tells where the disk has refused a read. What was read from source since is not what the image
 /// holds, and must not be saved over that: it counts as never read.
-void tell_read_refusal(EditorState& state, std::optional<MapSource>& source);
+void tell_read_refusal(EditorState& state, std::optional<ImageSource>& source);
 
 /// Shows the record in memory, and the map's monster set, in the fields.
 void show_map_fields(EditorState& state);

@@ -4,7 +4,7 @@
 #include "editor/select_map.h"
 #include "render/enlarge.h"
 #include "rom/number_text.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 namespace veldrune {
 namespace {
@@ -26,7 +26,7 @@ void read_world(EditorState& state, World world) {
     const std::int32_t map = offset_of_address(state.rom.read_pointer24(row.map_pointer));
     const std::int32_t graphics = offset_of_address(state.rom.read_pointer24(row.graphics_pointer));
     state.world = world;
-    state.world_source = MapSource{state.rom.identity(), state.rom.path()};
+    state.world_source = source_of(state.rom);
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
     state.world_packed_size =
         read_world_map(state.rom, map, state.decompress_buffer, state.world_map);
@@ -75,7 +75,8 @@ std::span<const std::uint8_t> packed_world(EditorState& state) {
     const auto length = compress_world_map(state.world_map.cells, state.compress_output);
     if (length && *length <= longest_world_stream)
         return std::span(state.compress_output).first(*length);
-    refuse(state, "its stream would take more than 32767 bytes, which the game can't read.");
+    refuse(state, "its stream would take more than " + std::to_string(longest_world_stream) +
+                      " bytes, which the game can't read.");
     return {};
 }
 
@@ -91,10 +92,7 @@ bool write_pointer(EditorState& state, std::int64_t location) {
                                   ". The pointer to the world map stays as it was.",
                               "Error");
     else
-        return told_write(state.rom, world_row(state.world).map_pointer,
-                          std::array{static_cast<std::uint8_t>(address),
-                                     static_cast<std::uint8_t>(address >> 8),
-                                     static_cast<std::uint8_t>(address >> 16)},
+        return told_write(state.rom, world_row(state.world).map_pointer, pointer24_bytes(address),
                           state.dialogs);
     return true;
 }
@@ -145,7 +143,7 @@ void save_world_map(EditorState& state) {
     if (!write_pointer(state, location))
         return;
     state.changes_saved = true;
-    state.world_source = MapSource{state.rom.identity(), state.rom.path()};
+    state.world_source = source_of(state.rom);
 }
 
 } // namespace veldrune

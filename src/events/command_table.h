@@ -59,7 +59,7 @@ struct ScriptCommand {
     constexpr bool is_queue() const { return rows[0].kind == ParameterKind::queue_count; }
 };
 
-/// The tables in ascending order of codes.
+/// The row of a code.
 const ScriptCommand& script_command(std::uint8_t code);
 const ScriptCommand& queue_action(std::uint8_t code);
 

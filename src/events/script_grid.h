@@ -45,7 +45,7 @@ std::string padded(std::string_view digits, std::size_t width);
 bool starts_command(const ScriptGrid& grid, int row);
 /// The code of the command that begins in this row; -1 where none does.
 int command_code_at(const ScriptGrid& grid, int row);
-/// The row behind the last one of the command to which a row belongs; never the spare row's.
+/// The row behind the last one of the command to which a row belongs; at most the spare row.
 int command_end(const ScriptGrid& grid, int row);
 
 void insert_row(ScriptGrid& grid, int row, ScriptRow what);

@@ -85,7 +85,7 @@ struct Form1 {
     std::string Text26;          // high number of byte 27 of the record, less 1, or "N/A"; hidden
     std::string Text24;          // map data location of the world map, hexadecimal file offset
     bool Text24_visible = false; // Text24 lies over Text14 while a world map is shown
-    std::string Text20 = " ";    // notes, free text
+    std::string Text20 = " ";    // notes; the object tool puts a column or a chest's contents here
 };
 
 /// The controls that every layer has, by layer: 0, 1 and 2 are layers 1, 2 and 3.

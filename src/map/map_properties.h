@@ -78,6 +78,7 @@ int layer_data_number(const MapProperties& record, int layer);
 /// File offset of the entry of the layer data pointer table that data number reaches.
 std::int64_t data_pointer_offset(int number);
 
+/// The record of a map, 0 to 413, as the image holds it.
 MapProperties read_record(const RomImage& rom, int map_index);
 /// File offset of the map's record.
 std::int64_t record_offset(int map_index);

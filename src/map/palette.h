@@ -10,7 +10,7 @@ namespace veldrune {
 /// A packed colour: blue in bits 0-7, green in bits 8-15, red in bits 16-23. 0 means no pixel.
 using Colour = std::uint32_t;
 
-/// Two palettes of 128 colours; the map's own is the first.
+/// 256 colours. The first 128 are a map's own; what lies behind them in the image comes along.
 using Palette256 = std::array<Colour, 256>;
 
 /// The packed colour of a 15-bit word: red in bits 0-4, green in bits 5-9, blue in bits 10-14.

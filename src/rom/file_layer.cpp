@@ -53,7 +53,9 @@ class DiskFile : public File {
         return true;
     }
 
-    bool flush() override { return ::fsync(descriptor_) == 0; }
+    bool flush() override {
+        return uninterrupted([&] { return ::fsync(descriptor_); }) == 0;
+    }
 
     std::optional<FileStatus> status() override {
         struct stat status {};
@@ -74,10 +76,13 @@ class Disk : public FileLayer {
     std::unique_ptr<File> create(const std::string& path, unsigned permissions) override {
         return file_of(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
     }
+    std::string target_of(const std::string& path) override {
+        std::error_code failed;
+        const std::filesystem::path target = std::filesystem::canonical(path, failed);
+        return failed ? path : target.string();
+    }
     bool rename(const std::string& from, const std::string& to) override {
-        std::error_code none;
-        const std::filesystem::path target = std::filesystem::canonical(to, none);
-        return ::rename(from.c_str(), none ? to.c_str() : target.c_str()) == 0;
+        return ::rename(from.c_str(), to.c_str()) == 0;
     }
     void remove(const std::string& path) override { ::unlink(path.c_str()); }
     std::optional<FileIdentity> identity_of(const std::string& path) override {
@@ -110,8 +115,9 @@ std::unique_ptr<FileLayer> make_disk() {
     return std::make_unique<Disk>();
 }
 
-bool copy_file(FileLayer& files, File& from, const std::string& to) {
+bool copy_file(FileLayer& files, File& from, const std::string& path) {
     const std::optional<FileStatus> status = from.status();
+    const std::string to = files.target_of(path);
     std::string part = to + ".part";
     for (int number = 1; files.identity_of(part); ++number)
         part = to + ".part" + std::to_string(number);

@@ -17,7 +17,7 @@ struct FileIdentity {
 
 struct FileStatus {
     FileIdentity identity;
-    std::int64_t size = 0;
+    std::int64_t size = 0;    // bytes
     unsigned permissions = 0; // as the system has them
 };
 
@@ -34,6 +34,7 @@ class File {
     virtual bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
     /// False where what was written may not have reached the disk.
     virtual bool flush() = 0;
+    /// Nothing where the disk does not tell.
     virtual std::optional<FileStatus> status() = 0;
 };
 
@@ -43,11 +44,14 @@ class FileLayer {
     virtual ~FileLayer() = default;
     /// An existing file, for reading and writing. Null where that can't be had.
     virtual std::unique_ptr<File> open(const std::string& path) = 0;
-    /// A new, empty file. Null where the name is taken or the file can't be made.
+    /// A new, empty file with these permissions (bits as in FileStatus). Null where the name is
+    /// taken or the file can't be made.
     virtual std::unique_ptr<File> create(const std::string& path, unsigned permissions) = 0;
-    /// Gives the file at from the name to, in the place of what had that name. Where to is a link,
-    /// what it leads to is replaced.
+    /// What a link leads to at last; any other name as it is.
+    virtual std::string target_of(const std::string& path) { return path; }
+    /// Gives the file at from the name to, in the place of what had that name.
     virtual bool rename(const std::string& from, const std::string& to) = 0;
+    /// Takes the name from the folder. Nothing happens where there is none.
     virtual void remove(const std::string& path) = 0;
     /// The file behind a name, or nothing where there is none.
     virtual std::optional<FileIdentity> identity_of(const std::string& path) = 0;
@@ -56,8 +60,9 @@ class FileLayer {
 /// The real disk. Every access goes straight to the operating system.
 std::unique_ptr<FileLayer> make_disk();
 
-/// Copies an open file to the name to. The copy is made under a temporary name in the same folder
-/// and renamed when it is whole, so that a failure leaves what stood there. False on failure.
-bool copy_file(FileLayer& files, File& from, const std::string& to);
+/// Copies an open file to path, or to what a link there leads to. The copy is made under a
+/// temporary name in the same folder and renamed when it is whole, so that a failure leaves what
+/// stood there. False on failure.
+bool copy_file(FileLayer& files, File& from, const std::string& path);
 
 } // namespace veldrune

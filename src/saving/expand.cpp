@@ -1,7 +1,7 @@
 #include "saving/expand.h"
 
 #include "rom/rom_layout.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 #include <optional>
 #include <vector>
@@ -10,7 +10,8 @@ namespace veldrune {
 namespace {
 
 constexpr std::size_t dialogue_count = rom_layout::dialogue_count;
-constexpr std::size_t last_of_first_bank = 1591; // the texts behind it lie in the second bank
+// The new table gives one text more to the first bank than the game's old reader does.
+constexpr std::size_t last_of_first_bank = rom_layout::first_dialogue_of_second_bank;
 constexpr std::uint8_t first_bank = 0xCD;
 constexpr std::uint8_t second_bank = 0xCE;
 
@@ -48,16 +49,13 @@ PointerTable wide_pointers(const RomImage& rom) {
     return wide;
 }
 
-void refuse(const RomImage& rom, Dialogs& dialogs) {
-    dialogs.message("Reading " + rom.path() + " failed. Nothing has been changed.", "Error");
-}
-
 } // namespace
 
 void expand_rom(RomImage& rom, Dialogs& dialogs) {
     const std::optional<std::int64_t> size = rom.size();
     if (!size)
-        return refuse(rom, dialogs);
+        return dialogs.message(
+            "The length of " + rom.path() + " can't be told. Nothing has been changed.", "Error");
     if (*size >= rom_layout::expanded_image_size)
         return dialogs.message("This image has been expanded to 32 Mbit already. Nothing has been "
                                "changed.",
@@ -71,8 +69,8 @@ void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
     // The mark is read before the table makes a short file longer.
     const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
     const PointerTable pointers = wide_pointers(rom);
-    if (rom.take_read_refusal())
-        return refuse(rom, dialogs);
+    if (told_read_refusal(rom, "Nothing has been changed.", dialogs))
+        return;
     if (told_write(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
         told_write(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
         told_write(rom, dialogue_mark_byte, {&mark, 1}, dialogs))

@@ -1,7 +1,7 @@
 #include "saving/save_layers.h"
 
 #include "rom/number_text.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 #include <optional>
 

@@ -2,7 +2,7 @@
 
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
-#include "saving/told_write.h"
+#include "rom/told_access.h"
 
 #include <optional>
 #include <span>
@@ -157,10 +157,8 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
         return false;
     rom.take_read_refusal(); // of a reading before
     MapProperties record = read_record(rom, map_index);
-    if (rom.take_read_refusal()) {
-        dialogs.message("Reading " + rom.path() + " failed. Nothing more is written.", "Error");
+    if (told_read_refusal(rom, "Nothing more is written.", dialogs))
         return false;
-    }
     const auto write_bytes = [&](std::size_t first, std::size_t count) {
         return told_write(rom, record_offset(map_index) + static_cast<std::int64_t>(first),
                           std::span(record).subspan(first, count), dialogs);

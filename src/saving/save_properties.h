@@ -15,7 +15,7 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
 
 /// Save As: writes the pointers of layers 2 and 1 and the bytes of the record that it covers, each
 /// straight into the image. at_load is the record as it was when the map was chosen. False where a
-/// write failed; that has been told.
+/// read or a write failed; that has been told.
 bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_load, int map_index,
                             Dialogs& dialogs);
 

@@ -7,7 +7,6 @@ namespace {
 
 constexpr int character_side = 8;
 constexpr std::size_t character_size = 32;
-constexpr int tile_table_size = 1024;
 
 using WorldGraphics = std::span<const std::uint8_t, world_graphics_size>;
 
@@ -30,7 +29,7 @@ void draw_character(WorldGraphics graphics, std::size_t character, const Palette
 }
 
 void build_world_sheet(WorldGraphics graphics, const Palette256& palette, WorldSheet& sheet) {
-    for (int entry = 0; entry < tile_table_size; ++entry) {
+    for (int entry = 0; entry < static_cast<int>(world_characters_at); ++entry) {
         const int quarter = entry % 4;
         Colour* target =
             sheet.tile(entry / 4) + (quarter / 2 * WorldSheet::side + quarter % 2) * character_side;

@@ -17,9 +17,6 @@ inline constexpr int world_side = 256;     // tiles in a row of a world map, and
 inline constexpr int world_tile_size = 16; // pixels of a tile's side, in the sheet and in the view
 inline constexpr int world_view_tiles = view_size / world_tile_size;
 
-/// The longest stream that the decoders of the world maps take.
-inline constexpr int longest_world_stream = 0x7FFF;
-
 using WorldMap = TileGrid<world_side, world_side>;
 
 /// The pictures of the 256 tiles: 256 by 256 pixels, tile t at column t mod 16, row t div 16.

@@ -12,4 +12,8 @@ namespace veldrune {
 bool told_write(RomImage& rom, std::int64_t offset, std::span<const std::uint8_t> bytes,
                 Dialogs& dialogs);
 
+/// Whether the disk has refused a read since RomImage::take_read_refusal was asked last. The user
+/// is then told, with what follows from it.
+bool told_read_refusal(RomImage& rom, const std::string& consequence, Dialogs& dialogs);
+
 } // namespace veldrune
