@@ -8,7 +8,7 @@ source tools/setup.sh
 
 need "${build_packages[@]}" clang-format
 tools/check_layers
-git ls-files '*.cpp' '*.h' 2>/dev/null | xargs -r clang-format --dry-run -Werror
+find bench demo fuzz src tests tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
 
 for preset in release sanitize; do
     echo "== $preset =="

@@ -3,7 +3,6 @@
 #include "rom/rom_image.h"
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 

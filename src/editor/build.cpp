@@ -45,7 +45,7 @@ void show_map(EditorState& state) {
     warn_about_sizes(state);
     set_column_maximum(state);
     set_row_maximum(state);
-    show_map_scroll_bars(state.form1);
+    show_scroll_bars(state.form1, false);
     if (any_layer_shown(state.form1))
         compose_view(state);
     draw_overlays(state);

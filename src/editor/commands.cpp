@@ -65,7 +65,7 @@ bool holds(const EditorState& state, Guard guard) {
     case Guard::rom_open:
         return state.rom_open;
     case Guard::map_selected:
-        return state.rom_open && state.map_selected;
+        return map_ready(state);
     default:
         return true;
     }

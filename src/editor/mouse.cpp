@@ -105,7 +105,7 @@ void on_press(EditorState& state, MouseButton button, int x, int y) {
     } else if (button == MouseButton::right || state.form1.tool == Tool::get_tile) {
         if (state.world_map_mode)
             pick_world_tile(state, cursor);
-        else if (state.rom_open && state.map_selected)
+        else if (map_ready(state))
             pick_map_tile(state, cursor);
     }
 }

@@ -10,7 +10,7 @@ namespace {
 void leave_world_map(EditorState& state) {
     state.world_map_open = false;
     state.world_map_mode = false;
-    show_map_scroll_bars(state.form1);
+    show_scroll_bars(state.form1, false);
 }
 
 void enable_map_fields(Form1& form) {
@@ -28,19 +28,15 @@ bool may_drop_changes(EditorState& state) {
 // Shows the map's record in the fields and keeps what later steps need of it.
 void read_map_properties(EditorState& state) {
     const MapProperties record = read_record(state.rom, state.map_index);
-    state.record_at_load = record;
+    state.map_properties = state.record_at_load = record;
     show_record(state.rom, record, state.form1);
     show_byte27_high(record, state.form1);
     for (int layer = 0; layer < layer_count; ++layer)
         state.layers[static_cast<std::size_t>(layer)].layer_offset =
             state.rom.read_pointer24(data_pointer_offset(layer_data_number(record, layer)));
     state.layer3_order = read_layer3_order(state.rom, record);
+    // Four bits, while the field and the build take five.
     fill_anim_tile_table(state.rom, record[27] & 0x0F, state.anim_tiles);
-}
-
-void load_map_fields(EditorState& state) {
-    state.map_properties = read_record(state.rom, state.map_index);
-    show_map_fields(state);
 }
 
 } // namespace
@@ -75,7 +71,7 @@ void select_map(EditorState& state) {
     read_object_counts(state);
     if (form.Combo1 > 0)
         state.map_selected = true;
-    load_map_fields(state);
+    show_monster_set(state.rom, state.map_index, form);
     tell_read_refusal(state, state.map_source);
 }
 

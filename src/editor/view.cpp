@@ -31,10 +31,6 @@ Layer3Blend layer3_blend(const Form1& form) {
                                                                 : Layer3Blend::half;
 }
 
-bool map_ready(const EditorState& state) {
-    return state.rom_open && state.map_selected;
-}
-
 void on_zoom_change(EditorState& state) {
     if (!map_ready(state))
         return;
@@ -72,13 +68,17 @@ void set_zoom(EditorState& state, float zoom) {
 
 } // namespace
 
+bool map_ready(const EditorState& state) {
+    return state.rom_open && state.map_selected;
+}
+
 bool any_layer_shown(const Form1& form) {
     return form.Check5 || form.Check6 || form.Check7;
 }
 
-void show_map_scroll_bars(Form1& form) {
-    form.HScroll1.visible = form.VScroll1.visible = true;
-    form.HScroll2.visible = form.VScroll2.visible = false;
+void show_scroll_bars(Form1& form, bool world) {
+    form.HScroll1.visible = form.VScroll1.visible = !world;
+    form.HScroll2.visible = form.VScroll2.visible = world;
 }
 
 int cells_across(const EditorState& state) {

@@ -8,11 +8,14 @@ namespace veldrune {
 /// What the next composition will show, from the fields, boxes and scroll bars as they stand.
 MapView map_view(const EditorState& state);
 
+/// Whether there is a map to build and show.
+bool map_ready(const EditorState& state);
+
 /// Whether at least one "View Layer" box is ticked.
 bool any_layer_shown(const Form1& form);
 
-/// The map's scroll bars in the place of the world map's.
-void show_map_scroll_bars(Form1& form);
+/// The scroll bars of a world map or of a map, in the place of the other ones.
+void show_scroll_bars(Form1& form, bool world);
 
 /// Cells per row and column of the view, and pixels per cell side, at the present zoom.
 int cells_across(const EditorState& state);

@@ -2,6 +2,7 @@
 
 #include "editor/objects.h"
 #include "editor/select_map.h"
+#include "editor/view.h"
 #include "render/enlarge.h"
 #include "rom/number_text.h"
 #include "rom/told_access.h"
@@ -13,11 +14,6 @@ void show_world_controls(EditorState& state) {
     state.world_map_open = state.world_map_mode = true;
     state.form1.map_fields_enabled = false;
     state.form1.Text24_visible = true;
-}
-
-void show_world_scroll_bars(Form1& form) {
-    form.HScroll1.visible = form.VScroll1.visible = false;
-    form.HScroll2.visible = form.VScroll2.visible = true;
 }
 
 void read_world(EditorState& state, World world) {
@@ -56,7 +52,7 @@ void open_world_map(EditorState& state, World world) {
     tell_read_refusal(state, state.world_source);
     borrow_objects(state);
     draw_world_objects(state);
-    show_world_scroll_bars(state.form1);
+    show_scroll_bars(state.form1, true);
 }
 
 void refuse(EditorState& state, const std::string& why) {
@@ -80,21 +76,24 @@ std::span<const std::uint8_t> packed_world(EditorState& state) {
     return {};
 }
 
-// A location that no pointer can name is told and leaves the pointer as it is.
+// A location that no pointer can name is told and leaves the pointer as it is. False where the
+// write failed.
 bool write_pointer(EditorState& state, std::int64_t location) {
     const std::int64_t address = address_of_offset(location);
     const std::string digits =
         format_hex(static_cast<std::uint32_t>(location - rom_layout::header_size));
-    if (digits.size() != 6)
+    if (digits.size() != 6) {
         state.dialogs.message("Map Data Location must be 6 digits long", "Error");
-    else if (address > last_address)
+        return true;
+    }
+    if (address > last_address) {
         state.dialogs.message("No pointer reaches " + state.form1.Text24 +
                                   ". The pointer to the world map stays as it was.",
                               "Error");
-    else
-        return told_write(state.rom, world_row(state.world).map_pointer, pointer24_bytes(address),
-                          state.dialogs);
-    return true;
+        return true;
+    }
+    return told_write(state.rom, world_row(state.world).map_pointer, pointer24_bytes(address),
+                      state.dialogs);
 }
 
 } // namespace

@@ -158,7 +158,7 @@ const ScriptCommand& queue_action(std::uint8_t code) {
 int action_size(std::uint8_t code) {
     int size = 1;
     for (const Parameter& parameter : actions[code].parameters())
-        size += parameter.kind == ParameterKind::pointer ? 3 : 1;
+        size += size_of(parameter.kind);
     return size;
 }
 

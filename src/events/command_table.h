@@ -23,6 +23,19 @@ enum class ParameterKind : std::uint8_t {
     queue_count, // 1 byte: number of bytes of the actions that follow
 };
 
+/// Bytes of a value of a kind that has a width of its own.
+constexpr int size_of(ParameterKind kind) {
+    switch (kind) {
+    case ParameterKind::pointer:
+        return 3;
+    case ParameterKind::word:
+    case ParameterKind::dialogue:
+        return 2;
+    default:
+        return 1;
+    }
+}
+
 /// The words beside a row: those of a command that was loaded, and those of one that is added.
 struct Label {
     const char* loaded;

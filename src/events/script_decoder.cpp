@@ -82,22 +82,20 @@ class Decoder {
     // The text of a value of a fixed width.
     std::string take_value(ParameterKind kind) {
         switch (kind) {
-        case ParameterKind::word:
-            return format_hex(take(2));
         case ParameterKind::pointer:
-            return format_hex(take(3) + rom_layout::event_scripts);
+            return format_hex(take(size_of(kind)) + rom_layout::event_scripts);
         case ParameterKind::high_nibble:
             return format_hex(byte_at(index_) >> 4);
         case ParameterKind::low_nibble:
             return format_hex(take(1) & 0xF);
         default:
-            return format_hex(take(1));
+            return format_hex(take(size_of(kind)));
         }
     }
 
     void decode_dialogue() {
         const bool tall = byte_at(command_) == 0x48;
-        const std::uint32_t reference = take(2);
+        const std::uint32_t reference = take(size_of(ParameterKind::dialogue));
         last_dialogue_ = dialogue_number(reference).value_or(last_dialogue_);
         const DialogueText dialogue = read_dialogue_text(rom_, dialogue_patched_, last_dialogue_);
         last_option_count_ = dialogue.option_count;

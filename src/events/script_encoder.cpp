@@ -69,17 +69,18 @@ class Encoder {
         const std::string& cell = cell_at(row, column);
         if (kind == ParameterKind::pointer)
             return encode_offset(cell, row, column);
-        const bool is_word = kind == ParameterKind::word || kind == ParameterKind::dialogue;
+        const int size = size_of(kind);
         const std::uint64_t value = number_in(cell);
-        if (value > (is_word ? 0xFFFFu : 0xFFu))
+        if (value >= 1u << 8 * size)
             return refuse(row, column,
-                          "its value does not fit in a " + std::string(is_word ? "word" : "byte"));
+                          "its value does not fit in a " +
+                              std::string(size == 2 ? "word" : "byte"));
         if (kind == ParameterKind::high_nibble)
             emit(static_cast<std::uint32_t>(value & 0xF) << 4, 1);
         else if (kind == ParameterKind::low_nibble)
             script_.bytes.back() |= static_cast<std::uint8_t>(value & 0xF);
         else
-            emit(static_cast<std::uint32_t>(value), is_word ? 2 : 1);
+            emit(static_cast<std::uint32_t>(value), size);
         return true;
     }
 
@@ -87,7 +88,7 @@ class Encoder {
         const std::uint64_t offset = is_blank(digits) ? 0 : number_in(digits);
         if (offset < lowest_offset || offset > highest_offset)
             return refuse(row, column, "an offset lies between 0A0200 and 10A01FF");
-        emit(static_cast<std::uint32_t>(offset - lowest_offset), 3);
+        emit(static_cast<std::uint32_t>(offset - lowest_offset), size_of(ParameterKind::pointer));
         return true;
     }
 

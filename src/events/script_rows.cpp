@@ -18,17 +18,8 @@ ScriptRow& row_at(ScriptGrid& grid, int row) {
     return grid[static_cast<std::size_t>(row)];
 }
 
-// Digits of a value of this kind.
 std::size_t digits_of(ParameterKind kind) {
-    switch (kind) {
-    case ParameterKind::word:
-    case ParameterKind::dialogue:
-        return 4;
-    case ParameterKind::pointer:
-        return 6;
-    default:
-        return 2;
-    }
+    return 2 * static_cast<std::size_t>(size_of(kind));
 }
 
 void normalise_cell(std::string& cell, ParameterKind kind) {

@@ -5,7 +5,6 @@
 #include "map/tile_grid.h"
 #include "rom/rom_image.h"
 
-#include <array>
 #include <cstdint>
 #include <span>
 

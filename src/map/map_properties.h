@@ -1,6 +1,5 @@
 #pragma once
 
-#include "forms/dialogs.h"
 #include "forms/form1.h"
 #include "rom/rom_image.h"
 
@@ -93,7 +92,8 @@ void show_byte27_high(const MapProperties& record, Form1& form);
 /// Shows the map's monster set in Text41.
 void show_monster_set(const RomImage& rom, int map_index, Form1& form);
 
-/// Where layer 3 stands, from the layer priority table: 0 at the bottom, 1 between, 2 on top.
+/// Where layer 3 stands, from the layer priority table: 0 at the bottom, 1 right above
+/// layer 2's low tiles, 2 on top.
 int read_layer3_order(const RomImage& rom, const MapProperties& record);
 
 } // namespace veldrune

@@ -13,7 +13,7 @@ namespace {
 using F = Form10;
 
 /// How a value of a record stands in its control.
-enum class FieldForm {
+enum class ObjectFieldForm {
     number,       // hexadecimal text, the value and base added
     low_number,   // the same; only as many bits of it as the value has are packed
     short_number, // the same, of less than six characters
@@ -24,12 +24,12 @@ enum class FieldForm {
     list,         // row of a list
     option,       // the lowest set bit tells the pressed button
 };
-using enum FieldForm;
+using enum ObjectFieldForm;
 
 /// One value of a record: bit_count bits from first_bit on, bit 0 being the lowest of byte 0. A
 /// value of no bits shows as 0 and is not packed.
 struct FieldRow {
-    FieldForm form;
+    ObjectFieldForm form;
     int first_bit;
     int bit_count;
     std::string F::*text;

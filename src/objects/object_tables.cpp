@@ -3,8 +3,6 @@
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
-#include <algorithm>
-
 namespace veldrune {
 namespace {
 

@@ -29,22 +29,23 @@ bool is_missing(const Form1& form, int index) {
     return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
 }
 
-// The size of the layer as it is saved. read takes a number from a field.
-template <typename Read>
-LayerSize saved_size(const Form1& form, int index, Read read) {
+// The size of the layer as it is saved.
+LayerSize saved_size(const Form1& form, int index) {
     const LayerControls& controls = layer_controls[index];
-    const LayerSize size{read(form.*controls.width).value, read(form.*controls.height).value};
-    return is_missing(form, index) ? LayerSize{missing_layer3_side, missing_layer3_side} : size;
+    if (is_missing(form, index))
+        return {missing_layer3_side, missing_layer3_side};
+    return {decimal_number(form.*controls.width).value,
+            decimal_number(form.*controls.height).value};
 }
 
-LayerSize told_size(const Form1& form, int index, Dialogs& dialogs) {
-    return saved_size(form, index,
-                      [&](const std::string& text) { return parse_decimal_text(text, dialogs); });
+// Tells of texts that are no numbers.
+void warn_about_size(const Form1& form, int index, Dialogs& dialogs) {
+    for (const auto size : {&LayerControls::width, &LayerControls::height})
+        parse_decimal_text(form.*(layer_controls[index].*size), dialogs);
 }
 
 // Why the layer can't be saved, or an empty text.
-std::string obstacle(const Form1& form, int index, const Layer& layer) {
-    const LayerSize size = saved_size(form, index, decimal_number);
+std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& layer) {
     const std::int64_t tiles = std::int64_t{size.width} * size.height;
     if (layer.rows_missing && !is_missing(form, index))
         return "it is 128 tiles high, and only 64 of its rows could be loaded.";
@@ -54,18 +55,24 @@ std::string obstacle(const Form1& form, int index, const Layer& layer) {
            std::to_string(size.width) + " times " + std::to_string(size.height) + ".";
 }
 
-// Looks at all layers before anything is written.
-bool all_can_be_saved(const Form1& form, const std::array<Layer, layer_count>& layers,
-                      Dialogs& dialogs) {
+using LayerSizes = std::array<LayerSize, layer_count>;
+
+// The sizes of all layers, looked at before anything is written. Nothing where one of them can't be
+// saved, which has been told.
+std::optional<LayerSizes>
+sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
+    LayerSizes sizes;
     for (const int index : save_order) {
-        const std::string why = obstacle(form, index, layers[static_cast<std::size_t>(index)]);
+        const auto at = static_cast<std::size_t>(index);
+        sizes[at] = saved_size(form, index);
+        const std::string why = obstacle(form, index, sizes[at], layers[at]);
         if (why.empty())
             continue;
-        told_size(form, index, dialogs); // a text that is no number may be the cause
+        warn_about_size(form, index, dialogs); // a text that is no number may be the cause
         refuse(index, why, dialogs);
-        return false;
+        return std::nullopt;
     }
-    return true;
+    return sizes;
 }
 
 bool may_grow(int index, int growth, Dialogs& dialogs) {
@@ -75,9 +82,9 @@ bool may_grow(int index, int growth, Dialogs& dialogs) {
                             "memory location will undoubtably mess something up. Continue?");
 }
 
-bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, CompressOutput& output,
-                Dialogs& dialogs) {
-    const LayerSize size = told_size(form, index, dialogs);
+bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
+                CompressOutput& output, Dialogs& dialogs) {
+    warn_about_size(form, index, dialogs);
     const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
     std::array<std::uint8_t, max_tiles> tiles;
     const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
@@ -97,11 +104,14 @@ bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer, Compr
 
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
                  CompressOutput& output, Dialogs& dialogs) {
-    if (!all_can_be_saved(form, layers, dialogs))
+    const std::optional<LayerSizes> sizes = sizes_to_save(form, layers, dialogs);
+    if (!sizes)
         return false;
-    for (const int index : save_order)
-        if (!save_layer(rom, form, index, layers[static_cast<std::size_t>(index)], output, dialogs))
+    for (const int index : save_order) {
+        const auto at = static_cast<std::size_t>(index);
+        if (!save_layer(rom, form, index, (*sizes)[at], layers[at], output, dialogs))
             return false;
+    }
     return true;
 }
 

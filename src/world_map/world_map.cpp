@@ -1,6 +1,7 @@
 #include "world_map/world_map.h"
 
 #include <algorithm>
+#include <span>
 
 namespace veldrune {
 namespace {

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 #include <utility>
 
 namespace veldrune {
