@@ -57,7 +57,7 @@ bool may_save_script(EditorState& state) {
 }
 
 void refuse(EditorState& state, const CellRefusal& refusal) {
-    const ScriptRow& row = state.form9.grid[static_cast<std::size_t>(refusal.row)];
+    const ScriptRow& row = row_at(state.form9.grid, refusal.row);
     refuse_cell(desk_of(state), refusal, row.cells[refusal.column]);
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
 #include <span>
 
@@ -97,10 +98,18 @@ class Decoder {
         const bool tall = byte_at(command_) == 0x48;
         const std::uint32_t reference = take(size_of(ParameterKind::dialogue));
         last_dialogue_ = dialogue_number(reference).value_or(last_dialogue_);
-        const DialogueText dialogue = read_dialogue_text(rom_, dialogue_patched_, last_dialogue_);
+        const DialogueText& dialogue = dialogue_text(last_dialogue_);
         last_option_count_ = dialogue.option_count;
         add_row(secondary, format_hex(reference), dialogue.text,
                 tall ? waiting_dialogue_height : dialogue.line_count * script_line_height);
+    }
+
+    // Each is read once: bytes that make no sense may show the same long text again and again.
+    const DialogueText& dialogue_text(int number) {
+        const auto [text, is_new] = dialogues_.try_emplace(number);
+        if (is_new)
+            text->second = read_dialogue_text(rom_, dialogue_patched_, number);
+        return text->second;
     }
 
     // Lines of as many bytes as the data is wide. What the height tells beyond the 8 bits of their
@@ -161,6 +170,7 @@ class Decoder {
     const bool dialogue_patched_;
     const std::span<const std::uint8_t> bytes_;
     ScriptGrid& grid_;
+    std::map<int, DialogueText> dialogues_;
     std::size_t index_ = 0;              // of the next byte; beyond the end where bytes are missing
     std::size_t command_ = 0;            // where the present command began
     int last_dialogue_ = 0;              // number of the dialogue shown last

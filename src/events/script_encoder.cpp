@@ -70,7 +70,7 @@ class Encoder {
         if (kind == ParameterKind::pointer)
             return encode_offset(cell, row, column);
         const int size = size_of(kind);
-        const std::uint64_t value = number_in(cell);
+        const std::uint64_t value = number_in(cell, dialogs_);
         if (value >= 1u << 8 * size)
             return refuse(row, column,
                           "its value does not fit in a " +
@@ -85,7 +85,7 @@ class Encoder {
     }
 
     bool encode_offset(const std::string& digits, int row, ScriptColumn column) {
-        const std::uint64_t offset = is_blank(digits) ? 0 : number_in(digits);
+        const std::uint64_t offset = is_blank(digits) ? 0 : number_in(digits, dialogs_);
         if (offset < lowest_offset || offset > highest_offset)
             return refuse(row, column, "an offset lies between 0A0200 and 10A01FF");
         emit(static_cast<std::uint32_t>(offset - lowest_offset), size_of(ParameterKind::pointer));
@@ -116,7 +116,7 @@ class Encoder {
                           "its width and height take exactly " + std::to_string(count) +
                               " bytes of data");
         for (std::size_t at = 0; at < digits.size(); at += 2)
-            emit(static_cast<std::uint32_t>(number_in(digits.substr(at, 2))), 1);
+            emit(static_cast<std::uint32_t>(number_in(digits.substr(at, 2), dialogs_)), 1);
         return true;
     }
 
@@ -161,20 +161,13 @@ class Encoder {
 
     // The next row before end that holds anything; -1 where there is none.
     int next_row(int end) {
-        while (row_ < end && is_blank(grid_[static_cast<std::size_t>(row_)]))
+        while (row_ < end && is_blank(row_at(grid_, row_)))
             ++row_;
         return row_ < end ? row_++ : -1;
     }
 
     const std::string& cell_at(int row, ScriptColumn column) const {
-        return grid_[static_cast<std::size_t>(row)].cells[column];
-    }
-
-    std::uint64_t number_in(const std::string& cell) {
-        if (const auto value = plain_hex(cell))
-            return *value;
-        std::string text = cell;
-        return static_cast<std::uint32_t>(parse_hex_text(text, dialogs_));
+        return row_at(grid_, row).cells[column];
     }
 
     void emit(std::uint32_t value, int bytes) {

@@ -15,7 +15,7 @@ constexpr std::uint32_t typed_number_bits = 0x3FFF;
 constexpr std::uint32_t entered_number_bits = 0x3FF;
 
 ScriptRow& row_at(ScriptDesk desk, int row) {
-    return desk.form.grid[static_cast<std::size_t>(row)];
+    return row_at(desk.form.grid, row);
 }
 
 std::string& current_cell(ScriptDesk desk) {
@@ -57,10 +57,8 @@ void hide_edit_box(ScriptDesk desk) {
 
 // Numbers that 32 bits can't hold count as the greatest that they can, which fits nowhere.
 std::uint32_t number_in_box(ScriptDesk desk) {
-    std::string text = desk.form.Text2;
-    if (const auto plain = plain_hex(text))
-        return static_cast<std::uint32_t>(std::min<std::uint64_t>(*plain, 0xFFFFFFFF));
-    return static_cast<std::uint32_t>(parse_hex_text(text, desk.dialogs));
+    return static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(number_in(desk.form.Text2, desk.dialogs), 0xFFFFFFFF));
 }
 
 // ---- the remembered command
@@ -179,9 +177,9 @@ int queue_bytes_with(ScriptDesk desk, int size) {
     const ScriptCommand* former = action_in(row_at(desk, desk.form.grid_row));
     const bool blank = is_blank(current_cell(desk));
     const int former_size = former ? action_size(former->code) : blank ? 0 : 1;
-    return queue_bytes(desk.form.grid, desk.entry.command_row) - former_size + size +
-           desk.entry
-               .actions_left; // the end takes a byte as well, the current action none of these
+    const int to_come =
+        desk.entry.actions_left; // a byte each, the end's in the place of this one's
+    return queue_bytes(desk.form.grid, desk.entry.command_row) - former_size + size + to_come;
 }
 
 void write_action(ScriptDesk desk, const ScriptCommand& action) {

@@ -91,15 +91,13 @@ std::string padded(std::string_view digits, std::size_t width) {
 }
 
 bool starts_command(const ScriptGrid& grid, int row) {
-    return row > 0 && is_row(grid, row) &&
-           !is_blank(grid[static_cast<std::size_t>(row)].cells[primary]);
+    return row > 0 && is_row(grid, row) && !is_blank(row_at(grid, row).cells[primary]);
 }
 
 int command_code_at(const ScriptGrid& grid, int row) {
     if (!starts_command(grid, row))
         return -1;
-    return static_cast<int>(
-        plain_hex(grid[static_cast<std::size_t>(row)].cells[primary]).value_or(0) & 0xFF);
+    return static_cast<int>(plain_hex(row_at(grid, row).cells[primary]).value_or(0) & 0xFF);
 }
 
 int command_end(const ScriptGrid& grid, int row) {

@@ -15,6 +15,13 @@ namespace veldrune {
 
 using ScriptGrid = std::vector<ScriptRow>;
 
+inline ScriptRow& row_at(ScriptGrid& grid, int row) {
+    return grid[static_cast<std::size_t>(row)];
+}
+inline const ScriptRow& row_at(const ScriptGrid& grid, int row) {
+    return grid[static_cast<std::size_t>(row)];
+}
+
 /// The header and the spare row of an empty script.
 ScriptGrid empty_script_grid();
 

@@ -14,10 +14,6 @@ constexpr const char* bad_map_data = "You've entered the map data in an incorrec
                                      "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
                                      "and you must enter exactly (Width*Height) bytes of data.";
 
-ScriptRow& row_at(ScriptGrid& grid, int row) {
-    return grid[static_cast<std::size_t>(row)];
-}
-
 std::size_t digits_of(ParameterKind kind) {
     return 2 * static_cast<std::size_t>(size_of(kind));
 }
@@ -85,6 +81,13 @@ void normalise_actions(ScriptGrid& grid, int row, int end) {
 
 } // namespace
 
+std::uint64_t number_in(const std::string& cell, Dialogs& dialogs) {
+    if (const auto value = plain_hex(cell))
+        return *value;
+    std::string text = cell;
+    return static_cast<std::uint32_t>(parse_hex_text(text, dialogs));
+}
+
 void add_command_rows(ScriptGrid& grid, int row, const ScriptCommand& command) {
     insert_row(grid, row, script_row(primary, format_hex(command.code), command.label.added));
     for (const Parameter& parameter : command.parameters())
@@ -125,7 +128,7 @@ int queue_bytes(const ScriptGrid& grid, int row) {
     int bytes = 0;
     const int end = command_end(grid, row);
     for (int at = row + 2; at < end; ++at) {
-        const ScriptRow& cells = grid[static_cast<std::size_t>(at)];
+        const ScriptRow& cells = row_at(grid, at);
         if (const ScriptCommand* action = action_in(cells))
             bytes += action_size(action->code);
         else if (!is_blank(cells.cells[secondary]))

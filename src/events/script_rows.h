@@ -14,6 +14,10 @@ struct CellRefusal {
     std::string title;
 };
 
+/// The number in a cell. What is not hexadecimal is told and counts as the parser says; beyond 32
+/// bits it stays at 0x100000000.
+std::uint64_t number_in(const std::string& cell, Dialogs& dialogs);
+
 /// Inserts a new command at a row, its values blank.
 void add_command_rows(ScriptGrid& grid, int row, const ScriptCommand& command);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/form1.h"
+#include "forms/form10.h"
 #include "map/palette.h"
 #include "rom/rom_image.h"
 
@@ -14,19 +15,19 @@ namespace veldrune {
 
 /// The kinds of object, in the order of the object window's tabs.
 enum class ObjectKind { npc, chest, event_trigger, entrance, long_entrance };
-inline constexpr std::size_t object_kind_count = 5;
+inline constexpr std::size_t object_kind_count = object_tab_count;
 
 /// What tells the kinds apart. The 16-bit pointer of map m stands at pointers + 2 * m: the offset
 /// of its first record from base. The pointer of the next map ends the list.
 struct ObjectKindRow {
-    std::int32_t pointers;
-    std::int32_t base;
-    int record_size;     // bytes
-    int x_byte;          // where the record's column on the map stands
-    int y_byte;          // and its row
-    std::uint8_t y_mask; // the bits of that byte that are the row
-    bool Form1::*shown;  // the box that shows the kind and makes it clickable
-    Colour colour;       // of its markers
+    std::int32_t pointers; // file offset
+    std::int32_t base;     // file offset
+    int record_size;       // bytes
+    int x_byte;            // the byte of the record that holds its column on the map, in tiles
+    int y_byte;            // and that of its row
+    std::uint8_t y_mask;   // the bits of that byte that are the row
+    bool Form1::*shown;    // the box that shows the kind and makes it clickable
+    Colour colour;         // of its markers
 };
 const ObjectKindRow& object_kind_row(ObjectKind kind);
 
