@@ -1,6 +1,6 @@
 #include "dialogue/dialogue_text.h"
 
-#include "rom/rom_layout.h"
+#include "rom/snes_address.h"
 
 #include <algorithm>
 #include <array>
@@ -81,10 +81,9 @@ std::int64_t text_offset(const RomImage& rom, bool dialogue_patched, int number)
     constexpr std::int64_t outside = -1;
     std::array<std::uint8_t, 3> entry{};
     if (dialogue_patched) {
-        constexpr std::int64_t snes_base = 0xC00000 - header_size;
         if (rom.read(new_dialogue_pointers + std::int64_t{3} * number, entry) < 3)
             return outside;
-        return (entry[0] | entry[1] << 8 | entry[2] << 16) - snes_base;
+        return offset_of_address(entry[0] | entry[1] << 8 | entry[2] << 16);
     }
     if (rom.read(dialogue_pointers + std::int64_t{2} * number, std::span(entry).first(2)) < 2)
         return outside;

@@ -1,7 +1,7 @@
 #include "objects/object_tables.h"
 
 #include "rom/number_text.h"
-#include "rom/rom_layout.h"
+#include "rom/snes_address.h"
 
 namespace veldrune {
 namespace {
@@ -99,10 +99,9 @@ std::vector<std::string> load_item_names(const RomImage& rom) {
 }
 
 std::int64_t sprite_graphics_offset(const RomImage& rom, std::uint8_t sprite) {
-    constexpr int first_bank = 0xC0;
-    const std::int64_t bank = rom.read_byte(rom_layout::sprite_banks + 2 * sprite);
-    return (bank - first_bank) * 0x10000 +
-           rom.read_word(rom_layout::sprite_addresses + 2 * sprite) + rom_layout::header_size;
+    const int bank = rom.read_byte(rom_layout::sprite_banks + 2 * sprite);
+    const int address = rom.read_word(rom_layout::sprite_addresses + 2 * sprite);
+    return offset_of_address(bank << 16 | address);
 }
 
 } // namespace veldrune

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rom/rom_layout.h"
+#include "rom/snes_address.h"
 
 #include <cstdint>
 
@@ -25,19 +25,6 @@ inline constexpr WorldRow world_rows[] = {
 // clang-format on
 constexpr const WorldRow& world_row(World world) {
     return world_rows[static_cast<int>(world)];
-}
-
-// A world's pointers are SNES addresses of 24 bits: $C00000 is the first byte behind the header.
-inline constexpr std::int32_t first_address = 0xC00000;
-inline constexpr std::int32_t last_address = 0xFFFFFF;
-
-/// The file offset of an address; below 0 for an address before $C00000.
-constexpr std::int32_t offset_of_address(std::int32_t address) {
-    return address - first_address + rom_layout::header_size;
-}
-/// The address of a file offset; above last_address for one that no address reaches.
-constexpr std::int64_t address_of_offset(std::int64_t offset) {
-    return offset - rom_layout::header_size + first_address;
 }
 
 } // namespace veldrune
