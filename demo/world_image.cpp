@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
+constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
 
-/// Streams one after the other, and the pointers to them.
+/// Streams one after the other, with some room behind each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -27,7 +28,7 @@ class StreamArea {
             throw std::length_error("a world of the demo image does not pack");
         writer_.put(next_, std::span(*stream).first(*size));
         writer_.put_pointer(pointer, static_cast<std::int32_t>(address_of_offset(next_)));
-        next_ += static_cast<std::int32_t>(*size);
+        next_ += static_cast<std::int32_t>(*size) + spare;
     }
 
   private:
