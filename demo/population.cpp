@@ -144,6 +144,7 @@ void Population::put_npc(const Post& post, int map, int x, int y, int script) {
             npcs_++ % 1024};
     npc.walk_over = post.part == Part::crystal;
     npc.walk_under = post.part == Part::bat;
+    npc.vehicle = post.part == Part::traveller; // on a Runbird
     npc.turns_to_talk = style.movement != 4 && post.part != Part::crystal;
     objects(map).npcs.push_back(npc);
 }
