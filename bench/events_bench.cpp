@@ -4,24 +4,14 @@
 #include "dialogue/dialogue_text.h"
 #include "events/script_decoder.h"
 #include "events/script_encoder.h"
+#include "image_file.h"
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-#include <fstream>
 #include <random>
-#include <unistd.h>
 
 namespace veldrune {
 namespace {
-
-class Silent : public Dialogs {
-  public:
-    void message(const std::string&, const std::string&) override {}
-    bool question(const std::string&) override { return true; }
-    std::optional<std::string> open_file_name() override { return std::nullopt; }
-    std::optional<std::string> save_file_name() override { return std::nullopt; }
-};
 
 enum class Kind { mixed, bare, dialogues, queues, cut };
 
@@ -54,30 +44,29 @@ std::vector<std::uint8_t> make_script(Kind kind, std::size_t size) {
     return script;
 }
 
-// An image on the disk with the script and a dialogue of 120 letters.
+// An image with the script and a dialogue of 120 letters.
+std::vector<std::uint8_t> script_image(const benchmark::State& bench) {
+    std::vector<std::uint8_t> image(0x100000, 0);
+    const auto script =
+        make_script(static_cast<Kind>(bench.range(0)), static_cast<std::size_t>(bench.range(1)));
+    std::copy(script.begin(), script.end(), image.begin() + 0x30000);
+    std::fill_n(image.begin() + 0xD0200, 120, std::uint8_t{0x21});
+    for (std::size_t i = 5; i < 120; i += 6)
+        image[0xD0200 + i] = 0x7F;
+    return image;
+}
+
 struct ScriptFile {
-    std::filesystem::path path = std::filesystem::temp_directory_path() /
-                                 ("veldrune-script-bench-" + std::to_string(::getpid()) + ".smc");
+    ImageFile file;
     std::unique_ptr<FileLayer> disk = make_disk();
     RomImage rom{*disk};
     ScriptGrid grid;
-    Silent dialogs;
+    Agreeing dialogs;
 
-    explicit ScriptFile(benchmark::State& bench) {
-        std::vector<std::uint8_t> image(0x100000, 0);
-        const auto script = make_script(static_cast<Kind>(bench.range(0)),
-                                        static_cast<std::size_t>(bench.range(1)));
-        std::copy(script.begin(), script.end(), image.begin() + 0x30000);
-        std::fill_n(image.begin() + 0xD0200, 120, std::uint8_t{0x21});
-        for (std::size_t i = 5; i < 120; i += 6)
-            image[0xD0200 + i] = 0x7F;
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(image.data()),
-                   static_cast<std::streamsize>(image.size()));
-        rom.open(path.string());
+    explicit ScriptFile(const benchmark::State& bench) : file(script_image(bench)) {
+        rom.open(file.path);
         load();
     }
-    ~ScriptFile() { std::filesystem::remove(path); }
     void load() { load_script(rom, 0x30000, false, grid); }
     void normalise() {
         for (int row = 1; starts_command(grid, row); row = command_end(grid, row))

@@ -49,25 +49,16 @@ void load_and_draw_all_objects(benchmark::State& bench) {
     bench.counters["objects"] = 5 * editor.state->objects[ObjectKind::npc].row_count;
 }
 
+// Its floor is picture_memcpy.
 void build_with_all_markers(benchmark::State& bench) {
     FullMap editor;
     for (auto _ : bench)
         build_tileset(*editor.state);
 }
 
-void copy_picture(benchmark::State& bench) { // the floor
-    FullMap editor;
-    auto copy = std::make_unique<PixelBuffer>();
-    for (auto _ : bench) {
-        copy->pixels = editor.state->picture.pixels;
-        benchmark::ClobberMemory();
-    }
-}
-
 BENCHMARK(open_chooser)->Unit(benchmark::kMicrosecond);
 BENCHMARK(load_and_draw_all_objects)->Unit(benchmark::kMicrosecond);
 BENCHMARK(build_with_all_markers)->Unit(benchmark::kMicrosecond);
-BENCHMARK(copy_picture)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace veldrune

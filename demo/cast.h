@@ -20,7 +20,7 @@ enum class Part {
 };
 // clang-format on
 inline constexpr int npc_parts = static_cast<int>(Part::sign);
-inline constexpr int part_count = static_cast<int>(Part::chest);
+inline constexpr int part_count = static_cast<int>(Part::chest) + 1;
 
 /// A rule of where a part is played: (dx, dy) from a letter of the plan. '*' is any floor, '^' a
 /// nook between walls.

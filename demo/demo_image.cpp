@@ -21,7 +21,7 @@ namespace {
 
 constexpr int layouts_per_kind = 24;
 constexpr std::int32_t layer_area_end = rom_layout::formation_data;
-constexpr std::int32_t animated_area_end = 0x268200;
+constexpr std::int32_t animated_area_end = rom_layout::sprite_palettes;
 constexpr int palette_count = 48;
 constexpr int animated_set_count = 22; // offsets that fit before the sets
 constexpr int tiles_of_animated_set = 16;

@@ -124,13 +124,12 @@ Picture draw_carpet(Shape shape, int) {
             return carpet[0];
         if (edge < 4)
             return gold[edge == 1 ? 3 : edge == 2 ? 2 : 0];
-        const int diamond = std::abs(x % 16 - 8) + std::abs(y % 16 - 8);
+        const int diamond = std::abs(x - 8) + std::abs(y - 8);
         return carpet[edge == 4 ? 1 : diamond == 4 ? 3 : diamond < 2 ? 4 : 2];
     });
     return p;
 }
 
-// clang-format off
 Plan mirrored(const Plan& half) {
     Plan plan(2 * half.width, half.height, '#');
     for (int y = 0; y < half.height; ++y)
@@ -144,6 +143,7 @@ Plan mirrored(const Plan& half) {
     return plan;
 }
 
+// clang-format off
 Plan throne_hall() {
     Plan plan = mirrored(drawn_plan({
         "################",
@@ -252,9 +252,6 @@ Plan cottage() {
         "################################",
     });
 }
-// clang-format on
-
-// clang-format off
 constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
 constexpr PropArt props[] = {
     {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},

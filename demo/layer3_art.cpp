@@ -10,15 +10,11 @@ namespace {
 
 constexpr int period = 256; // pixels after which the pictures repeat from left to right
 
-int turn(int distance) {
-    return ((distance % period) + period + period / 2) % period - period / 2;
-}
-
 /// How deep (x, y) lies in soft clusters: 0 outside, up to 100 in the middle of one.
 int depth_in(std::span<const Puff> puffs, int x, int y, int flatness) {
     int deepest = 0;
     for (const Puff& puff : puffs) {
-        const int dx = turn(x - puff.x), dy = (y - puff.y) * flatness;
+        const int dx = wrapped(x - puff.x, period), dy = (y - puff.y) * flatness;
         deepest = std::max(deepest, 100 - 100 * (dx * dx + dy * dy) / (puff.radius * puff.radius));
     }
     return deepest;

@@ -12,7 +12,7 @@ inline constexpr int fog = 1;
 inline constexpr int light_shafts = 2;
 inline constexpr int snow = 3;
 inline constexpr int rain = 4;
-inline constexpr int night_sky = 6; // the opaque one
+inline constexpr int night_sky = 6; // the opaque number; cloud shadows fill 5
 inline constexpr int drawn_count = 7;
 } // namespace layer3
 

@@ -8,6 +8,19 @@
 /// rows that outdoor places share.
 namespace veldrune::demo::outdoor {
 
+// Rows, and ramps of some.
+inline constexpr int ground_row = 1;
+inline constexpr int tree_row = 2;
+inline constexpr int red_house_row = 3; // in a forest: conifers
+inline constexpr int stone_row = 4;
+inline constexpr int water_row = 5;
+inline constexpr int blue_house_row = 6; // in a forest: trees in blossom
+inline constexpr int item_row = 7;
+inline constexpr Ramp grass{ink(ground_row, 1), 5};
+inline constexpr Ramp soil{ink(ground_row, 6), 5};
+inline constexpr Ramp cobble{ink(stone_row, 1), 6};
+inline constexpr Ramp wood{ink(stone_row, 7), 4};
+
 // Grounds. Beyond the edge of the shape they show grass.
 inline constexpr int plain_grass = 4;   // its mirror images are the next three
 inline constexpr int first_flowers = 8; // and three more

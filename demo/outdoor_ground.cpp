@@ -8,7 +8,6 @@ namespace {
 constexpr Ramp water{ink(water_row, 1), 6};
 constexpr Ramp bank{ink(water_row, 7), 4};
 constexpr Ramp shore_grass{ink(water_row, 11), 5};
-constexpr Ramp cobble{ink(stone_row, 1), 6};
 constexpr Ramp cobble_grass{ink(stone_row, 11), 5};
 
 // Marks on grass, by value in the ground row: blades, tufts and flowers.
@@ -102,9 +101,8 @@ Picture draw_path(Shape shape, int variant) {
                                       sprite(ground_row, {"aa", "87"}),
                                       sprite(ground_row, {"8..", ".88"})};
     Picture picture = draw_ground(shape, grass, [&](int x, int y) {
-        static constexpr int by_edge[4] = {0, 1, 2, 3};
         const int edge = lit_edge(shape, x, y);
-        return soil[edge == 3 && far_edge(shape, x, y) ? 4 : by_edge[edge]];
+        return soil[edge == 3 && far_edge(shape, x, y) ? 4 : edge];
     });
     const auto whole = [shape](int x, int y) {
         return shape.inside(x, y) && shape.inside(x + 7, y) && shape.inside(x, y + 7) &&
@@ -151,7 +149,7 @@ Picture draw_water(Shape shape, int) {
         const int t = shape.from_top(x, y, 11);
         if (t <= 7)
             return bank[t == 1 ? 3 : t >= 6 ? 0 : 1 + scatter(x / 2, 0, 5, 2) - (t > 3)];
-        if (t <= 10 && t > 7)
+        if (t <= 10)
             return water[t == 8 ? 0 : t == 9 ? 4 : 1];
         if (far_edge(shape, x, y))
             return water[5];
@@ -174,7 +172,6 @@ Picture draw_tall_grass(Shape shape, int variant) {
 }
 
 Picture draw_bridge() {
-    const Ramp wood{ink(stone_row, 7), 4};
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {
         const int shade = x % 5 == 4 ? 0 : x % 5 == 0 ? 3 : 2;

@@ -151,7 +151,6 @@ Picture draw_house(const HouseStyle& style) {
 }
 
 Picture draw_fence(Shape shape, int) {
-    const Ramp wood{ink(stone_row, 7), 4};
     Picture p(16, 16);
     for (const int y : {4, 9}) {
         const int left = shape.mask & 8 ? 0 : 7, right = shape.mask & 2 ? 16 : 8;

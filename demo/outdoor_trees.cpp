@@ -109,7 +109,6 @@ Picture draw_stump() {
 
 Picture draw_rock(bool large) {
     const int r = large ? 7 : 5;
-    const Ramp ramp{ink(stone_row, 1), 6};
     Picture picture(16, 16);
     draw_shadow(picture, 9, 13, r, 3, stone_row);
     // Three facets: a top that catches the light, a front and a shaded side.
@@ -120,9 +119,9 @@ Picture draw_rock(bool large) {
             (up == 0 && side > r - 2))
             return 0;
         if (up == 0 || side == r || side + up == 2 * r + (dx < 0 ? -2 : -3))
-            return ramp[dx < 1 && up > 3 ? 3 : 0];
+            return cobble[dx < 1 && up > 3 ? 3 : 0];
         const bool top = up > r - 1 + dx / 3, shaded = dx > r / 3 - (up - r) / 3;
-        return ramp[top ? (dx < 0 ? 5 : 4) : shaded ? 1 + (up > 3) : (x + y) % 6 == 0 ? 2 : 3];
+        return cobble[top ? (dx < 0 ? 5 : 4) : shaded ? 1 + (up > 3) : (x + y) % 6 == 0 ? 2 : 3];
     });
     return picture;
 }

@@ -3,6 +3,20 @@
 #include "demo/random.h"
 
 namespace veldrune::demo {
+namespace {
+
+const Puff* puff_at(std::span<const Puff> puffs, int x, int y) {
+    const Puff* found = nullptr;
+    for (const Puff& puff : puffs) {
+        const int dx = x - puff.x;
+        const int dy = y - puff.y;
+        if (dx * dx + dy * dy <= puff.radius * puff.radius)
+            found = &puff;
+    }
+    return found;
+}
+
+} // namespace
 
 void Picture::rect(int x, int y, int w, int h, Pixel pixel) {
     fill(x, y, w, h, [pixel](int, int) { return pixel; });
@@ -47,21 +61,6 @@ Picture sprite(int row, std::initializer_list<std::string_view> lines) {
     return picture;
 }
 
-namespace {
-
-const Puff* puff_at(std::span<const Puff> puffs, int x, int y) {
-    const Puff* found = nullptr;
-    for (const Puff& puff : puffs) {
-        const int dx = x - puff.x;
-        const int dy = y - puff.y;
-        if (dx * dx + dy * dy <= puff.radius * puff.radius)
-            found = &puff;
-    }
-    return found;
-}
-
-} // namespace
-
 void draw_foliage(Picture& picture, std::span<const Puff> puffs, Ramp ramp) {
     // One leaf, 4 by 3 pixels: what it adds to the shade of its cluster; 9 is the gap between.
     static constexpr int leaf[3][4] = {{9, 1, 1, 9}, {1, 0, 0, -1}, {0, 0, -1, 9}};
@@ -92,11 +91,8 @@ Stone stone_at(int x, int y, std::span<const std::array<int, 2>> centres, int si
     int nearest = 1 << 20, second = 1 << 20;
     Stone stone{};
     for (std::size_t i = 0; i < centres.size(); ++i) {
-        const auto turn = [size](int d) {
-            return ((d % size) + size + size / 2) % size - size / 2;
-        };
-        const int dx = turn(x - centres[i][0]);
-        const int dy = turn(y - centres[i][1]);
+        const int dx = wrapped(x - centres[i][0], size);
+        const int dy = wrapped(y - centres[i][1], size);
         const int distance = dx * dx + dy * dy;
         if (distance < nearest) {
             second = nearest;

@@ -80,6 +80,11 @@ struct Stone {
 };
 Stone stone_at(int x, int y, std::span<const std::array<int, 2>> centres, int size);
 
+/// A distance in what repeats every period pixels: the shorter way round.
+constexpr int wrapped(int distance, int period) {
+    return ((distance % period) + period + period / 2) % period - period / 2;
+}
+
 /// The wave of hand-drawn edges: 0 to 3 pixels, repeating every 16.
 int wobble(int along);
 

@@ -81,6 +81,26 @@ void clear_east(Plan& plan, int layout) {
                 plan.at(x, y) = '.';
 }
 
+struct Room {
+    int x, y, w, h;
+};
+
+void furnish(Plan& plan, const Room& room, int wall_height, std::span<const Furnishing> furniture,
+             Random& random) {
+    if (room.w > 11 && !random.one_in(3))
+        plan.rect(room.x + room.w / 2 - 3, room.y + wall_height + 3, 6, 4, 'k');
+    for (const Furnishing& thing : furniture) {
+        const int x = random.between(room.x + 1, room.x + room.w - 1 - thing.width);
+        const int wall = room.y + wall_height;
+        const int y = thing.by_wall ? wall - 1 : random.between(wall + 2, room.y + room.h - 1);
+        const int above = thing.by_wall ? 0 : 3;
+        if (all(plan, x - 1, y - above, thing.width + 2, above + 1, ".")) {
+            plan.rect(x, y, thing.width, 1, '_');
+            plan.at(x, y) = thing.letter;
+        }
+    }
+}
+
 } // namespace
 
 Plan drawn_plan(std::initializer_list<std::string_view> rows) {
@@ -196,30 +216,6 @@ Plan cavern_plan(int layout, int width, int height, Random& random) {
         }
     return plan;
 }
-
-namespace {
-
-struct Room {
-    int x, y, w, h;
-};
-
-void furnish(Plan& plan, const Room& room, int wall_height, std::span<const Furnishing> furniture,
-             Random& random) {
-    if (room.w > 11 && !random.one_in(3))
-        plan.rect(room.x + room.w / 2 - 3, room.y + wall_height + 3, 6, 4, 'k');
-    for (const Furnishing& thing : furniture) {
-        const int x = random.between(room.x + 1, room.x + room.w - 1 - thing.width);
-        const int wall = room.y + wall_height;
-        const int y = thing.by_wall ? wall - 1 : random.between(wall + 2, room.y + room.h - 1);
-        const int above = thing.by_wall ? 0 : 3;
-        if (all(plan, x - 1, y - above, thing.width + 2, above + 1, ".")) {
-            plan.rect(x, y, thing.width, 1, '_');
-            plan.at(x, y) = thing.letter;
-        }
-    }
-}
-
-} // namespace
 
 Plan rooms_plan(int width, int height, int wall_height, std::span<const Furnishing> furniture,
                 Random& random) {

@@ -7,7 +7,7 @@ namespace veldrune::demo {
 /// A plan from its rows.
 Plan drawn_plan(std::initializer_list<std::string_view> rows);
 
-/// Plans by rule. Layout 0 is the place itself.
+/// Plans by rule. The layout decides about details, such as which trees grow.
 Plan village_plan(int layout, int width, int height, Random& random);
 Plan woodland_plan(int layout, int width, int height, Random& random);
 Plan cavern_plan(int layout, int width, int height, Random& random);

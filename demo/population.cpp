@@ -42,20 +42,22 @@ class Population {
     const Site& site(int map) const { return site_of(sites_, map); }
     MapObjects& objects(int map) { return maps_[static_cast<std::size_t>(map)]; }
     bool exists(int map) const { return map < static_cast<int>(maps_.size()); }
-    /// Joins two gates both ways, if there are two such maps.
+    /// Joins two gates both ways.
     void join(int a, Gate from_a, int b, Gate from_b);
     bool fits(const Post& post, int x, int y) const;
     void man(const Post& post, int map);
     void lock_doors(int map);
     void place(const Post& post, int map, int x, int y);
+    void put_chest(int map, int x, int y);
+    void put_npc(const Post& post, int map, int x, int y, int script);
 
     std::span<MapObjects> maps_;
     const Sites& sites_;
     Scenes& scenes_;
     Random& random_;
     const Site* here_ = nullptr;
-    Plan taken_{1, 1, '.'};                     // tiles of here that are given away, '#'
-    std::array<int, part_count + 1> so_many_{}; // objects of each part so far on this map
+    Plan taken_{1, 1, '.'};                 // tiles of here that are given away, '#'
+    std::array<int, part_count> so_many_{}; // objects of each part so far on this map
     int npcs_ = 0, chests_ = 0;
 };
 
@@ -104,24 +106,29 @@ bool Population::fits(const Post& post, int x, int y) const {
 }
 
 void Population::place(const Post& post, int map, int x, int y) {
-    int& so_many = so_many_[static_cast<std::size_t>(post.part)];
     if (post.part == Part::chest && chests_ == most_chests)
         return;
     taken_.at(x, y) = '#';
-    if (post.part == Part::chest) {
-        static constexpr Contents contents[] = {Contents::item,  Contents::item,    Contents::money,
-                                                Contents::item,  Contents::monster, Contents::empty,
-                                                Contents::money, Contents::unknown};
-        const int value = random_.between(1, 99);
-        objects(map).chests.push_back({x, y, chests_ % 512, contents[chests_ % 8], value});
-        ++chests_;
-        return;
-    }
+    if (post.part == Part::chest)
+        return put_chest(map, x, y);
+    int& so_many = so_many_[static_cast<std::size_t>(post.part)];
     const int script = scenes_.script_of(post.part, map, so_many++);
-    if (static_cast<int>(post.part) >= npc_parts) {
+    if (static_cast<int>(post.part) < npc_parts)
+        put_npc(post, map, x, y, script);
+    else
         objects(map).triggers.push_back({x, y, script});
-        return;
-    }
+}
+
+void Population::put_chest(int map, int x, int y) {
+    using enum Contents;
+    static constexpr Contents contents[] = {item,    item,  money, item,
+                                            monster, empty, money, unknown};
+    const int value = random_.between(1, 99);
+    objects(map).chests.push_back({x, y, chests_, contents[chests_ % 8], value});
+    ++chests_;
+}
+
+void Population::put_npc(const Post& post, int map, int x, int y, int script) {
     const Look& style = look(post.part);
     const int dress = pick(style.dresses, random_);
     const int hair = pick(style.hairs, random_);
@@ -137,6 +144,7 @@ void Population::place(const Post& post, int map, int x, int y) {
             npcs_++ % 1024};
     npc.walk_over = post.part == Part::crystal;
     npc.walk_under = post.part == Part::bat;
+    npc.vehicle = post.part == Part::traveller; // on a Runbird
     npc.turns_to_talk = style.movement != 4 && post.part != Part::crystal;
     objects(map).npcs.push_back(npc);
 }

@@ -147,7 +147,7 @@ std::string sample(int code) {
         case ParameterKind::low_nibble: // shares the byte of the high one
             break;
         case ParameterKind::map_data:
-            words.resize(words.size() - 6);
+            words.resize(words.size() - 6); // the two sizes just sampled
             words += " 03 02" + bytes_from(code, 6);
             break;
         case ParameterKind::list_count:

@@ -1,5 +1,7 @@
 #include "demo/script_book.h"
 
+#include "events/command_table.h"
+
 #include <charconv>
 #include <stdexcept>
 
@@ -7,7 +9,6 @@ namespace veldrune::demo {
 namespace {
 
 constexpr int area_size = rom_layout::dialogue_pointers - rom_layout::event_scripts;
-constexpr std::uint8_t end_of_queue = 0xFF;
 
 } // namespace
 
@@ -57,7 +58,7 @@ void ScriptBook::assemble_word(std::string_view word) {
         assemble_word(word.substr(bracket + 1));
     } else if (word.ends_with(']')) {
         put_value(word.substr(0, word.size() - 1));
-        bytes_.push_back(end_of_queue);
+        bytes_.push_back(end_queue_action);
         bytes_[queue_] = static_cast<std::uint8_t>(bytes_.size() - queue_ - 1);
     } else {
         put_value(word);

@@ -18,7 +18,6 @@ class ScriptBook {
     /// place. Throws std::length_error where there is no room, std::invalid_argument for a word
     /// that means nothing.
     int script(const std::string& source);
-    int place(const std::string& name) const { return places_.at(name); }
 
   private:
     struct Hole {

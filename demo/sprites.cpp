@@ -1,7 +1,6 @@
 #include "demo/sprites.h"
 
-#include "demo/palettes.h"
-#include "demo/pixel_art.h"
+#include "demo/tile_pool.h"
 #include "rom/rom_layout.h"
 
 namespace veldrune::demo {
@@ -101,7 +100,7 @@ constexpr Colours colours[] = {
 
 /// Draws rows of a half and its mirror image, the first at y.
 void draw_half(Picture& p, Half half, int y) {
-    static constexpr std::string_view shaded = "3467 9ac"; // step one down in the shadow
+    static constexpr std::string_view shaded = "34679ac"; // step one down in the shadow
     for (std::size_t i = 0; i < half.size(); ++i) {
         const char digit = half[i];
         if (digit == '.')
@@ -138,17 +137,6 @@ Picture draw_small(int number) {
     return number < kinds ? p : part(mirrored(p, true, false), 1, 15);
 }
 
-/// A tile of 8 by 8 pixels: two planes row by row, then the other two.
-void put_tile(ImageWriter& writer, std::int32_t offset, const Picture& p, int left, int top) {
-    for (int y = 0; y < 8; ++y)
-        for (int plane = 0; plane < 4; ++plane) {
-            int bits = 0;
-            for (int x = 0; x < 8; ++x)
-                bits = bits << 1 | (p.at(left + x, top + y) >> plane & 1);
-            writer.put_byte(offset + plane / 2 * 16 + 2 * y + plane % 2, bits);
-        }
-}
-
 void put_palettes(ImageWriter& writer) {
     for (int number = 0; number < palette_count; ++number) {
         const auto& [skin, hair, dress, trim] = colours[number % 8];
@@ -172,12 +160,12 @@ void write_sprites(ImageWriter& writer) {
         const bool small = number >= small_sprites;
         const Picture p = small ? draw_small(number - small_sprites) : draw_person(number);
         offsets[static_cast<std::size_t>(number)] = next;
-        // A small one has nothing in its first tile.
-        writer.put(next, Bytes(small ? 32 : 0));
-        next += small ? 32 : 0;
+        Bytes art(small ? 32 : 0); // a small one has nothing in its first tile
         for (int y = 0; y < (small ? 16 : 24); y += 8)
-            for (int x = 0; x < 16; x += 8, next += 32)
-                put_tile(writer, next, p, x, y);
+            for (int x = 0; x < 16; x += 8)
+                append_planes(art, block_at(p, x, y));
+        writer.put(next, art);
+        next += static_cast<std::int32_t>(art.size());
     }
     for (int entry = 0; entry < table_entries; ++entry) {
         const std::int32_t address =

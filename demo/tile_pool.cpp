@@ -4,8 +4,7 @@ namespace veldrune::demo {
 namespace {
 
 constexpr int animated_base = 640;
-constexpr std::uint8_t flip_h = 0x40;
-constexpr std::uint8_t flip_v = 0x80;
+constexpr std::uint8_t no_flip = 0, flip_h = 0x40, flip_v = 0x80, flip_both = flip_h | flip_v;
 
 Block flipped(const Block& block, std::uint8_t flips) {
     const std::size_t turn = (flips & flip_h ? 7u : 0u) + (flips & flip_v ? 56u : 0u);
@@ -23,18 +22,6 @@ Block shape_of(const Block& block) {
     return shape;
 }
 
-/// Eight rows of planes 0 and 1, then eight rows of planes 2 and 3.
-void append_planes(std::vector<std::uint8_t>& bytes, const Block& shape) {
-    for (int pair = 0; pair < 4; pair += 2)
-        for (int row = 0; row < 8; ++row)
-            for (int plane = pair; plane < pair + 2; ++plane) {
-                int byte = 0;
-                for (int x = 0; x < 8; ++x)
-                    byte |= (shape[static_cast<std::size_t>(8 * row + x)] >> plane & 1) << (7 - x);
-                bytes.push_back(static_cast<std::uint8_t>(byte));
-            }
-}
-
 int row_of(const Block& block) {
     for (const Pixel pixel : block)
         if (pixel != 0)
@@ -50,6 +37,8 @@ int commonest_row(const Block& block) {
     return static_cast<int>(std::max_element(counts.begin(), counts.end()) - counts.begin());
 }
 
+} // namespace
+
 Block block_at(const Picture& picture, int x, int y) {
     Block pixels;
     for (int i = 0; i < 64; ++i)
@@ -57,7 +46,16 @@ Block block_at(const Picture& picture, int x, int y) {
     return pixels;
 }
 
-} // namespace
+void append_planes(std::vector<std::uint8_t>& bytes, const Block& block) {
+    for (int pair = 0; pair < 4; pair += 2)
+        for (int row = 0; row < 8; ++row)
+            for (int plane = pair; plane < pair + 2; ++plane) {
+                int byte = 0;
+                for (int x = 0; x < 8; ++x)
+                    byte |= (block[static_cast<std::size_t>(8 * row + x)] >> plane & 1) << (7 - x);
+                bytes.push_back(static_cast<std::uint8_t>(byte));
+            }
+}
 
 std::size_t BlockHash::operator()(const Block& block) const {
     std::uint64_t hash = 0xCBF29CE484222325u;
@@ -68,10 +66,6 @@ std::size_t BlockHash::operator()(const Block& block) const {
 
 BlockTable::BlockTable(const PaletteColours& colours) : colours_(colours) {
     add_in_row(Block{}, 0);
-}
-
-int BlockTable::add(const Block& pixels) {
-    return add_in_row(pixels, commonest_row(pixels));
 }
 
 int BlockTable::add_in_row(const Block& pixels, int row) {
@@ -86,7 +80,8 @@ int BlockTable::add_in_row(const Block& pixels, int row) {
 }
 
 int BlockTable::cut(const Picture& picture, int x, int y) {
-    return add(block_at(picture, x, y));
+    const Block pixels = block_at(picture, x, y);
+    return add_in_row(pixels, commonest_row(pixels));
 }
 
 int BlockTable::over(int top, int bottom) {
@@ -119,10 +114,8 @@ CharacterPool::CharacterPool() {
 }
 
 void CharacterPool::remember(const Block& shape, int number) {
-    for (const int flips : {0, 0x40, 0x80, 0xC0}) {
-        const auto bits = static_cast<std::uint8_t>(flips);
-        numbers_.try_emplace(flipped(shape, bits), number, bits);
-    }
+    for (const std::uint8_t flips : {no_flip, flip_h, flip_v, flip_both})
+        numbers_.try_emplace(flipped(shape, flips), number, flips);
 }
 
 void CharacterPool::add_animated(const std::array<Picture, 4>& frames) {

@@ -15,6 +15,11 @@ namespace veldrune::demo {
 /// 8 by 8 pixels in one palette row.
 using Block = std::array<Pixel, 64>;
 
+/// The block at pixel (x, y) of a picture.
+Block block_at(const Picture& picture, int x, int y);
+/// Appends 32 bytes: eight rows of planes 0 and 1, then eight rows of planes 2 and 3.
+void append_planes(std::vector<std::uint8_t>& bytes, const Block& block);
+
 struct BlockHash {
     std::size_t operator()(const Block& block) const;
 };
@@ -25,8 +30,6 @@ struct BlockHash {
 class BlockTable {
   public:
     explicit BlockTable(const PaletteColours& colours);
-    int add(const Block& pixels);
-    /// The block at pixel (x, y) of a picture.
     int cut(const Picture& picture, int x, int y);
     /// top with bottom showing where it is empty; the palette row is that of top.
     int over(int top, int bottom);

@@ -108,7 +108,6 @@ Picture draw_lamp() {
 }
 
 Picture draw_sign() {
-    const Ramp wood{ink(stone_row, 7), 4};
     Picture p(16, 16);
     p.bevel(7, 8, 3, 8, wood[3], wood[2], wood[0]);
     p.bevel(1, 1, 14, 9, wood[3], wood[2], wood[0]);

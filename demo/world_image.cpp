@@ -1,8 +1,8 @@
 #include "demo/world_image.h"
 
 #include "compression/compress.h"
-#include "demo/world_art.h"
 #include "demo/world_land.h"
+#include "demo/world_tiles.h"
 #include "world_map/world_map.h"
 #include "world_map/worlds.h"
 
@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
+constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
 
-/// Streams one after the other, and the pointers to them.
+/// Streams one after the other, with some room behind each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -27,7 +28,7 @@ class StreamArea {
             throw std::length_error("a world of the demo image does not pack");
         writer_.put(next_, std::span(*stream).first(*size));
         writer_.put_pointer(pointer, static_cast<std::int32_t>(address_of_offset(next_)));
-        next_ += static_cast<std::int32_t>(*size);
+        next_ += static_cast<std::int32_t>(*size) + spare;
     }
 
   private:
@@ -35,26 +36,25 @@ class StreamArea {
     std::int32_t next_ = streams_start;
 };
 
-Bytes tile_numbers(const Land& land, const WorldTiles& tiles) {
+Bytes tile_numbers(const Land& land) {
     Bytes numbers;
     for (int y = 0; y < world_tiles; ++y)
         for (int x = 0; x < world_tiles; ++x)
-            numbers.push_back(tiles.number_at(land, x, y));
+            numbers.push_back(tile_number(land, x, y));
     return numbers;
 }
 
-void write_palette(ImageWriter& writer, std::int32_t offset, Age age) {
-    const WorldColours colours = world_colours(age);
+void write_palette(ImageWriter& writer, std::int32_t offset, World world) {
+    const WorldColours colours = world_colours(world);
     for (int i = 0; i < 256; ++i)
         writer.put_word(offset + 2 * i, colour_word(colours[static_cast<std::size_t>(i)]));
 }
 
-void write_world(ImageWriter& writer, StreamArea& streams, const WorldRow& row, Age age,
-                 const Land& land) {
-    const WorldTiles tiles(age);
-    streams.add(row.graphics_pointer, tiles.graphics());
-    streams.add(row.map_pointer, tile_numbers(land, tiles));
-    write_palette(writer, row.palette, age); // Dusk's begins in the middle of Dawn's
+void write_world(ImageWriter& writer, StreamArea& streams, World world, const Land& land) {
+    const WorldRow& row = world_row(world);
+    streams.add(row.graphics_pointer, WorldTiles(world).graphics());
+    streams.add(row.map_pointer, tile_numbers(land));
+    write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
 }
 
 Kind kind_behind(Sight sight) {
@@ -104,11 +104,11 @@ void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects>
     const Land lands[] = {dawn, make_dusk(seed, dawn)};
     for (const World world : {World::dawn, World::dusk}) {
         const auto number = static_cast<std::size_t>(world);
-        const WorldRow& row = world_row(world);
-        MapObjects& objects = maps[static_cast<std::size_t>(row.map)];
-        write_world(writer, streams, row, static_cast<Age>(world), lands[number]);
+        const int map = world_row(world).map;
+        MapObjects& objects = maps[static_cast<std::size_t>(map)];
+        write_world(writer, streams, world, lands[number]);
         lead_into_maps(lands[number], first_regions[number], sites, objects);
-        lie_in_wait(lands[number], row.map, scenes, objects);
+        lie_in_wait(lands[number], map, scenes, objects);
     }
 }
 

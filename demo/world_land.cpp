@@ -56,25 +56,25 @@ int height(int x, int y, std::uint32_t seed) {
 }
 
 /// How a world differs from the first one.
-struct Mood {
+struct Climate {
     int wood;  // the more, the fewer woods
     int waste; // the more, the more deserts
     int ridge; // the more, the wider the mountains
 };
-constexpr Mood dawn_mood{560, 0, 46};
-constexpr Mood dusk_mood{640, 330, 52};
+constexpr Climate dawn_climate{560, 0, 46};
+constexpr Climate dusk_climate{640, 330, 52};
 
-Ground ground_at(int x, int y, std::uint32_t seed, const Mood& mood) {
+Ground ground_at(int x, int y, std::uint32_t seed, const Climate& climate) {
     const int level = height(x, y, seed);
     if (level <= 0)
         return level < -150 ? Ground::deep : Ground::shallow;
     const int ridge = std::abs(noise(x, y, 48, seed + 1) - one / 2);
-    if (level > 130 && ridge < mood.ridge && noise(x, y, 24, seed + 2) > 400)
+    if (level > 130 && ridge < climate.ridge && noise(x, y, 24, seed + 2) > 400)
         return Ground::mountain;
-    const int dry = inside_blobs(desert_blobs, x, y) + mood.waste;
+    const int dry = inside_blobs(desert_blobs, x, y) + climate.waste;
     if (dry > 120 && dry + noise(x, y, 24, seed + 3) > 1010)
         return Ground::desert;
-    return noise(x, y, 20, seed + 4) > mood.wood ? Ground::forest : Ground::grass;
+    return noise(x, y, 20, seed + 4) > climate.wood ? Ground::forest : Ground::grass;
 }
 
 template <class Step>
@@ -147,12 +147,18 @@ void place_peaks(Land& land) {
     });
 }
 
-bool is_meadow(const Land& land, int x, int y, int width, int height) {
-    for (int j = 0; j <= height; ++j)
-        for (int i = 0; i <= width; ++i)
-            if (land.ground(x + i, y + j) != Ground::grass)
-                return false;
-    return true;
+/// Whether a corner of side by side tiles from (x, y) on has such a ground.
+bool any_corner(const Land& land, int x, int y, int side, auto&& is_such) {
+    for (int j = 0; j <= side; ++j)
+        for (int i = 0; i <= side; ++i)
+            if (is_such(land.ground(x + i, y + j)))
+                return true;
+    return false;
+}
+
+/// How many tiles a place takes across and down, with one to spare on all sides.
+int side_of(Sight sight) {
+    return sight == Sight::castle ? 4 : 3;
 }
 
 bool is_far_from_all(const Land& land, int x, int y, int distance) {
@@ -169,17 +175,17 @@ void build(Land& land, Sight sight, int x, int y) {
     land.places.push_back({x, y});
 }
 
-/// Settlements stand on meadows with a tile to spare on all sides, harbours at the sea.
+/// Settlements stand on meadows, harbours at the sea.
 void settle(Land& land, Sight sight, int count, int distance, Random& random) {
+    const auto is_wild = [](Ground g) { return g != Ground::grass; };
     for (int tries = 0; tries < 20000 && count > 0; ++tries) {
         const int x = random.between(8, world_tiles - 9);
         const int y = random.between(8, world_tiles - 9);
-        const int side = sight == Sight::castle ? 4 : 3;
         const bool at_sea = neighbours_like(land, x - 1, y + 1, is_sea) +
                                 neighbours_like(land, x + 2, y + 1, is_sea) >
                             0;
-        if (!is_meadow(land, x - 1, y - 1, side, side) || !is_far_from_all(land, x, y, distance) ||
-            (sight == Sight::harbour) != at_sea)
+        if (any_corner(land, x - 1, y - 1, side_of(sight), is_wild) ||
+            !is_far_from_all(land, x, y, distance) || (sight == Sight::harbour) != at_sea)
             continue;
         build(land, sight, x, y);
         --count;
@@ -248,15 +254,7 @@ Ground broken_ground(int x, int y, std::uint32_t seed) {
     const auto [plate, rift] = plate_at(x, y, seed);
     if (rift < rift_width)
         return rift < rift_width / 4 ? Ground::deep : Ground::shallow;
-    return ground_at(x + plate->dx, y + plate->dy, seed, dusk_mood);
-}
-
-bool has_sea(const Land& land, int x, int y, int side) {
-    for (int j = 0; j <= side; ++j)
-        for (int i = 0; i <= side; ++i)
-            if (is_sea(land.ground(x + i, y + j)))
-                return true;
-    return false;
+    return ground_at(x + plate->dx, y + plate->dy, seed, dusk_climate);
 }
 
 /// What still stands of the old world's places: every other one in ruins.
@@ -265,9 +263,9 @@ void inherit_places(Land& land, const Land& dawn, std::uint32_t seed) {
     for (const Place& old : dawn.places) {
         Place now;
         const Sight sight = dawn.sight(old.x, old.y);
-        const int side = sight == Sight::castle ? 4 : 3;
+        const int side = side_of(sight);
         if (sight == Sight::cave || !drifted(old, seed, now) ||
-            has_sea(land, now.x - 1, now.y - 1, side))
+            any_corner(land, now.x - 1, now.y - 1, side, is_sea))
             continue;
         for (int j = -1; j < side; ++j)
             for (int i = -1; i < side; ++i)
@@ -298,7 +296,7 @@ int wave(int x, int y, int size, std::uint32_t seed) {
 Land make_dawn(std::uint32_t seed) {
     Land land;
     Random random(seed + 77);
-    for_all([&](int x, int y) { land.set(x, y, ground_at(x, y, seed, dawn_mood)); });
+    for_all([&](int x, int y) { land.set(x, y, ground_at(x, y, seed, dawn_climate)); });
     tidy(land);
     dig_rivers(land, 16, random);
     part_grounds(land);

@@ -13,18 +13,19 @@ namespace {
 
 constexpr Place ways[4] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
 
-/// A step of a search: where it leads, how far, and what it costs.
+/// A step of a search: where it leads and what it costs.
 struct Step {
     Place to;
     int cost;
 };
 
-/// The cheapest way from a place to one that is_goal accepts, or an empty one: the ends of its
-/// steps, the last first. for_steps(place, yield) yields the steps that lead on.
-std::vector<Place> find_way(Place from, int longest, auto&& is_goal, auto&& for_steps) {
+/// The cheapest way from a place to one that is_goal accepts, or an empty one where none is cheaper
+/// than dearest: the ends of its steps, the last first. for_steps(place, yield) yields the steps
+/// that lead on.
+std::vector<Place> find_way(Place from, int dearest, auto&& is_goal, auto&& for_steps) {
     using Entry = std::pair<int, std::size_t>;
     std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
-    std::vector<int> cost(world_tiles * world_tiles, longest);
+    std::vector<int> cost(world_tiles * world_tiles, dearest);
     std::vector<Place> before(world_tiles * world_tiles);
     cost[Land::index(from.x, from.y)] = 0;
     open.push({0, Land::index(from.x, from.y)});

@@ -100,8 +100,10 @@ void any_object_command(EditorState& state, Random& random) {
     case 2:
         return save_object(state);
     case 3:
-        form.Combo1 = random.below(4), form.Combo3 = random.below(4);
-        form.Combo4 = random.below(movement_count), form.option = random.below(6) - 1;
+        form.Combo1 = random.below(4);
+        form.Combo3 = random.below(4);
+        form.Combo4 = random.below(movement_count);
+        form.option = random.below(6) - 1;
         form.Combo2 = random.below(static_cast<int>(form.Combo2_lines.size()) + 1) - 1;
         return;
     case 4:
@@ -122,12 +124,6 @@ void any_command(Editor& editor, Random& random) {
     const int y = random.below(900) - 200;
     const auto button = random.below(2) == 0 ? MouseButton::left : MouseButton::right;
     switch (random.below(20)) {
-    case 16:
-        form.HScroll2.value = any_bar_value(random, form.HScroll2);
-        form.VScroll2.value = any_bar_value(random, form.VScroll2);
-        return refresh_world_view(state);
-    case 17:
-        return random.below(2) == 0 ? open_world_of_dawn(state) : open_world_of_dusk(state);
     case 0:
         return editor.choose(random.below(rom_layout::map_count));
     case 1:
@@ -140,7 +136,8 @@ void any_command(Editor& editor, Random& random) {
         form.grid_on = !form.grid_on;
         return on_grid_change(state);
     case 4:
-        form.Check5 = random.below(2) != 0, form.Check7 = random.below(2) != 0;
+        for (bool Form1::*box : {&Form1::Check5, &Form1::Check6, &Form1::Check7})
+            form.*box = random.below(2) != 0;
         return on_view_box_change(state);
     case 5:
         return on_press(state, button, x, y);
@@ -170,16 +167,26 @@ void any_command(Editor& editor, Random& random) {
         return run_command(state, command.guard, command.run);
     }
     case 12:
-        form.Check1 = random.below(4) != 0, form.Check2 = random.below(4) != 0;
-        form.Check3 = random.below(4) != 0, form.Check4 = random.below(4) != 0;
+        for (bool Form1::*box : {&Form1::Check1, &Form1::Check2, &Form1::Check3, &Form1::Check4})
+            form.*box = random.below(4) != 0;
         form.tool = Tool::objects;
         return on_click(state, x, y);
     case 13:
         state.form2.layer = random.below(3);
-        return random.below(2) == 0 ? on_palette_layer(state) : choose_tile(state, x, y);
+        if (random.below(2) == 0)
+            return on_palette_layer(state);
+        return choose_tile(state, x, y);
     case 14:
     case 15:
         return any_object_command(state, random);
+    case 16:
+        form.HScroll2.value = any_bar_value(random, form.HScroll2);
+        form.VScroll2.value = any_bar_value(random, form.VScroll2);
+        return refresh_world_view(state);
+    case 17:
+        if (random.below(2) == 0)
+            return open_world_of_dawn(state);
+        return open_world_of_dusk(state);
     default:
         form.*text_fields[random.below(std::size(text_fields))] = any_text(random);
     }
@@ -198,8 +205,11 @@ TEST(EditorFuzz, AnyImageAnyCommandAnyText) {
             if (random.below(3) == 0)
                 editor.dialogs.answers = {random.below(2) != 0};
             any_command(editor, random);
-            ASSERT_GE(editor.form.HScroll1.value, 0);
-            ASSERT_LE(editor.form.HScroll1.value, editor.form.HScroll1.maximum);
+            for (const auto bar :
+                 {&Form1::HScroll1, &Form1::VScroll1, &Form1::HScroll2, &Form1::VScroll2}) {
+                ASSERT_GE((editor.form.*bar).value, 0);
+                ASSERT_LE((editor.form.*bar).value, (editor.form.*bar).maximum);
+            }
             ASSERT_TRUE(editor.state->rom.is_open());
             const RecordBar& bar = editor.state->form10.HScroll1;
             ASSERT_TRUE(bar.value >= 1 && bar.value <= bar.maximum);

@@ -32,14 +32,18 @@ void any_step(ScriptEditor& editor, Random& random) {
     case 2:
         return add_script_item(state);
     case 3:
-        return random.below(4) == 0 ? remove_script_item(state) : void();
+        if (random.below(4) == 0)
+            remove_script_item(state);
+        return;
     case 4:
         return on_script_escape(state);
     case 5:
         return save_script(state);
     case 6:
         editor.window.Text3 = random.below(2) == 0 ? "30000" : any_text(random);
-        return random.below(8) == 0 ? on_script_offset_enter(state) : void();
+        if (random.below(8) == 0)
+            on_script_offset_enter(state);
+        return;
     default:
         return editor.type(any_text(random));
     }

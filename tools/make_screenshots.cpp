@@ -88,6 +88,14 @@ QWidget* window_of(const QString& form) {
     return nullptr;
 }
 
+/// The window of a form that must show by now.
+QWidget& shown(const char* form) {
+    QWidget* window = window_of(form);
+    if (!window)
+        qFatal("%s does not show", form);
+    return *window;
+}
+
 bool write(const QPixmap& picture, const QString& file) {
     const bool written = picture.save(file);
     if (!written)
@@ -106,8 +114,8 @@ void paint(const test::WindowDriver& user) {
 QPixmap chooser(const test::WindowDriver& user) {
     user.click("Command1");
     QTest::qWait(20);
-    const QPixmap palette = window_of("Form2")->grab();
-    const QPixmap sheet = window_of("Form8")->grab();
+    const QPixmap palette = shown("Form2").grab();
+    const QPixmap sheet = shown("Form8").grab();
     const int left = palette.width() + 8;
     QPixmap both(left + sheet.width(), sheet.height());
     both.fill(Qt::white);
@@ -156,8 +164,8 @@ bool take_script(const test::WindowDriver& object_window, const QString& file) {
     auto& tabs = object_window.find<QTabBar>("TabStrip1");
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
     object_window.choose("Event_Editor");
-    QWidget* window = window_of("Form9");
-    const test::WindowDriver user(*window);
+    QWidget& window = shown("Form9");
+    const test::WindowDriver user(window);
     user.activate();
     const auto& grid = user.find<QTableView>("grid");
     for (int row = 1; row < grid.model()->rowCount(); ++row)
@@ -167,7 +175,7 @@ bool take_script(const test::WindowDriver& object_window, const QString& file) {
             break;
         }
     QTest::qWait(20);
-    return write(window->grab(), file);
+    return write(window.grab(), file);
 }
 
 /// Clicks through the town until an object opens; then every tab has the town's first record, and

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "forms/dialogs.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <unistd.h>
+
+namespace veldrune {
+
+/// Says yes to everything.
+class Agreeing : public Dialogs {
+  public:
+    void message(const std::string&, const std::string&) override {}
+    bool question(const std::string&) override { return true; }
+    std::optional<std::string> open_file_name() override { return std::nullopt; }
+    std::optional<std::string> save_file_name() override { return std::nullopt; }
+};
+
+/// An image in a file that goes with it. One at a time.
+struct ImageFile {
+    const std::string path = (std::filesystem::temp_directory_path() /
+                              ("veldrune-bench-" + std::to_string(::getpid()) + ".smc"))
+                                 .string();
+
+    explicit ImageFile(std::span<const std::uint8_t> bytes) {
+        std::ofstream(path, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()),
+                   static_cast<std::streamsize>(bytes.size()));
+    }
+    ImageFile(const ImageFile&) = delete;
+    ~ImageFile() { std::filesystem::remove(path); }
+};
+
+} // namespace veldrune
