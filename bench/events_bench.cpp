@@ -35,6 +35,10 @@ std::vector<std::uint8_t> make_script(Kind kind, std::size_t size) {
         std::vector<std::uint8_t> piece = choice[random() % choice.size()];
         if (kind == Kind::cut)
             piece.resize(5 + 255, 0xFE);
+        if (kind == Kind::dialogues) { // hardly one twice
+            piece[1] = static_cast<std::uint8_t>(random());
+            piece[2] = static_cast<std::uint8_t>(random() % 12);
+        }
         if (script.size() + piece.size() >= size)
             break;
         script.insert(script.end(), piece.begin(), piece.end());
