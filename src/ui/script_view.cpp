@@ -189,7 +189,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     horizontalHeader()->setSectionsClickable(false);
     for (int column = 0; column < script_column_count; ++column)
         setColumnWidth(column, pixels(script_column_widths[column]));
-    bindings.notes(box_, state.form9.Text2);
+    bindings.lines(box_, state.form9.Text2);
     connect(this, &QTableView::clicked, this, [&state, &bindings](const QModelIndex& cell) {
         bindings.edit([&] { on_script_click(state, cell.row() + 1, cell.column()); });
     });
