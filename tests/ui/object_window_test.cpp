@@ -113,8 +113,8 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
         "Event=Text1, Palette=Text2, Byte:Bit=Text4, Facing=Combo2, X Pos=Text5, Y Pos=Text6, "
         "Sprite=Text7, Vehicle=Combo1, Speed=Combo3, Movement=Combo4, Walk Over, Walk Under, Turn "
         "to Talk",
-        "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Byte Flag, Empty, Unknown, "
-        "Monster in a Box, Item, GP",
+        "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Empty, Unknown, "
+        "Monster in a Box, Item, GP, Byte Flag",
         place + "Event Pointer=Text4", way, way};
     click_tile(5, 8);
     const QSize size = visible_window("Form10")->size();
