@@ -53,9 +53,9 @@ class ObjectWindowTest : public WindowTest {
             shown << QString::fromStdString(info().text(control));
         return shown.join(' ').toStdString();
     }
-    static void choose_tab(int tab) {
+    static void choose_tab(int tab, Qt::MouseButton button = Qt::LeftButton) {
         auto& tabs = info().find<QTabBar>("TabStrip1");
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+        QTest::mouseClick(&tabs, button, {}, tabs.tabRect(tab).center());
     }
     /// The visible captions, in the order of the tables.
     static QString captions() {
@@ -192,6 +192,7 @@ TEST_F(ObjectWindowTest, WithoutARecordTheFieldsAreBlankAndNothingIsSaved) {
     user.click("Command3");
     user.choose_map(town);
     user.click("Command3");
+    choose_tab(0, Qt::RightButton);
     EXPECT_EQ(info().text("Text5"), "");
     choose_tab(0);
     EXPECT_EQ(info().text("Text5"), "5") << "a click on the chosen tab";
