@@ -152,9 +152,8 @@ void any_command(Editor& editor, Random& random) {
         form.current_tile = random.below(256);
         return;
     case 9: {
-        const auto commands = button_commands();
         const ButtonCommand& command =
-            commands[static_cast<std::size_t>(random.below(static_cast<int>(commands.size())))];
+            button_commands[random.below(static_cast<int>(std::size(button_commands)))];
         return run_command(state, command.guard, command.run);
     }
     case 10:

@@ -51,6 +51,11 @@ class OpenEventEditor {
         QTest::keyClick(&user.find("Text3"), Qt::Key_Return);
         draw();
     }
+    /// What follows every edit in any window, a move of the mouse over the map too.
+    void show_all() {
+        const Gate edit = windows_.gate(*window_);
+        edit([] {});
+    }
     test::WindowDriver user() { return test::WindowDriver(*window_); }
     EditorState& state() { return *state_; }
 
@@ -100,10 +105,18 @@ void scroll_and_draw(benchmark::State& bench) {
     }
 }
 
+void show_unchanged(benchmark::State& bench) {
+    OpenEventEditor editor;
+    for (auto _ : bench)
+        editor.show_all();
+    bench.counters["rows"] = static_cast<double>(editor.state().form9.grid.size());
+}
+
 BENCHMARK(draw_the_window)->Unit(benchmark::kMillisecond);
 BENCHMARK(load_and_draw)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(add_and_draw)->Unit(benchmark::kMillisecond);
 BENCHMARK(scroll_and_draw)->Unit(benchmark::kMillisecond);
+BENCHMARK(show_unchanged)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace veldrune

@@ -85,7 +85,6 @@ void refresh_map(EditorState& state) {
 }
 
 void show_tile_preview(EditorState& state) {
-    constexpr int preview_side = 64;
     const Formation tile =
         whole_formation(state.bitmaps, state.form1.edit_layer, state.form1.current_tile);
     enlarge_pixels(tile.data(), 16, 16, 16, preview_side / 16, state.form1.Picture3.data(),

@@ -1,13 +1,10 @@
 #include "editor/commands.h"
 
-#include "editor/build.h"
 #include "editor/event_editor.h"
 #include "editor/map_commands.h"
 #include "editor/object_window.h"
 #include "editor/open_image.h"
 #include "editor/save.h"
-#include "editor/tile_chooser.h"
-#include "editor/view.h"
 #include "editor/world_map.h"
 
 namespace veldrune {
@@ -49,15 +46,6 @@ constexpr Command script_commands[] = {
     {"",          "File",           "&File",                  Guard::none,         nullptr},
     {"File",      "Save",           "&Save",                  Guard::rom_open,     save_script},
 };
-
-constexpr ButtonCommand buttons[] = {
-    // control     guard                operation
-    {"Command1",   Guard::rom_open,     open_tile_chooser},
-    {"Command2",   Guard::map_selected, refresh_map},
-    {"Command3",   Guard::map_selected, build_tileset},
-    {"Command4",   Guard::none,         zoom_in},
-    {"Command5",   Guard::none,         zoom_out},
-};
 // clang-format on
 
 bool holds(const EditorState& state, Guard guard) {
@@ -83,10 +71,6 @@ std::span<const Command> object_window_commands() {
 
 std::span<const Command> event_editor_commands() {
     return script_commands;
-}
-
-std::span<const ButtonCommand> button_commands() {
-    return buttons;
 }
 
 void run_command(EditorState& state, Guard guard, void (*run)(EditorState&)) {

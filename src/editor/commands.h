@@ -1,6 +1,8 @@
 #pragma once
 
-#include "editor/editor_state.h"
+#include "editor/build.h"
+#include "editor/tile_chooser.h"
+#include "editor/view.h"
 
 #include <span>
 
@@ -33,7 +35,16 @@ struct ButtonCommand {
     Guard guard;
     void (*run)(EditorState&);
 };
-std::span<const ButtonCommand> button_commands();
+// clang-format off
+inline constexpr ButtonCommand button_commands[] = {
+    // control     guard                operation
+    {"Command1",   Guard::rom_open,     open_tile_chooser},
+    {"Command2",   Guard::map_selected, refresh_map},
+    {"Command3",   Guard::map_selected, build_tileset},
+    {"Command4",   Guard::none,         zoom_in},
+    {"Command5",   Guard::none,         zoom_out},
+};
+// clang-format on
 
 /// Runs the operation if its guard holds.
 void run_command(EditorState& state, Guard guard, void (*run)(EditorState&));

@@ -9,7 +9,9 @@
 namespace veldrune {
 namespace {
 
+// The desk for an operation, which may change the grid.
 ScriptDesk desk_of(EditorState& state) {
+    ++state.form9.work_number;
     return {state.form9, state.script_entry, state.rom, state.dialogs};
 }
 

@@ -39,7 +39,7 @@ void paste_properties(EditorState& state) {
 }
 
 void show_memory_manager(EditorState& state) {
-    state.dialogs.message("Sorry, nothing here yet.", "Nothing here");
+    state.dialogs.message("Sorry, nothing here yet.", nothing_here_title);
 }
 
 void show_about(EditorState& state) {

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "editor/editor_state.h"
+#include "rom/rom_layout.h"
 
 namespace veldrune {
+
+/// Rows of the map list.
+inline constexpr int map_list_rows = rom_layout::map_count;
 
 /// A choice in the map list, of the current row too: leaves the world map, asks about unsaved
 /// changes, and loads the record, the fields and the three layers of row form1.Combo1. Draws

@@ -8,7 +8,6 @@ namespace {
 constexpr int tiles_across = 16;
 constexpr int cell_side = view_size / tiles_across;
 constexpr int formation_side = 16;
-constexpr int preview_side = 64;
 
 void draw_tile_sheet(EditorState& state) {
     for (int tile = 0; tile < tiles_across * tiles_across; ++tile) {

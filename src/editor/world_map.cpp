@@ -120,7 +120,6 @@ void refresh_world_view(EditorState& state) {
 }
 
 void show_world_tile_preview(EditorState& state) {
-    constexpr int preview_side = 64;
     enlarge_pixels(state.world_sheet.tile(state.form1.current_tile), WorldSheet::side,
                    world_tile_size, world_tile_size, preview_side / world_tile_size,
                    state.form1.Picture3.data(), preview_side);

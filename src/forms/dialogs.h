@@ -12,6 +12,9 @@ inline constexpr const char* image_file_filter =
 /// The title of a box that has none of its own.
 inline constexpr const char* default_title = "Veldrune Map Editor";
 
+/// The title of the box of a command that does nothing yet.
+inline constexpr const char* nothing_here_title = "Nothing here";
+
 /// The port through which the logic talks to the user. The windows implement it with real boxes,
 /// the tests with scripted answers. Every call returns when the user has answered.
 class Dialogs {

@@ -58,7 +58,8 @@ inline constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastes
 inline constexpr int movement_count = 16; // Combo4 lists the numbers, decimal
 
 /// A control of the object window with its caption on every tab; on a tab without a caption it is
-/// hidden. The caption stands on the label, or, with no label, on the control itself.
+/// hidden. The caption stands on the label, or, with no label, on the control itself; the one of
+/// the picture is there for screen readers alone.
 struct ObjectControlRow {
     const char* label;
     const char* control;
@@ -86,7 +87,7 @@ inline constexpr ObjectControlRow object_control_rows[] = {
     {"",        "Option3",  {nullptr,       "Monster in a Box", nullptr,         nullptr,          nullptr}},
     {"",        "Option4",  {nullptr,       "Item",             nullptr,         nullptr,          nullptr}},
     {"",        "Option5",  {nullptr,       "GP",               nullptr,         nullptr,          nullptr}},
-    {"",        "Picture1", {"",            nullptr,            nullptr,         nullptr,          nullptr}},
+    {"",        "Picture1", {"Sprite",      nullptr,            nullptr,         nullptr,          nullptr}},
 };
 // clang-format on
 

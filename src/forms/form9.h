@@ -29,6 +29,7 @@ struct Form9 {
     bool visible = false;
     bool to_front = false; // wants to come to the front; the window clears it when it has
     int load_number = 0;   // grows with every load: the view goes back to the top
+    int work_number = 0;   // grows with every operation on the grid since then
 
     std::vector<ScriptRow> grid; // the script; row 0 is the fixed header
     int grid_row = 0;            // the current cell

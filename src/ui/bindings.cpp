@@ -1,5 +1,7 @@
 #include "ui/bindings.h"
 
+#include "ui/override_cursor.h"
+
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,11 +11,24 @@
 
 namespace veldrune {
 
+Action following(EditorState& state, void (*then)(EditorState&)) {
+    if (!then)
+        return {};
+    return [&state, then] { then(state); };
+}
+
 void Bindings::edit(const Action& write, const Action& then) const {
     gate_([&] {
         write();
         if (then)
             then();
+    });
+}
+
+void Bindings::edit_busily(const Action& write) const {
+    edit([&] {
+        const OverrideCursor busy(Qt::WaitCursor);
+        write();
     });
 }
 
@@ -33,7 +48,7 @@ void Bindings::text(QLineEdit* field, std::string& value, const Action& then) {
     });
 }
 
-void Bindings::notes(QPlainTextEdit* field, std::string& value) {
+void Bindings::lines(QPlainTextEdit* field, std::string& value) {
     QObject::connect(field, &QPlainTextEdit::textChanged, field, [this, field, &value] {
         edit([&] { value = field->toPlainText().toStdString(); });
     });
@@ -58,14 +73,13 @@ void Bindings::box(QAbstractButton* box, bool& value, const Action& then) {
     rule([box, &value] { show_checked(box, value); });
 }
 
-void Bindings::bar(QScrollBar* bar, ScrollBar& value, const Action& then) {
+void Bindings::bar(QScrollBar* bar, int& value, const int& maximum, const Action& then) {
     QObject::connect(bar, &QScrollBar::valueChanged, bar,
-                     [this, &value, then](int place) { edit([&] { value.value = place; }, then); });
-    rule([bar, &value] {
+                     [this, &value, then](int place) { edit([&] { value = place; }, then); });
+    rule([bar, &value, &maximum] {
         const QSignalBlocker blocked(bar);
-        bar->setMaximum(value.maximum);
-        bar->setValue(value.value);
-        bar->setVisible(value.visible);
+        bar->setMaximum(maximum);
+        bar->setValue(value);
     });
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "forms/form1.h"
-
 #include <QAbstractButton>
 
 #include <functional>
@@ -16,10 +14,15 @@ class QScrollBar;
 
 namespace veldrune {
 
+struct EditorState;
+
 using Action = std::function<void()>;
 /// Runs an edit of the user, unless another one still runs behind a message box, and shows the
 /// state that it leaves.
 using Gate = std::function<void(const Action& edit)>;
+
+/// What follows an edit: then on the state, or nothing.
+Action following(EditorState& state, void (*then)(EditorState&));
 
 /// Ties widgets to the values that they show. An edit by the user writes the value and then runs
 /// what follows from it, both through the gate. The values must outlive the widgets.
@@ -28,10 +31,10 @@ class Bindings {
     explicit Bindings(Gate edit_gate) : gate_(std::move(edit_gate)) {}
 
     void text(QLineEdit* field, std::string& value, const Action& then = {});
-    void notes(QPlainTextEdit* field, std::string& value);
+    void lines(QPlainTextEdit* field, std::string& value);
     void label(QLabel* label, const std::string& value);
     void box(QAbstractButton* box, bool& value, const Action& then = {});
-    void bar(QScrollBar* bar, ScrollBar& value, const Action& then);
+    void bar(QScrollBar* bar, int& value, const int& maximum, const Action& then);
     /// Acts on every choice, of the row that is current already too.
     void list(QComboBox* list, int& row, const Action& then = {});
     void enabled(QWidget* widget, const bool& value);
@@ -48,6 +51,8 @@ class Bindings {
 
     /// Runs an edit through the gate.
     void edit(const Action& write, const Action& then = {}) const;
+    /// The same for what can take longer than a blink: the pointer says "wait" meanwhile.
+    void edit_busily(const Action& write) const;
     /// Brings every widget in line with its value, without its signals.
     void show() const;
 

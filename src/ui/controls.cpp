@@ -1,34 +1,12 @@
 #include "ui/controls.h"
 
-#include "editor/commands.h"
-#include "ui/qt_dialogs.h"
-
-#include <string_view>
-
 namespace veldrune {
-
-namespace {
-
-const ButtonCommand* button_command(std::string_view control) {
-    for (const ButtonCommand& command : button_commands())
-        if (command.control == control)
-            return &command;
-    return nullptr;
-}
-
-} // namespace
 
 void Controls::dress(QWidget* widget, const char* control, const char* tip, bool map_only) const {
     widget->setObjectName(control);
     widget->setToolTip(tip);
     if (map_only)
         bindings.enabled(widget, state.form1.map_fields_enabled);
-}
-
-Action Controls::following(void (*then)(EditorState&)) const {
-    if (!then)
-        return {};
-    return [this_state = &state, then] { then(*this_state); };
 }
 
 QLineEdit* Controls::field(const FieldRow& row) const {
@@ -43,7 +21,7 @@ QLineEdit* Controls::field(const FieldRow& row) const {
 QCheckBox* Controls::box(const BoxRow& row) const {
     auto* made = new QCheckBox(row.caption);
     dress(made, row.control, row.tip, row.map_only);
-    bindings.box(made, state.form1.*row.value, following(row.then));
+    bindings.box(made, state.form1.*row.value, following(state, row.then));
     return made;
 }
 
@@ -66,24 +44,20 @@ QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, Scroll
     made->setObjectName(control);
     made->setAccessibleName(direction == Qt::Horizontal ? "First column in view"
                                                         : "First row in view");
-    made->setSingleStep(1);
     made->setPageStep(16);
-    bindings.bar(made, state.form1.*value, following(then));
+    ScrollBar& held = state.form1.*value;
+    bindings.bar(made, held.value, held.maximum, following(state, then));
+    bindings.rule([made, &held] { made->setVisible(held.visible); });
     return made;
 }
 
 void Controls::button(QPushButton* button, const ButtonRow& row) const {
-    dress(button, row.control, row.tip, row.map_only);
+    dress(button, row.command->control, row.tip, row.map_only);
     button->setAccessibleName(row.caption);
-    const ButtonCommand* command = button_command(row.control);
-    if (!command || !command->run)
-        return;
     QObject::connect(button, &QPushButton::clicked, button,
-                     [this_state = &state, command, edits = &bindings] {
-                         edits->edit([&] {
-                             const BusyCursor busy;
-                             run_command(*this_state, command->guard, command->run);
-                         });
+                     [edits = &bindings, this_state = &state, command = row.command] {
+                         edits->edit_busily(
+                             [&] { run_command(*this_state, command->guard, command->run); });
                      });
 }
 

@@ -15,10 +15,9 @@ namespace veldrune {
 
 /// Makes the main window's widgets from their rows and binds them to the state. A widget's object
 /// name is its control's name.
-class Controls {
-  public:
-    Controls(EditorState& editor_state, Bindings& window_bindings)
-        : state(editor_state), bindings(window_bindings) {}
+struct Controls {
+    EditorState& state;
+    Bindings& bindings;
 
     QLineEdit* field(const FieldRow& row) const;
     QCheckBox* box(const BoxRow& row) const;
@@ -26,22 +25,17 @@ class Controls {
     QLabel* value_label(const char* control, const std::string Form1::*value) const;
     QScrollBar* bar(const char* control, Qt::Orientation direction, ScrollBar Form1::*value,
                     void (*then)(EditorState&)) const;
-    /// Makes button run what the editor does for its control.
+    /// Makes button run its command.
     void button(QPushButton* button, const ButtonRow& row) const;
     template <typename T>
     QRadioButton* option(const OptionRow<T>& row) const {
         auto* made = new QRadioButton(row.caption);
         dress(made, row.control, row.tip, row.map_only);
-        bindings.option(made, state.form1.*row.value, row.own, following(row.then));
+        bindings.option(made, state.form1.*row.value, row.own, following(state, row.then));
         return made;
     }
 
-    EditorState& state;
-    Bindings& bindings;
-
-  private:
     void dress(QWidget* widget, const char* control, const char* tip, bool map_only) const;
-    Action following(void (*then)(EditorState&)) const;
 };
 
 } // namespace veldrune

@@ -46,7 +46,7 @@ EventWindow::EventWindow(EditorState& state, Windows& windows, QWidget* behind)
     bindings_.rule([this] { show_script(); });
     follow_to_front(state.form9.to_front);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
-            [this] { bindings_.edit([this] { on_script_escape(state_); }); });
+            [this] { bindings_.edit(following(state_, on_script_escape)); });
 }
 
 QLayout* EventWindow::make_bar() {
@@ -56,7 +56,7 @@ QLayout* EventWindow::make_bar() {
         button->setObjectName(row.control);
         button->setToolTip(row.tip);
         connect(button, &QPushButton::clicked, this,
-                [this, run = row.run] { bindings_.edit([&] { run(state_); }); });
+                [this, run = row.run] { bindings_.edit(following(state_, run)); });
         bar->addWidget(button);
     }
     auto* offset = new QLineEdit;
@@ -66,7 +66,7 @@ QLayout* EventWindow::make_bar() {
     offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
     bindings_.text(offset, state_.form9.Text3);
     connect(offset, &QLineEdit::returnPressed, this,
-            [this] { bindings_.edit([this] { on_script_offset_enter(state_); }); });
+            [this] { bindings_.edit(following(state_, on_script_offset_enter)); });
     auto* label = new QLabel("Event &Offset");
     label->setObjectName("Label1");
     label->setBuddy(offset);
@@ -78,8 +78,13 @@ QLayout* EventWindow::make_bar() {
 
 /// A script that has been loaded shows from its beginning.
 void EventWindow::show_script() {
+    const Form9& form = state_.form9;
+    const bool loaded = std::exchange(shown_load_, form.load_number) != form.load_number;
+    if (!loaded && shown_work_ == form.work_number)
+        return;
+    shown_work_ = windows_.busy() ? -1 : form.work_number; // the work goes on behind a box
     grid_->show_changes();
-    if (std::exchange(shown_load_, state_.form9.load_number) != state_.form9.load_number)
+    if (loaded)
         grid_->show_beginning();
 }
 

@@ -18,7 +18,8 @@ class EventWindow : public SideWindow {
     void show_script();
 
     ScriptView* grid_;
-    int shown_load_ = 0; // the load that the view shows
+    int shown_load_ = 0;  // the load that the view shows
+    int shown_work_ = -1; // the work on it that the view shows, -1 where there may be more
 };
 
 } // namespace veldrune

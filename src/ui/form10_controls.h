@@ -46,7 +46,7 @@ struct ObjectBoxRow {
     ObjectTips tips;
 };
 
-struct ObjectOptionRow {
+struct ObjectTipRow {
     const ObjectControlRow* control;
     ObjectTips tips;
 };
@@ -91,31 +91,31 @@ inline constexpr ObjectFieldRow object_field_rows[] = {
 inline constexpr ObjectListRow object_list_rows[] = {
     {captions_of("Combo2"), 3, 0, &Form10::Combo2, {}, 0,
         {"Where the NPC looks.",
-         "What is in the chest: number, hexadecimal, and name of the item.", nullptr, nullptr, nullptr}},
+         "What is in the chest: number, hexadecimal, and name of the item."}},
     {captions_of("Combo1"), 0, 2, &Form10::Combo1, vehicle_names, 0,
-        {"What the NPC rides.", nullptr, nullptr, nullptr, nullptr}},
+        {"What the NPC rides."}},
     {captions_of("Combo3"), 1, 2, &Form10::Combo3, speed_names, 0,
-        {"How fast the NPC walks.", nullptr, nullptr, nullptr, nullptr}},
+        {"How fast the NPC walks."}},
     {captions_of("Combo4"), 2, 2, &Form10::Combo4, {}, movement_count,
-        {"How the NPC moves about: 0 to 15. Decimal.", nullptr, nullptr, nullptr, nullptr}},
+        {"How the NPC moves about: 0 to 15. Decimal."}},
 };
 
 inline constexpr ObjectBoxRow object_box_rows[] = {
-    {captions_of("Check1"), &Form10::Check1, {"Bit 4 of the NPC's byte 7.", nullptr, nullptr, nullptr, nullptr}},
-    {captions_of("Check2"), &Form10::Check2, {"Bit 5 of the NPC's byte 7.", "Bit 0 of the chest's byte 3.", nullptr, nullptr, nullptr}},
-    {captions_of("Check3"), &Form10::Check3, {"Ticked: the NPC turns to whoever talks to it.", nullptr, nullptr, nullptr, nullptr}},
+    {captions_of("Check1"), &Form10::Check1, {"Bit 4 of the NPC's byte 7."}},
+    {captions_of("Check2"), &Form10::Check2, {"Bit 5 of the NPC's byte 7.", "Bit 0 of the chest's byte 3."}},
+    {captions_of("Check3"), &Form10::Check3, {"Ticked: the NPC turns to whoever talks to it."}},
 };
 
 /// In the order of Form10::option.
-inline constexpr ObjectOptionRow object_option_rows[] = {
-    {captions_of("Option1"), {nullptr, "There is nothing in the chest.", nullptr, nullptr, nullptr}},
-    {captions_of("Option2"), {nullptr, "Bit 4 of the chest's byte 3.", nullptr, nullptr, nullptr}},
-    {captions_of("Option3"), {nullptr, "Whoever opens the chest has to fight.", nullptr, nullptr, nullptr}},
-    {captions_of("Option4"), {nullptr, "The contents are an item.", nullptr, nullptr, nullptr}},
-    {captions_of("Option5"), {nullptr, "The contents are money.", nullptr, nullptr, nullptr}},
+inline constexpr ObjectTipRow object_option_rows[] = {
+    {captions_of("Option1"), {nullptr, "There is nothing in the chest."}},
+    {captions_of("Option2"), {nullptr, "Bit 4 of the chest's byte 3."}},
+    {captions_of("Option3"), {nullptr, "Whoever opens the chest has to fight."}},
+    {captions_of("Option4"), {nullptr, "The contents are an item."}},
+    {captions_of("Option5"), {nullptr, "The contents are money."}},
 };
-inline constexpr ObjectOptionRow object_picture_row =
-    {captions_of("Picture1"), {"The sprite, six times its size.", nullptr, nullptr, nullptr, nullptr}};
+inline constexpr ObjectTipRow sprite_preview_row =
+    {captions_of("Picture1"), {"The sprite, six times its size."}};
 // clang-format on
 
 } // namespace veldrune

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "editor/view.h"
+#include "editor/commands.h"
 #include "forms/form1.h"
+
+#include <string_view>
 
 namespace veldrune {
 
@@ -11,6 +13,7 @@ namespace veldrune {
 struct FieldRow {
     int line;            // of the grid of properties
     int cell;            // of that line; cell - 1 holds the label
+    int span;            // cells that the field takes up, or shares with others
     const char* label;   // the label's control
     const char* caption; // the label's text
     const char* part;    // which of the fields of that label
@@ -49,8 +52,16 @@ struct ObjectRow {
     bool white_text;      // reads better on that colour
 };
 
+/// The row of a button's command.
+consteval const ButtonCommand* command_of(std::string_view control) {
+    for (const ButtonCommand& command : button_commands)
+        if (command.control == control)
+            return &command;
+    throw "no such control";
+}
+
 struct ButtonRow {
-    const char* control;
+    const ButtonCommand* command;
     const char* caption;
     bool map_only;
     const char* tip;
@@ -59,37 +70,37 @@ struct ButtonRow {
 // clang-format off
 /// Text14 and Text24 share a cell: only one of them is visible.
 inline constexpr FieldRow field_rows[] = {
-    {1, 1, "Label21", "Map Width",         "Layer1",  "Text2",  &Form1::Text2,  true,  "Width of layer 1 in tiles: 16, 32, 64 or 128. Decimal."},
-    {1, 2, "Label21", "Map Width",         "Layer2",  "Text1",  &Form1::Text1,  true,  "Width of layer 2 in tiles: 16, 32, 64 or 128. Decimal."},
-    {1, 3, "Label21", "Map Width",         "Layer 3", "Text21", &Form1::Text21, true,  "Width of layer 3 in tiles: 16, 32, 64 or 128. Decimal."},
-    {2, 1, "Label22", "Map Height",        "Layer1",  "Text5",  &Form1::Text5,  true,  "Height of layer 1 in tiles: 16, 32 or 64. Decimal."},
-    {2, 2, "Label22", "Map Height",        "Layer2",  "Text3",  &Form1::Text3,  true,  "Height of layer 2 in tiles: 16, 32 or 64. Decimal."},
-    {2, 3, "Label22", "Map Height",        "Layer 3", "Text22", &Form1::Text22, true,  "Height of layer 3 in tiles: 16, 32 or 64. Decimal."},
-    {3, 1, "Label4",  "Tile Formations",   "Layer1",  "Text6",  &Form1::Text6,  true,  "Set of tile formations of layer 1, 0 to 84. Decimal."},
-    {3, 2, "Label4",  "Tile Formations",   "Layer2",  "Text7",  &Form1::Text7,  true,  "Set of tile formations of layer 2, 0 to 84. Decimal."},
-    {3, 3, "Label4",  "Tile Formations",   "Layer 3", "Text23", &Form1::Text23, true,  "Graphics of layer 3, 0 to 20; number 6 is opaque, all others are half transparent. Decimal."},
-    {4, 1, "Label6",  "Map Data Location", "Layer1",  "Text14", &Form1::Text14, false, "Where the tiles of layer 1 lie in the file, and where Save writes them. Hexadecimal."},
-    {4, 1, "Label6",  "Map Data Location", "World",   "Text24", &Form1::Text24, false, "Where the tiles of the world map lie in the file, and where Save writes them. Hexadecimal."},
-    {4, 2, "Label6",  "Map Data Location", "Layer2",  "Text12", &Form1::Text12, true,  "Where the tiles of layer 2 lie in the file, and where Save writes them. Hexadecimal."},
-    {4, 3, "Label6",  "Map Data Location", "Layer 3", "Text25", &Form1::Text25, true,  "Where the tiles of layer 3 lie in the file, and where Save writes them; 19D3B0 stands for no layer 3. Hexadecimal."},
-    {5, 1, "Label24", "Left Shift",        "Layer1",  "Text39", &Form1::Text39, true,  "Left shift, first column. Hexadecimal."},
-    {5, 2, "Label24", "Left Shift",        "Layer2",  "Text40", &Form1::Text40, true,  "Left shift, second column. Hexadecimal."},
-    {6, 1, "Label31", "Upward Shift",      "Layer1",  "Text42", &Form1::Text42, true,  "Upward shift, first column. Hexadecimal."},
-    {6, 2, "Label31", "Upward Shift",      "Layer2",  "Text43", &Form1::Text43, true,  "Upward shift, second column. Hexadecimal."},
+    {1, 1, 1, "Label21", "Map Width",         "Layer1",  "Text2",  &Form1::Text2,  true,  "Width of layer 1 in tiles: 16, 32, 64 or 128. Decimal."},
+    {1, 2, 1, "Label21", "Map Width",         "Layer2",  "Text1",  &Form1::Text1,  true,  "Width of layer 2 in tiles: 16, 32, 64 or 128. Decimal."},
+    {1, 3, 1, "Label21", "Map Width",         "Layer 3", "Text21", &Form1::Text21, true,  "Width of layer 3 in tiles: 16, 32, 64 or 128. Decimal."},
+    {2, 1, 1, "Label22", "Map Height",        "Layer1",  "Text5",  &Form1::Text5,  true,  "Height of layer 1 in tiles: 16, 32 or 64. Decimal."},
+    {2, 2, 1, "Label22", "Map Height",        "Layer2",  "Text3",  &Form1::Text3,  true,  "Height of layer 2 in tiles: 16, 32 or 64. Decimal."},
+    {2, 3, 1, "Label22", "Map Height",        "Layer 3", "Text22", &Form1::Text22, true,  "Height of layer 3 in tiles: 16, 32 or 64. Decimal."},
+    {3, 1, 1, "Label4",  "Tile Formations",   "Layer1",  "Text6",  &Form1::Text6,  true,  "Set of tile formations of layer 1, 0 to 84. Decimal."},
+    {3, 2, 1, "Label4",  "Tile Formations",   "Layer2",  "Text7",  &Form1::Text7,  true,  "Set of tile formations of layer 2, 0 to 84. Decimal."},
+    {3, 3, 1, "Label4",  "Tile Formations",   "Layer 3", "Text23", &Form1::Text23, true,  "Graphics of layer 3, 0 to 20; number 6 is opaque, all others are half transparent. Decimal."},
+    {4, 1, 1, "Label6",  "Map Data Location", "Layer1",  "Text14", &Form1::Text14, false, "Where the tiles of layer 1 lie in the file, and where Save writes them. Hexadecimal."},
+    {4, 1, 1, "Label6",  "Map Data Location", "World",   "Text24", &Form1::Text24, false, "Where the tiles of the world map lie in the file, and where Save writes them. Hexadecimal."},
+    {4, 2, 1, "Label6",  "Map Data Location", "Layer2",  "Text12", &Form1::Text12, true,  "Where the tiles of layer 2 lie in the file, and where Save writes them. Hexadecimal."},
+    {4, 3, 1, "Label6",  "Map Data Location", "Layer 3", "Text25", &Form1::Text25, true,  "Where the tiles of layer 3 lie in the file, and where Save writes them; 19D3B0 stands for no layer 3. Hexadecimal."},
+    {5, 1, 1, "Label24", "Left Shift",        "Layer1",  "Text39", &Form1::Text39, true,  "Left shift, first column. Hexadecimal."},
+    {5, 2, 1, "Label24", "Left Shift",        "Layer2",  "Text40", &Form1::Text40, true,  "Left shift, second column. Hexadecimal."},
+    {6, 1, 1, "Label31", "Upward Shift",      "Layer1",  "Text42", &Form1::Text42, true,  "Upward shift, first column. Hexadecimal."},
+    {6, 2, 1, "Label31", "Upward Shift",      "Layer2",  "Text43", &Form1::Text43, true,  "Upward shift, second column. Hexadecimal."},
 
-    {8, 1, "Label5",  "Tilesets",          "1",       "Text8",  &Form1::Text8,  true,  "First group of tile graphics, 0 to 84. Decimal."},
-    {8, 1, "Label5",  "Tilesets",          "2",       "Text9",  &Form1::Text9,  true,  "Second group of tile graphics, 0 to 84. Decimal."},
-    {8, 1, "Label5",  "Tilesets",          "3",       "Text10", &Form1::Text10, true,  "Third group of tile graphics, 0 to 84. Decimal."},
-    {8, 1, "Label5",  "Tilesets",          "4",       "Text11", &Form1::Text11, true,  "Fourth group of tile graphics, 0 to 84. Decimal."},
-    {9, 1, "Label17", "Animated Tileset",  "",        "Text18", &Form1::Text18, true,  "Set of animated tiles, 0 to 31. Decimal."},
-    {9, 3, "Label7",  "Palette",           "",        "Text13", &Form1::Text13, true,  "Colours of the map, 0 to 255. Decimal."},
-    {10, 1, "Label18", "Viewable Map Size", "first",  "Text16", &Form1::Text16, true,  "Part of the map that the game shows, first value, 0 to 255. Decimal."},
-    {10, 1, "Label18", "Viewable Map Size", "second", "Text17", &Form1::Text17, true,  "Part of the map that the game shows, second value, 0 to 255. Decimal."},
-    {10, 3, "Label25", "Layer Priorities", "",        "Text37", &Form1::Text37, true,  "Entry of the game's layer priority table, 0 to 255. The picture follows when the map is chosen anew. Decimal."},
-    {11, 1, "Label32", "Scoll Index",      "",        "Text45", &Form1::Text45, true,  "How the layers scroll against each other: number of the game's scroll entry, 0 to 255. Decimal."},
-    {11, 3, "Label12", "Song",             "",        "Text44", &Form1::Text44, true,  "Music of the map, 0 to 255. Decimal."},
-    {12, 1, "Label33", "Battle BG",        "",        "Text46", &Form1::Text46, true,  "Background of battles on the map, 0 to 7F. Hexadecimal."},
-    {12, 3, "Label11", "Monster Set",      "",        "Text41", &Form1::Text41, true,  "Monsters that are met on the map, 0 to FF. Hexadecimal."},
+    {8, 1, 3, "Label5",  "Tilesets",          "1",       "Text8",  &Form1::Text8,  true,  "First group of tile graphics, 0 to 84. Decimal."},
+    {8, 1, 3, "Label5",  "Tilesets",          "2",       "Text9",  &Form1::Text9,  true,  "Second group of tile graphics, 0 to 84. Decimal."},
+    {8, 1, 3, "Label5",  "Tilesets",          "3",       "Text10", &Form1::Text10, true,  "Third group of tile graphics, 0 to 84. Decimal."},
+    {8, 1, 3, "Label5",  "Tilesets",          "4",       "Text11", &Form1::Text11, true,  "Fourth group of tile graphics, 0 to 84. Decimal."},
+    {9, 1, 1, "Label17", "Animated Tileset",  "",        "Text18", &Form1::Text18, true,  "Set of animated tiles, 0 to 31. Decimal."},
+    {9, 3, 1, "Label7",  "Palette",           "",        "Text13", &Form1::Text13, true,  "Colours of the map, 0 to 255. Decimal."},
+    {10, 1, 1, "Label18", "Viewable Map Size", "first",  "Text16", &Form1::Text16, true,  "Part of the map that the game shows, first value, 0 to 255. Decimal."},
+    {10, 1, 1, "Label18", "Viewable Map Size", "second", "Text17", &Form1::Text17, true,  "Part of the map that the game shows, second value, 0 to 255. Decimal."},
+    {10, 3, 1, "Label25", "Layer Priorities", "",        "Text37", &Form1::Text37, true,  "Entry of the game's layer priority table, 0 to 255. The picture follows when the map is chosen anew. Decimal."},
+    {11, 1, 1, "Label32", "Scoll Index",      "",        "Text45", &Form1::Text45, true,  "How the layers scroll against each other: number of the game's scroll entry, 0 to 255. Decimal."},
+    {11, 3, 1, "Label12", "Song",             "",        "Text44", &Form1::Text44, true,  "Music of the map, 0 to 255. Decimal."},
+    {12, 1, 1, "Label33", "Battle BG",        "",        "Text46", &Form1::Text46, true,  "Background of battles on the map, 0 to 7F. Hexadecimal."},
+    {12, 3, 1, "Label11", "Monster Set",      "",        "Text41", &Form1::Text41, true,  "Monsters that are met on the map, 0 to FF. Hexadecimal."},
 };
 
 struct HeadingRow { int cell; const char* control; const char* caption; };
@@ -126,11 +137,11 @@ inline constexpr ObjectRow object_rows[] = {
     {{"Check4", "Entrance", &Form1::Check4, false, nullptr, "Show and select entrances, from the next redrawing on."},      "Label30", &Form1::Label30, 0x00FF00, false},
 };
 
-inline constexpr ButtonRow tileset_button = {"Command3", "Build Tileset", true, "Decode the tiles that the fields name, and draw the map where it stands."};
-inline constexpr ButtonRow refresh_button = {"Command2", "Build/Refresh Map", true, "Draw the map from its top left corner with the tiles as they are."};
-inline constexpr ButtonRow chooser_button = {"Command1", "Choose Tile", false, "The current tile. Press to choose another one."};
-inline constexpr ButtonRow zoom_in_button = {"Command4", "Zoom In", true, "Show the map twice as large. Ctrl and wheel over the map."};
-inline constexpr ButtonRow zoom_out_button = {"Command5", "Zoom Out", true, "Show the map half as large. Ctrl and wheel over the map."};
+inline constexpr ButtonRow tileset_button = {command_of("Command3"), "Build Tileset", true, "Decode the tiles that the fields name, and draw the map where it stands."};
+inline constexpr ButtonRow refresh_button = {command_of("Command2"), "Build/Refresh Map", true, "Draw the map from its top left corner with the tiles as they are."};
+inline constexpr ButtonRow chooser_button = {command_of("Command1"), "Choose Tile", false, "The current tile. Press to choose another one."};
+inline constexpr ButtonRow zoom_in_button = {command_of("Command4"), "Zoom In", true, "Show the map twice as large. Ctrl and wheel over the map."};
+inline constexpr ButtonRow zoom_out_button = {command_of("Command5"), "Zoom Out", true, "Show the map half as large. Ctrl and wheel over the map."};
 // clang-format on
 
 } // namespace veldrune

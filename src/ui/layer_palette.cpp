@@ -3,6 +3,7 @@
 #include "editor/tile_chooser.h"
 
 #include <QRadioButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace veldrune {
@@ -32,8 +33,7 @@ LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind
         auto* button = new QRadioButton(row.caption);
         button->setObjectName(row.control);
         button->setToolTip("Show the tiles of this layer, and paint into it.");
-        bindings_.option(button, state.form2.layer, layer,
-                         [this_state = &state] { on_palette_layer(*this_state); });
+        bindings_.option(button, state.form2.layer, layer, following(state, on_palette_layer));
         column->addWidget(button);
     }
     setCentralWidget(panel);
@@ -43,7 +43,8 @@ LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind
 /// A little lower than the chooser's corner, and a little to its left.
 void LayerPalette::showEvent(QShowEvent* event) {
     const QRect chooser = parentWidget()->frameGeometry();
-    move(chooser.left() - 1, chooser.top() + 1);
+    if (!event->spontaneous()) // stays where the user has put it when it is no longer minimised
+        move(chooser.left() - 1, chooser.top() + 1);
     SideWindow::showEvent(event);
 }
 

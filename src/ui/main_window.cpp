@@ -7,7 +7,6 @@
 #include "ui/map_picture.h"
 #include "ui/menus.h"
 #include "ui/panels.h"
-#include "ui/qt_dialogs.h"
 #include "ui/windows.h"
 
 #include <QDropEvent>
@@ -27,19 +26,10 @@ QString dropped_file(const QDropEvent& event) {
     return urls.size() == 1 ? urls[0].toLocalFile() : QString();
 }
 
-/// Presses button once for every notch of the wheel.
-void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom_out) {
-    QObject::connect(picture, &MapPicture::zoomed, picture, [zoom_in, zoom_out](int notches) {
-        QPushButton* button = notches > 0 ? zoom_in : zoom_out;
-        for (int i = 0; i < std::abs(notches); ++i)
-            button->click();
-    });
-}
-
 } // namespace
 
 MainWindow::MainWindow(EditorState& state, Windows& windows)
-    : state_(state), windows_(windows), bindings_(windows.gate(*this)), controls_(state, bindings_),
+    : state_(state), windows_(windows), bindings_(windows.gate(*this)), controls_{state, bindings_},
       picture_(new MapPicture(state, bindings_)) {
     setObjectName("Form1");
     setWindowTitle("Veldrune Map Editor 1.00");
@@ -53,13 +43,10 @@ void MainWindow::build_panels() {
     auto* panels = new QWidget;
     auto* layout = new QHBoxLayout(panels);
     layout->setSpacing(16);
-    QWidget* picture = make_picture_panel(controls_, picture_);
-    layout->addWidget(picture);
-    layout->addWidget(make_tools_panel(controls_));
+    layout->addWidget(make_picture_panel(controls_, picture_));
+    layout->addWidget(make_tools_panel(controls_, picture_));
     layout->addWidget(make_properties_panel(controls_));
     layout->addStretch(1);
-    press_by_wheel(picture_, panels->findChild<QPushButton*>(zoom_in_button.control),
-                   panels->findChild<QPushButton*>(zoom_out_button.control));
 
     auto* area = new QScrollArea; // so that everything can be reached on the smallest screen
     area->setFrameStyle(QFrame::NoFrame);
@@ -81,13 +68,11 @@ void MainWindow::end_stroke() {
 }
 
 void MainWindow::open_file(const std::string& path) {
-    bindings_.edit([&] {
-        const BusyCursor busy;
-        open_image_file(state_, path);
-    });
+    bindings_.edit_busily([&] { open_image_file(state_, path); });
 }
 
-/// The tile chooser closes, too. The object window stays until the user closes it.
+/// The tile chooser closes, too. The object window and the Event Editor stay until the user closes
+/// them.
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(!windows_.busy());
     bindings_.edit([this] { close_tile_chooser(state_); });

@@ -1,5 +1,7 @@
 #include "ui/map_list.h"
 
+#include "editor/select_map.h"
+
 #include <QKeyEvent>
 #include <QListView>
 #include <QRegularExpression>
@@ -7,8 +9,6 @@
 namespace veldrune {
 
 namespace {
-
-constexpr int map_count = 414;
 
 /// The opened list. Collects what is typed until it is opened again.
 class MapListView : public QListView {
@@ -30,7 +30,7 @@ class MapListView : public QListView {
                                              QRegularExpression::CaseInsensitiveOption);
         const QRegularExpressionMatch match = name.match(typed_);
         const int map = match.captured(1).toInt();
-        if (!match.hasMatch() || map >= map_count)
+        if (!match.hasMatch() || map >= map_list_rows)
             return false;
         if (!match.captured(1).isEmpty())
             setCurrentIndex(model()->index(map, 0));
@@ -46,7 +46,7 @@ MapList::MapList() {
     setStyleSheet("QComboBox { combobox-popup: 0; }"); // below the box, not over the whole screen
     setView(new MapListView);
     setMaxVisibleItems(24);
-    for (int map = 0; map < map_count; ++map)
+    for (int map = 0; map < map_list_rows; ++map)
         addItem(QString("map %1").arg(map));
 }
 

@@ -1,7 +1,5 @@
 #include "ui/menus.h"
 
-#include "ui/qt_dialogs.h"
-
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -47,10 +45,7 @@ void connect_entry(QAction& action, const Command& command, QMainWindow& window,
     if (!command.run)
         return;
     QObject::connect(&action, &QAction::triggered, &window, [&state, &bindings, &command] {
-        bindings.edit([&] {
-            const BusyCursor busy;
-            run_command(state, command.guard, command.run);
-        });
+        bindings.edit_busily([&] { run_command(state, command.guard, command.run); });
     });
 }
 

@@ -36,20 +36,22 @@ struct Panel {
     Form10& form() const { return state.form10; }
 };
 
+/// The width of a short entrance.
+bool is_fixed(const ObjectControlRow& row, const Form10& form) {
+    return &row == captions_of("Text6") && form.TabStrip1 == fixed_width_tab;
+}
+
 /// Shows a control, its label and its tip as the chosen tab wants them.
 void show_on_tab(QWidget& control, QLabel* label, const ObjectControlRow& row,
                  const ObjectTips& tips, const Form10& form) {
     const char* caption = row.captions[form.TabStrip1];
     control.setVisible(caption);
-    control.setEnabled(form.fields_enabled);
+    control.setEnabled(form.fields_enabled && !is_fixed(row, form));
     if (label) {
         label->setVisible(caption);
         label->setText(caption);
     }
-    const QString tip = tips[form.TabStrip1];
-    if (control.toolTip() == tip)
-        return;
-    control.setToolTip(tip);
+    control.setToolTip(tips[form.TabStrip1]);
     control.setAccessibleName(caption);
 }
 
@@ -82,21 +84,11 @@ void place(const Panel& panel, QWidget* control, const Row& row) {
     name_control(panel, control, label, *row.control, row.tips);
 }
 
-Action following(const Panel& panel, void (*then)(EditorState&)) {
-    if (!then)
-        return {};
-    return [state = &panel.state, then] { then(*state); };
-}
-
 void add_field(const Panel& panel, const ObjectFieldRow& row) {
     auto* field = new QLineEdit;
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
-    panel.bindings.text(field, panel.form().*row.text, following(panel, row.then));
+    panel.bindings.text(field, panel.form().*row.text, following(panel.state, row.then));
     place(panel, field, row);
-    if (row.text == &Form10::Text6)
-        panel.bindings.rule([field, &form = panel.form()] {
-            field->setEnabled(form.fields_enabled && form.TabStrip1 != fixed_width_tab);
-        });
 }
 
 /// Fills a list whose lines change.
@@ -157,7 +149,7 @@ void add_boxes(const Panel& panel) {
 void add_options(const Panel& panel) {
     auto* group = new QButtonGroup(&panel.grid);
     for (int option = 0; option < option_count; ++option) {
-        const ObjectOptionRow& row = object_option_rows[option];
+        const ObjectTipRow& row = object_option_rows[option];
         auto* button = new QRadioButton(row.control->captions[chest_tab]);
         panel.bindings.option(button, panel.form().option, option);
         name_control(panel, button, nullptr, *row.control, row.tips);
@@ -174,7 +166,7 @@ void add_preview(const Panel& panel) {
     keeps_its_place.setRetainSizeWhenHidden(true);
     picture->setSizePolicy(keeps_its_place);
     panel.bindings.rule([picture, &form] { picture->show_height(form.Picture1_height); });
-    name_control(panel, picture, nullptr, *object_picture_row.control, object_picture_row.tips);
+    name_control(panel, picture, nullptr, *sprite_preview_row.control, sprite_preview_row.tips);
     auto* column = new QVBoxLayout;
     column->addWidget(picture);
     column->addStretch();
@@ -191,8 +183,8 @@ QWidget* make_object_panel(EditorState& state, Bindings& bindings) {
     const Panel panel{state, bindings, *grid};
     for (int column = 0; column < column_count; ++column)
         add_column(panel, column);
-    add_boxes(panel);
     add_options(panel);
+    add_boxes(panel);
     add_preview(panel);
     grid->setColumnStretch(2 * column_count - 1, 1);
     // Lines keep their height from tab to tab, whatever shows in them.

@@ -7,6 +7,7 @@
 #include "ui/menus.h"
 #include "ui/object_panel.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,8 +20,8 @@ namespace {
 
 constexpr int records_per_page = 5;
 
-/// A scroll bar that the arrow keys move to where they point: one that lies takes them the other
-/// way round else, since it means to follow the keys for up and down.
+/// A scroll bar that the arrow keys move to where they point. Qt turns the keys of a scroll bar
+/// round, which is right for Up and Down and wrong for Left and Right.
 class RecordScrollBar : public CalmWheel<QScrollBar> {
   protected:
     void keyPressEvent(QKeyEvent* event) override {
@@ -38,12 +39,13 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     for (const char* caption : object_tab_captions)
         tabs->addTab(caption);
     const auto choose = [&state, &bindings](int tab) {
-        bindings.edit([&] { state.form10.TabStrip1 = tab; }, [&] { on_object_tab(state); });
+        bindings.edit([&] { state.form10.TabStrip1 = tab; }, following(state, on_object_tab));
     };
     QObject::connect(tabs, &QTabBar::currentChanged, tabs, choose);
-    // Without a record the chosen tab, too, can be chosen, for its first one.
+    // Without a record the chosen tab, too, can be chosen, for its first one. Every button clicks.
     QObject::connect(tabs, &QTabBar::tabBarClicked, tabs, [&state, choose](int tab) {
-        if (tab == state.form10.TabStrip1 && !state.selected_object.index)
+        if (QGuiApplication::mouseButtons() & Qt::LeftButton && tab == state.form10.TabStrip1 &&
+            !state.selected_object.index)
             choose(tab);
     });
     bindings.rule([tabs, &tab = state.form10.TabStrip1] {
@@ -61,16 +63,9 @@ QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
     bar->setOrientation(Qt::Horizontal);
     bar->setMinimum(1);
     bar->setPageStep(records_per_page);
-    QObject::connect(bar, &QScrollBar::valueChanged, bar, [&state, &bindings](int record) {
-        bindings.edit([&] { state.form10.HScroll1.value = record; },
-                      [&] { on_record_scroll(state); });
-    });
-    bindings.rule([bar, &value = state.form10.HScroll1] {
-        const QSignalBlocker blocked(bar);
-        bar->setMaximum(value.maximum);
-        bar->setValue(value.value);
-        bar->setEnabled(value.maximum > bar->minimum());
-    });
+    RecordBar& held = state.form10.HScroll1;
+    bindings.bar(bar, held.value, held.maximum, following(state, on_record_scroll));
+    bindings.rule([bar, &held] { bar->setEnabled(held.maximum > bar->minimum()); });
     return bar;
 }
 

@@ -11,8 +11,8 @@ class MapPicture;
 /// The map picture with its scroll bars and the path of the image above it.
 QWidget* make_picture_panel(const Controls& controls, MapPicture* picture);
 
-/// Map list, build buttons, tools and view.
-QWidget* make_tools_panel(const Controls& controls);
+/// Map list, build buttons, tools and view. Ctrl and wheel over picture press the zoom buttons.
+QWidget* make_tools_panel(const Controls& controls, MapPicture* picture);
 
 /// The properties of the map and the notes.
 QWidget* make_properties_panel(const Controls& controls);

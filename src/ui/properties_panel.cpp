@@ -29,6 +29,15 @@ void add_headings(const Controls& controls, QGridLayout& grid) {
                        Qt::AlignHCenter);
 }
 
+/// Text14 gives its place to Text24 while a world map is shown.
+void share_location_place(const Controls& controls, QLineEdit* field, std::string Form1::*text) {
+    const bool of_world = text == &Form1::Text24;
+    if (of_world || text == &Form1::Text14)
+        controls.bindings.rule([field, of_world, &world = controls.state.form1.Text24_visible] {
+            field->setVisible(of_world == world);
+        });
+}
+
 void add_fields(const Controls& controls, QGridLayout& grid) {
     std::map<std::pair<int, int>, QHBoxLayout*> cells;
     std::string_view labelled;
@@ -42,18 +51,10 @@ void add_fields(const Controls& controls, QGridLayout& grid) {
         }
         QHBoxLayout*& cell = cells[{row.line, row.cell}];
         if (!cell)
-            cell = add_cell(grid, row.line, row.cell, labelled == "Label5" ? 3 : 1);
+            cell = add_cell(grid, row.line, row.cell, row.span);
         cell->addWidget(field);
+        share_location_place(controls, field, row.text);
     }
-}
-
-void share_location_place(const Controls& controls, QWidget& panel) {
-    auto* layer1 = panel.findChild<QLineEdit*>("Text14");
-    auto* world = panel.findChild<QLineEdit*>("Text24");
-    controls.bindings.rule([layer1, world, &shown = controls.state.form1.Text24_visible] {
-        layer1->setVisible(!shown);
-        world->setVisible(shown);
-    });
 }
 
 void add_notes(const Controls& controls, QGridLayout& grid) {
@@ -63,7 +64,7 @@ void add_notes(const Controls& controls, QGridLayout& grid) {
     notes->setTabChangesFocus(true);
     notes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     notes->setMinimumHeight(2 * notes->fontMetrics().lineSpacing() + 12);
-    controls.bindings.notes(notes, controls.state.form1.Text20);
+    controls.bindings.lines(notes, controls.state.form1.Text20);
     QLabel* label = controls.label("Label19", "Notes");
     label->setBuddy(notes);
     grid.addWidget(label, notes_line, 0, Qt::AlignTop);
@@ -82,7 +83,6 @@ QWidget* make_properties_panel(const Controls& controls) {
         grid->setColumnMinimumWidth(row.cell, panel->fontMetrics().horizontalAdvance("0000000000"));
     add_headings(controls, *grid);
     add_fields(controls, *grid);
-    share_location_place(controls, *panel);
     grid->addWidget(controls.box(battles_box), battles_line, 1, 1, 3);
     add_notes(controls, *grid);
     grid->setRowStretch(notes_line, 1);

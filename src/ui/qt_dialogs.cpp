@@ -1,7 +1,8 @@
 #include "ui/qt_dialogs.h"
 
+#include "ui/override_cursor.h"
+
 #include <QFileDialog>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QStringList>
 
@@ -12,21 +13,12 @@ namespace veldrune {
 
 namespace {
 
-/// Gives the pointer its own shape back while a box is up.
-class BoxCursor {
-  public:
-    BoxCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~BoxCursor() { QGuiApplication::restoreOverrideCursor(); }
-    BoxCursor(const BoxCursor&) = delete;
-    BoxCursor& operator=(const BoxCursor&) = delete;
-};
-
 /// Titles of messages that warn of nothing.
-constexpr std::string_view informing_titles[] = {"Nothing here", default_title};
+constexpr std::string_view informing_titles[] = {nothing_here_title, default_title};
 
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
         QMessageBox::StandardButtons buttons) {
-    const BoxCursor cursor;
+    const OverrideCursor cursor(Qt::ArrowCursor);
     QMessageBox box(icon, title, QString::fromStdString(text), buttons, window);
     box.setTextFormat(Qt::PlainText);
     if (buttons & QMessageBox::Cancel)
@@ -34,23 +26,7 @@ int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const 
     return box.exec();
 }
 
-std::optional<std::string> file_name(QFileDialog& dialog) {
-    const BoxCursor cursor;
-    dialog.setNameFilter(qt_file_filter(image_file_filter));
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    return dialog.selectedFiles().value(0).toStdString();
-}
-
-} // namespace
-
-BusyCursor::BusyCursor() {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-}
-BusyCursor::~BusyCursor() {
-    QGuiApplication::restoreOverrideCursor();
-}
-
+/// The filter in Qt's form.
 QString qt_file_filter(const char* filter) {
     const QStringList parts = QString::fromLatin1(filter).split('|');
     QStringList filters;
@@ -60,6 +36,16 @@ QString qt_file_filter(const char* filter) {
     }
     return filters.join(";;");
 }
+
+std::optional<std::string> file_name(QFileDialog& dialog) {
+    const OverrideCursor cursor(Qt::ArrowCursor);
+    dialog.setNameFilter(qt_file_filter(image_file_filter));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().value(0).toStdString();
+}
+
+} // namespace
 
 void QtDialogs::message(const std::string& text, const std::string& title) {
     before_box_();

@@ -3,23 +3,9 @@
 #include "forms/dialogs.h"
 #include "ui/bindings.h"
 
-#include <QString>
-
 class QWidget;
 
 namespace veldrune {
-
-/// The filter of the file dialogs in Qt's form.
-QString qt_file_filter(const char* filter);
-
-/// Shows the pointer that says "wait", as long as it lives.
-class BusyCursor {
-  public:
-    BusyCursor();
-    ~BusyCursor();
-    BusyCursor(const BusyCursor&) = delete;
-    BusyCursor& operator=(const BusyCursor&) = delete;
-};
 
 /// Talks to the user through real boxes, modal over the window whose edit raises them.
 class QtDialogs : public Dialogs {

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 namespace veldrune {
 
@@ -36,6 +37,14 @@ std::size_t fingerprint(const ScriptRow& row) {
     for (const std::string& cell : row.cells)
         sum = sum * 0x9E3779B97F4A7C15 + std::hash<std::string>{}(cell);
     return sum;
+}
+
+/// Those of the rows below the header.
+std::vector<std::size_t> fingerprints(const std::vector<ScriptRow>& grid) {
+    std::vector<std::size_t> rows;
+    for (const ScriptRow& row : std::span(grid).subspan(grid.empty() ? 0 : 1))
+        rows.push_back(fingerprint(row));
+    return rows;
 }
 
 /// A cell as it shows: with line breaks of one kind, and without the blanks around its lines.
@@ -108,33 +117,31 @@ QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int r
     return role == Qt::ToolTipRole ? column_tips[section] : QVariant();
 }
 
-ScriptModel::Range ScriptModel::follow() {
-    std::vector<std::size_t> rows;
-    std::ranges::transform(state_.form9.grid.begin() + (state_.form9.grid.empty() ? 0 : 1),
-                           state_.form9.grid.end(), std::back_inserter(rows), fingerprint);
-    const auto first = static_cast<int>(std::ranges::mismatch(shown_, rows).in1 - shown_.begin());
-    const int former_count = rowCount();
-    const int count = static_cast<int>(rows.size());
-    int same_end = 0;
-    while (same_end < std::min(former_count, count) - first &&
-           shown_[shown_.size() - 1 - static_cast<std::size_t>(same_end)] ==
-               rows[rows.size() - 1 - static_cast<std::size_t>(same_end)])
-        ++same_end;
-    const int former_end = former_count - same_end;
-    const int end = count - same_end;
-    if (end > former_end) {
+/// Takes over rows, of which those from end on stood from former_end on.
+void ScriptModel::take(std::vector<std::size_t> rows, int former_end, int end) {
+    if (end > former_end)
         beginInsertRows({}, former_end, end - 1);
-        shown_ = std::move(rows);
-        endInsertRows();
-    } else if (end < former_end) {
+    if (end < former_end)
         beginRemoveRows({}, end, former_end - 1);
-        shown_ = std::move(rows);
+    shown_ = std::move(rows);
+    if (end > former_end)
+        endInsertRows();
+    if (end < former_end)
         endRemoveRows();
-    } else {
-        shown_ = std::move(rows);
-    }
-    const int changed_end = std::min(former_end, end);
-    if (first < changed_end)
+}
+
+ScriptModel::Range ScriptModel::follow() {
+    std::vector<std::size_t> rows = fingerprints(state_.form9.grid);
+    const auto head = std::ranges::mismatch(shown_, rows).in1 - shown_.begin();
+    const auto tail =
+        std::mismatch(shown_.rbegin(), shown_.rend() - head, rows.rbegin(), rows.rend() - head)
+            .first -
+        shown_.rbegin();
+    const auto first = static_cast<int>(head);
+    const auto former_end = static_cast<int>(std::ssize(shown_) - tail);
+    const auto end = static_cast<int>(std::ssize(rows) - tail);
+    take(std::move(rows), former_end, end);
+    if (const int changed_end = std::min(former_end, end); first < changed_end)
         emit dataChanged(index(first, 0), index(changed_end - 1, explanation));
     return {first, end};
 }
@@ -189,7 +196,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     horizontalHeader()->setSectionsClickable(false);
     for (int column = 0; column < script_column_count; ++column)
         setColumnWidth(column, pixels(script_column_widths[column]));
-    bindings.notes(box_, state.form9.Text2);
+    bindings.lines(box_, state.form9.Text2);
     connect(this, &QTableView::clicked, this, [&state, &bindings](const QModelIndex& cell) {
         bindings.edit([&] { on_script_click(state, cell.row() + 1, cell.column()); });
     });

@@ -32,6 +32,7 @@ class ScriptModel : public QAbstractTableModel {
     int height(int row) const { return script_row(row).height; }
 
   private:
+    void take(std::vector<std::size_t> rows, int former_end, int end);
     const ScriptRow& script_row(int row) const;
     QBrush background(int row) const;
 

@@ -23,9 +23,9 @@ class SideWindow : public QMainWindow {
 
     EditorState& state_;
     Bindings bindings_;
+    const Windows& windows_;
 
   private:
-    Windows& windows_;
     const bool& visible_;
     void (*close_)(EditorState&);
 };

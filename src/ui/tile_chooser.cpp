@@ -58,6 +58,7 @@ TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
     layout->addWidget(sheet);
     setCentralWidget(panel);
     QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
+    // In the palette, too, which is a tool of this window.
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
     QRect place(QPoint(0, 0), sizeHint()); // leaves the map picture free

@@ -1,9 +1,10 @@
 #include "editor/select_map.h"
 #include "ui/icons.h"
 #include "ui/map_list.h"
+#include "ui/map_picture.h"
+#include "ui/override_cursor.h"
 #include "ui/panels.h"
 #include "ui/pixel_view.h"
-#include "ui/qt_dialogs.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -13,14 +14,12 @@ namespace veldrune {
 
 namespace {
 
-constexpr int tile_side = 64; // of Picture3
-
 /// A button that shows the picture of the current tile.
 class TileButton : public QPushButton {
   public:
     explicit TileButton(const EditorState& state) : state_(state) {}
     QSize sizeHint() const override {
-        const int side = pixel_view_room(*this, tile_side) + 12;
+        const int side = pixel_view_room(*this, preview_side) + 12;
         return {side, side};
     }
 
@@ -28,9 +27,9 @@ class TileButton : public QPushButton {
     void paintEvent(QPaintEvent* event) override {
         QPushButton::paintEvent(event);
         QPainter painter(this);
-        const double margin = (width() - pixel_view_room(*this, tile_side)) / 2.0;
+        const double margin = (width() - pixel_view_room(*this, preview_side)) / 2.0;
         draw_pixels(painter, pixel_view(*this, QPointF(margin, margin)), state_.form1.Picture3,
-                    QSize(tile_side, tile_side));
+                    QSize(preview_side, preview_side));
     }
 
   private:
@@ -112,7 +111,7 @@ QVBoxLayout* map_choice(const Controls& controls) {
     list->setToolTip("The map to work on. Type a number to find a map.");
     EditorState& state = controls.state;
     controls.bindings.list(list, state.form1.Combo1, [&state] {
-        const BusyCursor busy;
+        const OverrideCursor busy(Qt::WaitCursor);
         select_map(state);
     });
     controls.bindings.enabled(list, state.form1.Combo1_enabled);
@@ -148,8 +147,17 @@ QLineEdit* magnification(const Controls& controls) {
     return field;
 }
 
+/// Presses button once for every notch of the wheel.
+void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom_out) {
+    QObject::connect(picture, &MapPicture::zoomed, picture, [zoom_in, zoom_out](int notches) {
+        QPushButton* button = notches > 0 ? zoom_in : zoom_out;
+        for (int i = 0; i < std::abs(notches); ++i)
+            button->click();
+    });
+}
+
 /// The current tile at the left, the zoom at its right.
-QGridLayout* tile_and_zoom(const Controls& controls) {
+QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
     auto* grid = new QGridLayout;
     auto* tile = new TileButton(controls.state);
     tile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -160,13 +168,16 @@ QGridLayout* tile_and_zoom(const Controls& controls) {
     grid->addWidget(label, 0, 0);
     grid->addWidget(tile, 1, 0, 2, 1);
 
-    int line = 1;
-    for (const ButtonRow& row : {zoom_in_button, zoom_out_button}) {
+    const auto zoom_button = [&](const ButtonRow& row, int line) {
         auto* button = new QPushButton(row.caption);
-        button->setIcon(control_icon(row.control, button->palette()));
+        button->setIcon(control_icon(row.command->control, button->palette()));
         controls.button(button, row);
-        grid->addWidget(button, line++, 1);
-    }
+        grid->addWidget(button, line, 1);
+        return button;
+    };
+    QPushButton* zoom_in = zoom_button(zoom_in_button, 1);
+    press_by_wheel(picture, zoom_in, zoom_button(zoom_out_button, 2));
+
     QLineEdit* field = magnification(controls);
     QLabel* caption = controls.label("Label1", "map magnification");
     caption->setBuddy(field);
@@ -183,13 +194,13 @@ QFrame* line() {
 
 } // namespace
 
-QWidget* make_tools_panel(const Controls& controls) {
+QWidget* make_tools_panel(const Controls& controls, MapPicture* picture) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(map_choice(controls));
     column->addWidget(line());
-    column->addLayout(tile_and_zoom(controls));
+    column->addLayout(tile_and_zoom(controls, picture));
     column->addWidget(line());
     auto* choices = new QGridLayout;
     choices->addLayout(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);

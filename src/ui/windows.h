@@ -36,7 +36,7 @@ class Windows {
     EditorState& state_;
     QtDialogs& dialogs_;
     bool busy_ = false;
-    // Each window goes before those that lie in front of it.
+    // Each window is declared before those that lie in front of it.
     std::unique_ptr<MainWindow> form1_;
     std::unique_ptr<TileChooser> form8_;
     std::unique_ptr<LayerPalette> form2_;

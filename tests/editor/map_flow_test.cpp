@@ -12,7 +12,7 @@ namespace {
 using demo::demo_map::town;
 
 void press(Editor& editor, const std::string& control) {
-    for (const ButtonCommand& button : button_commands())
+    for (const ButtonCommand& button : button_commands)
         if (control == button.control)
             run_command(*editor.state, button.guard, button.run);
 }
@@ -239,7 +239,7 @@ TEST(Commands, GuardsKeepSilentWithoutAnImageOrAMap) {
         dialogs.messages.clear();
         for (const Command& command : object_window_commands())
             run_command(*state, command.guard, command.run);
-        for (const ButtonCommand& button : button_commands())
+        for (const ButtonCommand& button : button_commands)
             run_command(*state, button.guard, button.run);
         on_grid_change(*state);
         for (const MouseButton button : {MouseButton::left, MouseButton::right}) {

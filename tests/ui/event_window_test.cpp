@@ -142,6 +142,7 @@ TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
         {"A0 01 02 03 04 05 FE", 1, 0, "B6 0A02000A0", list_refused, "A0201", "B6 01 00 00 FE"},
         {"BE 01 00 00 00 FE", 3, 1, "A02", list_refused, "0A0205", "BE 01 05 00 00 FE"},
         {"73 00 00 01 02 11 22 FE", 6, 1, "112", data_refused, "3344", "73 00 00 01 02 33 44 FE"},
+        {"37 01 FF FE", 1, 0, "FG", {"The number FG you've entered is not valid hex", "Warning"}, "9", "F0 09 FE"},
     };
     // clang-format on
     for (const auto& row : cases) {

@@ -53,9 +53,9 @@ class ObjectWindowTest : public WindowTest {
             shown << QString::fromStdString(info().text(control));
         return shown.join(' ').toStdString();
     }
-    static void choose_tab(int tab) {
+    static void choose_tab(int tab, Qt::MouseButton button = Qt::LeftButton) {
         auto& tabs = info().find<QTabBar>("TabStrip1");
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+        QTest::mouseClick(&tabs, button, {}, tabs.tabRect(tab).center());
     }
     /// The visible captions, in the order of the tables.
     static QString captions() {
@@ -113,8 +113,8 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
         "Event=Text1, Palette=Text2, Byte:Bit=Text4, Facing=Combo2, X Pos=Text5, Y Pos=Text6, "
         "Sprite=Text7, Vehicle=Combo1, Speed=Combo3, Movement=Combo4, Walk Over, Walk Under, Turn "
         "to Talk",
-        "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Byte Flag, Empty, Unknown, "
-        "Monster in a Box, Item, GP",
+        "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Empty, Unknown, "
+        "Monster in a Box, Item, GP, Byte Flag",
         place + "Event Pointer=Text4", way, way};
     click_tile(5, 8);
     const QSize size = visible_window("Form10")->size();
@@ -192,6 +192,7 @@ TEST_F(ObjectWindowTest, WithoutARecordTheFieldsAreBlankAndNothingIsSaved) {
     user.click("Command3");
     user.choose_map(town);
     user.click("Command3");
+    choose_tab(0, Qt::RightButton);
     EXPECT_EQ(info().text("Text5"), "");
     choose_tab(0);
     EXPECT_EQ(info().text("Text5"), "5") << "a click on the chosen tab";

@@ -52,6 +52,7 @@ TEST_F(TileChooserTest, EachClosesWithTheOtherAndBothWithTheMainWindow) {
         [] { visible_window("Form8")->close(); },
         [] { visible_window("Form2")->close(); },
         [] { QTest::keyClick(&driver("Form8").find("Picture1"), Qt::Key_Escape); },
+        [] { QTest::keyClick(&driver("Form2").find("Option1"), Qt::Key_Escape); },
         [&] { user.activate(), user.choose("Exit"); },
     };
     open_map(town);
