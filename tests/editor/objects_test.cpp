@@ -199,10 +199,10 @@ TEST(ObjectWindow, SavesItsRecordAndNothingElse) {
 }
 
 TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
-    for (int kind = 0; kind < 10; ++kind) { // the pointers and the rows of five lists
+    for (int access = 1; access <= 10; ++access) { // the pointers and the rows of five lists
         ObjectEditor editor;
         editor.click(9, 9);
-        editor.disk.fail({kind + 1}, {});
+        editor.disk.fail({access}, {});
         draw_objects(editor.s);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
         EXPECT_EQ(editor.index(), -1);

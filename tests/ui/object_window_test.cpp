@@ -214,7 +214,7 @@ TEST_F(ObjectWindowTest, ARefusalLiesOverItsWindowAndLeavesWhatWasTyped) {
 TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAloneAndTheTabKeyGoesOn) {
     click_tile(9, 11);
     info().find("Text1").setFocus();
-    for (const char* control : {"Combo1", "HScroll1", "TabStrip1", "Text5"})
+    for (const char* control : {"Combo1", "HScroll1", "TabStrip1"})
         info().wheel(control, {0, 120});
     EXPECT_EQ(state->form10.Combo1, 3);
     EXPECT_EQ(state->form10.TabStrip1, 0);
