@@ -1,5 +1,4 @@
 #include "compression/decompress.h"
-#include "support/hex_bytes.h"
 #include "support/memory_disk.h"
 
 #include <gtest/gtest.h>

@@ -89,7 +89,7 @@ TEST(SelectMap, AsksAboutUnsavedChangesAndLeavesTheWorldMapFirst) {
 TEST(SelectMap, WhatTheDiskRefusesToGiveIsToldAndCantBeSaved) {
     for (int at = 1;; ++at) {
         Editor editor;
-        editor.disk.fail({at}, {});
+        editor.disk.fail({.at = at}, {});
         editor.choose(town);
         const bool refused = editor.disk.reads >= at;
         ASSERT_EQ(editor.dialogs.messages.size(), refused ? 1u : 0u) << at;

@@ -202,7 +202,7 @@ TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
     for (int access = 1; access <= 10; ++access) { // the pointers and the rows of five lists
         ObjectEditor editor;
         editor.click(9, 9);
-        editor.disk.fail({access}, {});
+        editor.disk.fail({.at = access}, {});
         draw_objects(editor.s);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
         EXPECT_EQ(editor.index(), -1);

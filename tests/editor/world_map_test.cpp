@@ -132,7 +132,7 @@ TEST(WorldMap, OpeningGoesThroughItsMapAndComesBack) {
     for (const int world : {0, 1}) {
         WorldEditor editor(static_cast<std::size_t>(world));
         const Form1& form = editor.form;
-        editor.disk.fail({1, false, false}, {});
+        editor.disk.fail({.at = 1}, {});
         editor.s.rom.read_byte(0); // refused long before
         editor.open();
         EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open);
@@ -227,9 +227,8 @@ TEST(WorldMap, ASaveTouchesItsStreamAndItsPointerAlone) {
         editor.form.Text24 = "3D0200";
         save(editor.s);
         const Bytes stream = editor.stream();
-        std::ranges::copy(stream, expected.begin() + 0x3D0200);
-        std::ranges::copy(Bytes{0x00, 0x00, 0xFD},
-                          expected.begin() + (world == 0 ? 0x2EB40F : 0x2EB421));
+        put_bytes(expected, 0x3D0200, stream);
+        put_bytes(expected, world_places[world].map_pointer, hex_bytes("00 00 FD"));
         EXPECT_TRUE(editor.image() == expected);
         open_world[1 - world](editor.s);
         editor.open();
@@ -255,7 +254,7 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
     EXPECT_EQ(editor.disk.writes, 0);
     // It comes again until the stream has been written, whatever becomes of the pointer.
     for (const int refused_write : {1, 2, 0}) {
-        editor.disk.fail({}, {refused_write, false, false});
+        editor.disk.fail({}, {.at = refused_write});
         save(editor.s);
         EXPECT_EQ(questions.size(), refused_write == 1 ? 2u : 3u);
         EXPECT_EQ(editor.s.changes_saved, refused_write == 0);

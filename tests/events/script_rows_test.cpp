@@ -1,7 +1,6 @@
 // What the rows of a script look like, as loaded and as normalised, and what a save refuses.
 
 #include "events/command_table.h"
-#include "support/hex_bytes.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>

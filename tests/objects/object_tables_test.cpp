@@ -30,10 +30,9 @@ TEST(ObjectTables, CountsAreRoundedTiesToEven) {
 
 TEST(ObjectTables, ItemNamesAndSpritesAreFound) {
     Bytes bytes(0x300200, 0xFF);
-    const Bytes name = {0x7F, 0x80, 0x99, 0x9A, 0xB3, 0xB4, 0xBD, 190, 191, 192, 193, 194, 195};
-    const Bytes last = {196, 197, 198, 199, 200, 211, 212, 0};
-    std::ranges::copy(name, bytes.data() + 0x12B500 + 31 * 13);
-    std::ranges::copy(last, bytes.data() + 0x12B500 + 255 * 13);
+    const std::size_t names_at = 0x12B500;
+    put_bytes(bytes, names_at + 13 * 31, hex_bytes("7F 80 99 9A B3 B4 BD BE BF C0 C1 C2 C3"));
+    put_bytes(bytes, names_at + 13 * 255, hex_bytes("C4 C5 C6 C7 C8 D3 D4 00"));
     put_word(bytes, 0xD2F2 + 2 * 0x72, 0x5A10);
     put_word(bytes, 0xD43C + 2 * 0x72, 0x77D5); // the bank is the low byte
     OpenImage image(bytes);

@@ -8,9 +8,7 @@
 #include "support/memory_disk.h"
 #include "support/scripted_dialogs.h"
 
-#include <algorithm>
 #include <memory>
-#include <random>
 
 namespace veldrune::test {
 
@@ -66,19 +64,11 @@ struct Town : Editor {
     LayerMap& map(std::size_t layer) { return s.layers[layer].map; }
 };
 
-/// Random numbers for tests: the same in every run.
-struct Random {
-    std::mt19937 engine;
-    explicit Random(unsigned seed) : engine(seed) {}
-    /// From 0 to limit - 1.
-    int below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
-    std::uint8_t byte() { return static_cast<std::uint8_t>(engine()); }
-    template <std::size_t size>
-    std::array<std::uint8_t, size> bytes() {
-        std::array<std::uint8_t, size> all;
-        std::ranges::generate(all, [this] { return byte(); });
-        return all;
-    }
-};
+/// Puts texts into fields of the main window.
+inline void set(Form1& form,
+                std::initializer_list<std::pair<std::string Form1::*, const char*>> texts) {
+    for (const auto& [field, text] : texts)
+        form.*field = text;
+}
 
 } // namespace veldrune::test

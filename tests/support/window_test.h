@@ -102,18 +102,11 @@ class WindowTest : public testing::Test {
         return true;
     }
     bool shows_picture() { return shows(user, state->picture); }
-    /// The window of that form, or null while it is hidden.
-    static QWidget* visible_window(const QString& name) {
-        for (QWidget* other : QApplication::topLevelWidgets())
-            if (other->objectName() == name && other->isVisible())
-                return other;
-        return nullptr;
-    }
-    /// What works such a window, which becomes the active one.
-    static WindowDriver driver(const QString& name) {
-        QWidget* found = visible_window(name);
+    /// What works the window of that form, which becomes the active one.
+    static WindowDriver driver(const QString& form) {
+        QWidget* found = visible_window(form);
         if (!found)
-            throw std::runtime_error("no window " + name.toStdString());
+            throw std::runtime_error("no window " + form.toStdString());
         const WindowDriver works(*found);
         works.activate();
         return works;

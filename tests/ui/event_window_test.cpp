@@ -1,5 +1,4 @@
 #include "editor/object_window.h"
-#include "support/hex_bytes.h"
 #include "support/window_test.h"
 
 #include <QHeaderView>
@@ -45,7 +44,7 @@ class EventWindowTest : public WindowTest {
     QPlainTextEdit& box() { return editor().find<QPlainTextEdit>("Text2"); }
 
     void load(const Bytes& script) {
-        std::ranges::copy(script, disk["a.smc"].begin() + place);
+        put_bytes(disk["a.smc"], place, script);
         load(place_text);
     }
     void load(const QString& offset) {
