@@ -135,12 +135,11 @@ TEST_F(TownWindowTest, TheSecondPressOfADoubleClickIsAPress) {
 }
 
 TEST_F(TownWindowTest, ZoomGridAndViewBoxesRedraw) {
-    const auto plain = state->picture.pixels;
     user.click("Option4");
     EXPECT_EQ(state->picture.row(100)[32], 0xFFFFFFu);
     EXPECT_TRUE(shows_picture());
     user.click("Option5");
-    EXPECT_EQ(state->picture.pixels, plain);
+    EXPECT_NE(state->picture.row(100)[32], 0xFFFFFFu);
     user.click("Command4");
     EXPECT_EQ(user.text("Text4"), "0.5");
     user.click("Command5");
@@ -150,11 +149,11 @@ TEST_F(TownWindowTest, ZoomGridAndViewBoxesRedraw) {
     user.wheel("Picture1", {0, 120}, Qt::ControlModifier);
     user.wheel("Picture1", {0, 60}, Qt::ControlModifier);
     EXPECT_EQ(user.text("Text4"), "1") << "half a notch is none";
-    EXPECT_EQ(state->picture.pixels, plain);
-    for (const char* box : {"Check5", "Check6", "Check7"})
+    for (const char* box : {"Check5", "Check6", "Check7"}) {
         user.click(box);
-    EXPECT_TRUE(state->view_stale);
-    EXPECT_EQ(state->picture.pixels, plain);
+        EXPECT_TRUE(state->view_stale) << box;
+        state->view_stale = false;
+    }
     user.click("Command4");
     EXPECT_TRUE(is_black());
 }
