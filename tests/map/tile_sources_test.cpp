@@ -12,10 +12,7 @@ namespace {
 
 struct Image : OpenImage {
     Image() : OpenImage(Bytes(rom_layout::image_size, 0)) {}
-    void word(std::int64_t offset, int value) {
-        rom.write_byte(offset, static_cast<std::uint8_t>(value));
-        rom.write_byte(offset + 1, static_cast<std::uint8_t>(value >> 8));
-    }
+    void word(std::size_t at, int value) { put_word(bytes(), at, static_cast<std::size_t>(value)); }
     // Packs bytes to a stream at an offset.
     void stream(std::int64_t offset, std::span<const std::uint8_t> bytes) {
         CompressOutput output;
@@ -59,8 +56,18 @@ TEST(TileSources, CharactersComeFromTheirGroups) {
     CharacterGraphics graphics;
     // clang-format off
     const struct { int attribute, tile, source; } cases[] = {
-        {0x00, 0x80, 0x080},  {0xFC, 0xFF, 0x0FF},  {0x01, 0x00, 0x100},  {0x01, 0x7F, 0x17F}, {0x01, 0x80, 0x200},  {0x02, 0x00, 0x300},
-        {0x02, 0x80, 0x8000}, {0x02, 0xFF, 0x807F}, {0x03, 0x00, 0x8080}, {0x03, 0x7F, 0x80FF}, {0x03, 0x80, 0x8000}, {0x03, 0xFF, 0x807F},
+        {0x00, 0x80, 0x0080},
+        {0xFC, 0xFF, 0x00FF},
+        {0x01, 0x00, 0x0100},
+        {0x01, 0x7F, 0x017F},
+        {0x01, 0x80, 0x0200},
+        {0x02, 0x00, 0x0300},
+        {0x02, 0x80, 0x8000},
+        {0x02, 0xFF, 0x807F},
+        {0x03, 0x00, 0x8080},
+        {0x03, 0x7F, 0x80FF},
+        {0x03, 0x80, 0x8000},
+        {0x03, 0xFF, 0x807F},
     };
     // clang-format on
     for (const bool third_missing : {false, true}) {
@@ -80,7 +87,10 @@ TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
     Image image;
     image.rom.write_pointer24(rom_layout::tileset_pointers + 3 * 84, 0x1234);
     Form1 form;
-    form.Text8 = "84", form.Text9 = "85", form.Text10 = "2147483647", form.Text11 = "x";
+    form.Text8 = "84";
+    form.Text9 = "85";
+    form.Text10 = "2147483647";
+    form.Text11 = "x";
     const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
     EXPECT_EQ(read_tilesets(image.rom, form, image.dialogs), expected);
     EXPECT_EQ(image.dialogs.messages,
@@ -93,8 +103,7 @@ TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
     Image image;
     Random random(2);
     Bytes bytes(6000);
-    for (std::uint8_t& byte : bytes)
-        byte = random.byte() & 3;
+    std::ranges::generate(bytes, [&] { return random.byte() & 3; });
     image.rom.write_pointer24(rom_layout::formation_pointers + 3 * 9, 0x100);
     image.stream(rom_layout::formation_data + 0x100, std::span(bytes).first(2048));
     image.rom.write_pointer24(rom_layout::layer3_graphics_pointers + 3 * 6, 0x40);
@@ -134,12 +143,17 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     auto buffer = std::make_unique<DecompressBuffer>();
     // clang-format off
     const struct { const char *width, *height; int columns, rows; bool rows_missing; } cases[] = {
-        {"128", "64", 128, 64, false}, {"16", "16", 16, 16, false},               {"x", "16", 0, 0, false},
-        {"64", "128", 64, 64, true},   {"2147483647", "9999", 128, 64, true}};
+        {"128",        "64",   128, 64, false},
+        {"16",         "16",   16,  16, false},
+        {"x",          "16",   0,   0,  false},
+        {"64",         "128",  64,  64, true},
+        {"2147483647", "9999", 128, 64, true},
+    };
     // clang-format on
     for (const auto& c : cases) {
         Form1 form;
-        form.Text1 = c.width, form.Text3 = c.height;
+        form.Text1 = c.width;
+        form.Text3 = c.height;
         Layer layer;
         layer.layer_offset = 0x10;
         layer.map.cells.fill(0xEE);

@@ -64,11 +64,4 @@ struct Town : Editor {
     LayerMap& map(std::size_t layer) { return s.layers[layer].map; }
 };
 
-/// Puts texts into fields of the main window.
-inline void set(Form1& form,
-                std::initializer_list<std::pair<std::string Form1::*, const char*>> texts) {
-    for (const auto& [field, text] : texts)
-        form.*field = text;
-}
-
 } // namespace veldrune::test

@@ -100,16 +100,26 @@ class EventWindowTest : public WindowTest {
 TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
     // clang-format off
     const struct { const char *typed, *bytes; } commands[] = {
-        {"38", "38"}, {"3d 7", "3D 07"}, {"37 1 ff", "37 01 FF"}, {"51 1 2 3", "51 01 02 03"},
-        {"3C 1 2 3 4", "3C 01 02 03 04"}, {"A0 1 2 3 4 5", "A0 01 02 03 04 05"},
-        {"84 3E8", "84 E8 03"}, {"4B 3", "4B 03 00"}, {"E8 1 203", "E8 01 03 02"},
-        {"6C 1 2 FFFF", "6C 01 00 02 00 FF FF"}, {"6A 19E 1 2 0", "6A 9E 01 01 02 00"},
-        {"B2 A0201", "B2 01 00 00"}, {"B7 5 10A01FF", "B7 05 FF FF FF"},
-        {"B6 0A02000A0302", "B6 00 00 00 02 01 00"}, {"BE 2 0A02010A0303", "BE 02 01 00 00 03 01 00"},
-        {"C1 8001 2 0A0210", "C1 01 80 02 00 10 00 00"}, {"55 A 5", "55 A5"},
+        {"38",                      "38"},
+        {"3d 7",                    "3D 07"},
+        {"37 1 ff",                 "37 01 FF"},
+        {"51 1 2 3",                "51 01 02 03"},
+        {"3C 1 2 3 4",              "3C 01 02 03 04"},
+        {"A0 1 2 3 4 5",            "A0 01 02 03 04 05"},
+        {"84 3E8",                  "84 E8 03"},
+        {"4B 3",                    "4B 03 00"},
+        {"E8 1 203",                "E8 01 03 02"},
+        {"6C 1 2 FFFF",             "6C 01 00 02 00 FF FF"},
+        {"6A 19E 1 2 0",            "6A 9E 01 01 02 00"},
+        {"B2 A0201",                "B2 01 00 00"},
+        {"B7 5 10A01FF",            "B7 05 FF FF FF"},
+        {"B6 0A02000A0302",         "B6 00 00 00 02 01 00"},
+        {"BE 2 0A02010A0303",       "BE 02 01 00 00 03 01 00"},
+        {"C1 8001 2 0A0210",        "C1 01 80 02 00 10 00 00"},
+        {"55 A 5",                  "55 A5"},
         {"73 1 2 2 3 010203040506", "73 01 02 02 03 01 02 03 04 05 06"},
+        {"10 82 3F",                "10 82 3F FF"},
         {"10 6 80 D5 1 2 E0 5 F9 A0204 FD 3", "10 0D 80 D5 01 02 E0 05 F9 04 00 00 FD 03 FF"},
-        {"10 82 3F", "10 82 3F FF"},
     };
     // clang-format on
     for (const auto& [typed, bytes] : commands) {
@@ -136,11 +146,12 @@ TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
 
 TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
     // clang-format off
+    const BoxAnswers::Box nothing_typed{"You must enter some valid hex fool", "Nope"};
     const struct { const char* script; int row, column; const char* typed; BoxAnswers::Box box; const char *again, *bytes; } cases[] = {
-        {"3D 07 FE", 2, 1, "", {"You must enter some valid hex fool", "Nope"}, "9", "3D 09 FE"},
-        {"A0 01 02 03 04 05 FE", 1, 0, "B6 0A02000A0", list_refused, "A0201", "B6 01 00 00 FE"},
-        {"BE 01 00 00 00 FE", 3, 1, "A02", list_refused, "0A0205", "BE 01 05 00 00 FE"},
-        {"73 00 00 01 02 11 22 FE", 6, 1, "112", data_refused, "3344", "73 00 00 01 02 33 44 FE"},
+        {"3D 07 FE",                2, 1, "",             nothing_typed, "9",      "3D 09 FE"},
+        {"A0 01 02 03 04 05 FE",    1, 0, "B6 0A02000A0", list_refused,  "A0201",  "B6 01 00 00 FE"},
+        {"BE 01 00 00 00 FE",       3, 1, "A02",          list_refused,  "0A0205", "BE 01 05 00 00 FE"},
+        {"73 00 00 01 02 11 22 FE", 6, 1, "112",          data_refused,  "3344",   "73 00 00 01 02 33 44 FE"},
     };
     // clang-format on
     for (const auto& row : cases) {
