@@ -88,7 +88,7 @@ void expect_refusal(Town& t, const std::string& told) {
     t.s.changes_saved = false;
     save(t.s);
     ASSERT_FALSE(t.dialogs.messages.empty()) << told;
-    EXPECT_EQ(t.dialogs.messages.back(), (ScriptedDialogs::Message{told, "Error"}));
+    EXPECT_EQ(t.dialogs.messages.back(), (Message{told, "Error"}));
     EXPECT_TRUE(t.image() == demo_bytes()) << told;
     EXPECT_FALSE(t.s.changes_saved) << told;
 }

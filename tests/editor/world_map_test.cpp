@@ -277,7 +277,7 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
 
 TEST(WorldMap, APointerThatCantNameTheLocationKeepsItsBytes) {
     const Bytes kept{0x00, 0xFF, 0xEE};
-    const ScriptedDialogs::Message six{"Map Data Location must be 6 digits long", "Error"};
+    const Message six{"Map Data Location must be 6 digits long", "Error"};
     // clang-format off
     const struct { const char* text; int location; std::size_t messages; bool six_digits; Bytes pointer; } cases[] = {
         {"0",      0,        1, false, kept},

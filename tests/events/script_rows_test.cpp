@@ -103,15 +103,6 @@ TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
 }
 
 TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
-    const ScriptedDialogs::Message list_told{
-        "Each offset must be 6 digit hex, (i.e. 0A0200 or some such thing)\n"
-        "You can use spaces as seporators, but nothing else or so help me God...",
-        "Oh no jou dihdn't"};
-    const ScriptedDialogs::Message data_told{
-        "You've entered the map data in an incorrect format.\n"
-        "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
-        "and you must enter exactly (Width*Height) bytes of data.",
-        "Nope"};
     const Bytes options{0x4B, 2, 0, 0xB6, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes counted{0xBE, 2, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes map_data{0x73, 0, 0, 2, 3, 1, 2, 3, 4, 5, 6, 0xFE};
@@ -144,7 +135,7 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
             continue;
         }
         EXPECT_EQ(editor.dialogs.messages,
-                  (Messages{c.script == map_data ? data_told : list_told}));
+                  (Messages{c.script == map_data ? bad_map_data : bad_offsets}));
         EXPECT_TRUE(editor.window.Text2_visible);
         EXPECT_EQ(editor.window.Text2, "");
         EXPECT_EQ(editor.window.grid_row, c.row);
@@ -215,9 +206,7 @@ TEST(ScriptRows, ACellThatIsNotHexadecimalIsToldAndCountsAsTheParserSays) {
     editor.window.grid[4].cells[1] = " ";  // a blank one counts 0
     editor.window.grid[5].cells[1] = "F3"; // of a nibble's cell the low four bits
     EXPECT_EQ(editor.encode().bytes, (Bytes{0x3D, 0x11, 0x55, 0x03, 0xFE}));
-    EXPECT_EQ(editor.dialogs.messages,
-              (Messages{{"The number G1 you've entered is not valid hex", "Warning"},
-                        {"invalid hex", "I Pity The Fool"}}));
+    EXPECT_EQ(editor.dialogs.messages, (Messages{no_number("G1", "hex"), blank_hex}));
 }
 
 } // namespace

@@ -106,7 +106,6 @@ TEST(ObjectRecord, ChangedFieldsPackAsTheSumsSay) {
 }
 
 TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
-    using Message = ScriptedDialogs::Message;
     const Message large = {"The event address you've entered is too large", "Error"};
     const Message format = {"Your input must be in the following format xxxx:y", "error"};
     const Message bit = {"Your flag bit must 0 - 7", "Error"};
@@ -114,11 +113,7 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
         "byte must be no greater than 1F and your bit must be no greater than 7",
         "Error"};
-    const auto hex = [](const char* text) {
-        return Message{std::string("The number ") + text + " you've entered is not valid hex",
-                       "Warning"};
-    };
-    const Message invalid = {"invalid hex", "I Pity The Fool"};
+    const auto hex = [](const char* text) { return no_number(text, "hex"); };
     const auto expect = [](ObjectKind kind, std::string Form10::*field, const std::string& text,
                            bool packed, const Messages& messages) {
         Form10 form;
@@ -162,7 +157,7 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         expect(npc, &Form10::Text4, text, packed, messages);
     for (const auto& [text, packed, messages] : chest_flags)
         expect(chest, &Form10::Text4, text, packed, messages);
-    expect(npc, &Form10::Text5, " ", true, {invalid});
+    expect(npc, &Form10::Text5, " ", true, {blank_hex});
     expect(chest, &Form10::Text1, "1G", true, {hex("1G")});
     expect(entrance, &Form10::Text6, "x", true, {}); // no field of its record
     Form10 form; // all fields are looked at, whatever went wrong before
@@ -173,7 +168,7 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
     form.Text7 = "Z";
     ScriptedDialogs dialogs;
     EXPECT_FALSE(pack_object(npc, {}, form, dialogs));
-    EXPECT_EQ(dialogs.messages, (Messages{large, invalid, bit, hex("Z")}));
+    EXPECT_EQ(dialogs.messages, (Messages{large, blank_hex, bit, hex("Z")}));
 }
 
 } // namespace

@@ -6,10 +6,6 @@
 namespace veldrune::test {
 namespace {
 
-Messages warnings(std::size_t count, const std::string& text, const std::string& kind) {
-    return {count, {"The number " + text + " you've entered is not valid " + kind, "Warning"}};
-}
-
 TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
     // clang-format off
     const struct { std::string text, normalised; std::uint32_t value; std::size_t warnings; } cases[] = {
@@ -30,12 +26,12 @@ TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
         std::string text = c.text;
         EXPECT_EQ(static_cast<std::uint32_t>(parse_hex_text(text, dialogs)), c.value) << c.text;
         EXPECT_EQ(text, c.normalised);
-        EXPECT_EQ(dialogs.messages, warnings(c.warnings, c.normalised, "hex")) << c.text;
+        EXPECT_EQ(dialogs.messages, Messages(c.warnings, no_number(c.normalised, "hex"))) << c.text;
     }
     for (std::string blank : {"", "  ", "\r\n "}) {
         ScriptedDialogs dialogs;
         EXPECT_EQ(parse_hex_text(blank, dialogs), 0);
-        EXPECT_EQ(dialogs.messages, (Messages{{"invalid hex", "I Pity The Fool"}}));
+        EXPECT_EQ(dialogs.messages, Messages{blank_hex});
     }
 }
 
@@ -59,7 +55,8 @@ TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
         const DecimalNumber number = parse_decimal_text(c.text, dialogs);
         EXPECT_EQ(std::pair(number.value, number.is_number), std::pair(c.value, c.is_number));
         EXPECT_EQ(decimal_number(c.text).value, c.value) << c.text;
-        EXPECT_EQ(dialogs.messages, warnings(c.is_number ? 0 : 1, c.text, "decimal")) << c.text;
+        EXPECT_EQ(dialogs.messages, Messages(c.is_number ? 0 : 1, no_number(c.text, "decimal")))
+            << c.text;
     }
 }
 

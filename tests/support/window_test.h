@@ -20,8 +20,7 @@ namespace veldrune::test {
 /// Answers the boxes that come up while a test waits for them, and keeps what they said.
 class BoxAnswers {
   public:
-    using Box = ScriptedDialogs::Message;
-    std::vector<Box> boxes;
+    Messages boxes;
     std::deque<bool> answers;         // OK or Cancel; OK beyond them
     std::optional<QString> file_name; // cancels file dialogs without it
     std::function<void()> meanwhile;  // runs while the box is up

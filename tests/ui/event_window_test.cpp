@@ -15,14 +15,6 @@ namespace {
 constexpr int town = demo::demo_map::town;
 constexpr std::size_t place = 0xC0000; // of the scripts that these tests put into the image
 const QString place_text = "C0000";
-const BoxAnswers::Box list_refused{
-    "Each offset must be 6 digit hex, (i.e. 0A0200 or some such thing)\n"
-    "You can use spaces as seporators, but nothing else or so help me God...",
-    "Oh no jou dihdn't"};
-const BoxAnswers::Box data_refused{"You've entered the map data in an incorrect format.\n"
-                                   "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
-                                   "and you must enter exactly (Width*Height) bytes of data.",
-                                   "Nope"};
 
 class EventWindowTest : public WindowTest {
   protected:
@@ -146,12 +138,12 @@ TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
 
 TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
     // clang-format off
-    const BoxAnswers::Box nothing_typed{"You must enter some valid hex fool", "Nope"};
-    const struct { const char* script; int row, column; const char* typed; BoxAnswers::Box box; const char *again, *bytes; } cases[] = {
+    const Message nothing_typed{"You must enter some valid hex fool", "Nope"};
+    const struct { const char* script; int row, column; const char* typed; Message box; const char *again, *bytes; } cases[] = {
         {"3D 07 FE",                2, 1, "",             nothing_typed, "9",      "3D 09 FE"},
-        {"A0 01 02 03 04 05 FE",    1, 0, "B6 0A02000A0", list_refused,  "A0201",  "B6 01 00 00 FE"},
-        {"BE 01 00 00 00 FE",       3, 1, "A02",          list_refused,  "0A0205", "BE 01 05 00 00 FE"},
-        {"73 00 00 01 02 11 22 FE", 6, 1, "112",          data_refused,  "3344",   "73 00 00 01 02 33 44 FE"},
+        {"A0 01 02 03 04 05 FE",    1, 0, "B6 0A02000A0", bad_offsets,   "A0201",  "B6 01 00 00 FE"},
+        {"BE 01 00 00 00 FE",       3, 1, "A02",          bad_offsets,   "0A0205", "BE 01 05 00 00 FE"},
+        {"73 00 00 01 02 11 22 FE", 6, 1, "112",          bad_map_data,  "3344",   "73 00 00 01 02 33 44 FE"},
     };
     // clang-format on
     for (const auto& row : cases) {
@@ -184,7 +176,7 @@ TEST_F(EventWindowTest, WhatCannotBeSavedIsToldAndNothingIsWritten) {
     editor().click("Command2");
     enter("38");
     editor().choose("Save");
-    EXPECT_EQ(answers.boxes.back(), (BoxAnswers::Box{"Not Now", "Veldrune Map Editor"}));
+    EXPECT_EQ(answers.boxes.back(), (Message{"Not Now", "Veldrune Map Editor"}));
     EXPECT_EQ(saved(script.size()), script);
 }
 
@@ -200,8 +192,7 @@ TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {
     EXPECT_EQ(shown(1, explanation), "Load Map");
     EXPECT_FALSE(box().isVisible());
     load("C000G");
-    EXPECT_EQ(answers.boxes[0],
-              (BoxAnswers::Box{"The number C000G you've entered is not valid hex", "Warning"}));
+    EXPECT_EQ(answers.boxes[0], no_number("C000G", "hex"));
     const std::size_t end = disk["a.smc"].size();
     load(QString::number(end - 1, 16));
     EXPECT_EQ(answers.boxes.size(), 2u) << "no end: told";

@@ -117,12 +117,6 @@ TEST_F(TownWindowTest, TheMouseDrawsPicksAndTellsItsPlace) {
     user.click_picture(300, 200);
     EXPECT_EQ(form.current_tile, tile(1, 9, 6));
     EXPECT_TRUE(user.is_checked("Option10"));
-    user.click_picture(10, 10); // the next press paints again
-    EXPECT_EQ(tile(1, 0, 0), form.current_tile);
-    user.click("Option12");
-    const LayerMap before = state->layers[1].map;
-    user.drag({{32, 200}, {200, 200}});
-    EXPECT_EQ(before.cells, state->layers[1].map.cells);
 }
 
 TEST_F(TownWindowTest, TheSecondPressOfADoubleClickIsAPress) {

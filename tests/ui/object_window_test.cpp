@@ -168,8 +168,7 @@ TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
     }
     EXPECT_TRUE(answers.boxes.empty());
     info().type("Text7", "x");
-    EXPECT_EQ(answers.boxes,
-              (Messages{{"The number X you've entered is not valid hex", "Warning"}}));
+    EXPECT_EQ(answers.boxes, Messages{no_number("X", "hex")});
 }
 
 TEST_F(ObjectWindowTest, WithoutARecordTheFieldsAreBlankAndNothingIsSaved) {
