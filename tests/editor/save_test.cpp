@@ -229,7 +229,7 @@ TEST(SaveAs, ACopyThatCantBeMadeOrOpenedLeavesTheImageOpen) {
         Town t;
         t.s.changes_saved = false;
         t.disk.refuse_open = made;
-        t.disk.fail({}, {made ? 0 : 1});
+        t.disk.fail({}, {.at = made ? 0 : 1});
         t.dialogs.file_names = {"b.smc"};
         save_as(t.s);
         EXPECT_EQ(t.dialogs.messages,

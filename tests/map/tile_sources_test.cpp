@@ -12,7 +12,9 @@ namespace {
 
 struct Image : OpenImage {
     Image() : OpenImage(Bytes(rom_layout::image_size, 0)) {}
-    void word(std::size_t at, int value) { put_word(bytes(), at, static_cast<std::size_t>(value)); }
+    void word(int offset, int value) {
+        put_word(bytes(), static_cast<std::size_t>(offset), static_cast<std::size_t>(value));
+    }
     // Packs bytes to a stream at an offset.
     void stream(std::int64_t offset, std::span<const std::uint8_t> bytes) {
         CompressOutput output;
@@ -28,10 +30,17 @@ TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
     image.word(0x9401 - 16 + 10 * 2 + 6, 0x7FFF); // frame 3
     AnimTileTable table{};
     fill_anim_tile_table(image.rom, 3, table);
+    // clang-format off
     const std::pair<std::size_t, int> entries[] = {
-        {8, 0x260300},      {11, 0x260300 + 3 * 32},    {12, 0x260200},
-        {64 + 8, 0x624DF},  {64 + 11, 0x624DF}, // nothing is added for the character
-        {128 + 8, 0x624FF}, {192 + 9, 0x624FF + 0x7FFF}};
+        {8,        0x260300},
+        {8 + 3,    0x260300 + 3 * 32},
+        {12,       0x260200},
+        {64 + 8,   0x624DF},
+        {64 + 11,  0x624DF}, // nothing is added for the character
+        {128 + 8,  0x624FF},
+        {192 + 9,  0x624FF + 0x7FFF},
+    };
+    // clang-format on
     for (const auto& [entry, offset] : entries)
         EXPECT_EQ(table[entry], offset) << entry;
 

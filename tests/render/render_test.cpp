@@ -148,13 +148,16 @@ struct Formations : testing::Test {
 TEST_F(Formations, AttributesPlaceTheOnePixelOfACharacter) {
     // Character 0x285 has its pixel (1, 2) alone set, by planes 0, 2 and 3: value 13.
     graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
-    const struct {
-        std::uint8_t quadrant, attribute;
-        std::size_t place; // 16 * y + x
-        Colour high, low;
-    } cases[] = {{0, 0x02, 16 * 2 + 1, 0, 0x1000D},  {1, 0x22, 16 * 2 + 9, 0x1000D, 0},
-                 {2, 0x42, 16 * 10 + 6, 0, 0x1000D}, {3, 0x82, 16 * 13 + 9, 0, 0x1000D},
-                 {0, 0xE6, 16 * 5 + 6, 0x1001D, 0},  {3, 0x1E, 16 * 10 + 9, 0, 0x1007D}};
+    // clang-format off
+    const struct { std::uint8_t quadrant, attribute; std::size_t place; Colour high, low; } cases[] = { // place: 16 * y + x
+        {0, 0x02, 16 * 2 + 1,  0,       0x1000D},
+        {1, 0x22, 16 * 2 + 9,  0x1000D, 0},
+        {2, 0x42, 16 * 10 + 6, 0,       0x1000D},
+        {3, 0x82, 16 * 13 + 9, 0,       0x1000D},
+        {0, 0xE6, 16 * 5 + 6,  0x1001D, 0},
+        {3, 0x1E, 16 * 10 + 9, 0,       0x1007D},
+    };
+    // clang-format on
     for (const auto& [quadrant, attribute, place, high, low] : cases) {
         characters = {};
         characters.tiles[28u + quadrant] = 0x85;

@@ -44,7 +44,10 @@ TEST_F(TileChooserTest, EachClosesWithTheOtherAndBothWithTheMainWindow) {
         [] { visible_window("Form8")->close(); },
         [] { visible_window("Form2")->close(); },
         [] { QTest::keyClick(&driver("Form8").find("Picture1"), Qt::Key_Escape); },
-        [&] { user.activate(), user.choose("Exit"); },
+        [&] {
+            user.activate();
+            user.choose("Exit");
+        },
     };
     open_map(town);
     user.click("Command1");
