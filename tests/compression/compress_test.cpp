@@ -1,7 +1,6 @@
 #include "compression/compress.h"
 #include "compression/decompress.h"
 #include "compression/literal_encoder.h"
-#include "support/hex_bytes.h"
 #include "support/memory_disk.h"
 
 #include <gtest/gtest.h>

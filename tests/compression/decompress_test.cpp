@@ -1,5 +1,4 @@
 #include "compression/decompress.h"
-#include "support/hex_bytes.h"
 #include "support/memory_disk.h"
 
 #include <gtest/gtest.h>
@@ -52,15 +51,16 @@ TEST_F(Decoder, ReadsKnownStreams) {
 }
 
 TEST_F(Decoder, StopsAtItsLimitAndTakesTheLengthsThatItCan) {
-    const struct {
-        const char* length; // behind it the file ends: there are only literals of 0xFF
-        int limit;
-        std::size_t filled;
-    } rows[] = {
-        {"FF FF", layer_output_limit, 8193},           {"00 80", layer_output_limit, 8193},
-        {"FF 7F", world_graphics_output_limit, 16385}, {"00 80", world_graphics_output_limit, 0},
-        {"FF 7F", world_map_output_limit, 29124},      {"00 80", world_map_output_limit, 0},
+    // clang-format off
+    const struct { const char* length; int limit; std::size_t filled; } rows[] = { // then the file ends: literals of 0xFF
+        {"00 80", layer_output_limit,          8193},
+        {"FF FF", layer_output_limit,          8193},
+        {"FF 7F", world_graphics_output_limit, 16385},
+        {"00 80", world_graphics_output_limit, 0},
+        {"FF 7F", world_map_output_limit,      29124},
+        {"00 80", world_map_output_limit,      0},
     };
+    // clang-format on
     for (const auto& row : rows) {
         const int behind = std::min(row.limit + 1, world_map_output_limit);
         buffer->output()[behind] = 0x55;

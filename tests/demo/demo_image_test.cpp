@@ -1,8 +1,8 @@
 // What the demo image promises to the tests, the benchmarks and whoever tries the editor on it.
 
-#include "compression/compress.h"
 #include "demo/dialogue_book.h"
 #include "dialogue/dialogue_text.h"
+#include "editor/world_map.h"
 #include "objects/markers.h"
 #include "objects/object_record.h"
 #include "rom/rom_layout.h"
@@ -26,6 +26,11 @@ struct DemoImage : testing::Test {
     const Form1& form = state.form1;
     const RomImage& rom = state.rom;
 
+    ObjectList list_of(int map, ObjectKind kind) const {
+        ObjectList list;
+        load_object_list(rom, kind, map, list);
+        return list;
+    }
     static int side(const std::string& layer1, const std::string& layer2) {
         return std::max(std::stoi(layer1), std::stoi(layer2));
     }
@@ -39,21 +44,18 @@ TEST_F(DemoImage, IsTheSameForASeedAndAnotherForAnother) {
         EXPECT_FALSE(demo_bytes() == demo::make_demo_image(seed)) << seed;
 }
 
-TEST_F(DemoImage, StructuresLieInTheirAreasAndHaveTheirSizes) {
+TEST_F(DemoImage, StructuresLieInTheirAreas) {
     // clang-format off
-    const struct { int table, count, start, end; std::size_t size; } areas[] = { // 0: any size
-        {0x19CF90, 352, 0x19D3B0, 0x1E0200, 0}, {0x1FBC00, 85, 0x1E0200, 0x1FBC00, 2048}, {0x26CF60, 21, 0x268980, 0x26CF60, 4096}};
+    const struct { int table, count, start, end; } streams[] = { // by the tables of their pointers
+        {0x19CF90, 352, 0x19D3B0, 0x1E0200}, // layers
+        {0x1FBC00, 85,  0x1E0200, 0x1FBC00}, // formations
+        {0x26CF60, 21,  0x268980, 0x26CF60}, // graphics of layer 3
+    };
     // clang-format on
-    CompressOutput packed;
-    for (const auto& area : areas)
+    for (const auto& area : streams)
         for (int i = 0; i < area.count; ++i) {
             const int at = area.start + rom.read_pointer24(area.table + 3 * i);
-            const int size = rom.read_word(at);
-            ASSERT_LE(at + size, area.end) << i;
-            decompress_stream(rom, at, state.decompress_buffer, layer_output_limit);
-            EXPECT_TRUE(area.size == 0 ||
-                        compress_layer({state.decompress_buffer.output(), area.size}, packed) ==
-                            static_cast<std::size_t>(size));
+            ASSERT_LE(at + rom.read_word(at), area.end) << i;
         }
     for (int i = 0; i < 85; ++i) // 256 characters at most
         EXPECT_LE(0x1FDD00 + rom.read_pointer24(0x1FDC00 + 3 * i) + 32 * 128, 0x260200) << i;
@@ -69,91 +71,72 @@ TEST_F(DemoImage, StructuresLieInTheirAreasAndHaveTheirSizes) {
     }
 }
 
-TEST_F(DemoImage, MapsShowAllThatARecordCanSay) {
-    std::set<std::string> widths, heights;
-    std::set<int> orders;
+TEST_F(DemoImage, EveryMapShowsSomething) {
     for (int map = demo::demo_map::town; map < map_count; ++map) {
         editor.choose(map);
         const auto& ground = state.layers[1].map.cells;
         EXPECT_NE(std::ranges::count(ground, ground[0]), std::ssize(ground)) << map;
         EXPECT_LT(std::stoi(form.Text13), 48) << map;
-        widths.insert({form.Text2, form.Text1, form.Text21});
-        heights.insert({form.Text5, form.Text3, form.Text22});
-        if (state.layers[2].layer_offset != 0)
-            orders.insert(state.layer3_order);
     }
-    EXPECT_EQ(widths, (std::set<std::string>{"128", "16", "32", "64"}));
-    EXPECT_EQ(heights, widths);
-    EXPECT_EQ(orders, (std::set{0, 1, 2}));
     EXPECT_TRUE(editor.dialogs.silent());
-    using namespace demo::demo_map;
-    // clang-format off
-    const struct { int map, order; } named[] = { // -1: no layer 3
-        {town, 2}, {forest, 2}, {cave, 2}, {castle_hall, -1}, {interior, -1}, {night_hall, 0}, {misty_town, 1}};
-    // clang-format on
-    for (const auto& [map, order] : named) {
-        editor.choose(map);
-        EXPECT_EQ(state.layers[2].layer_offset == 0 ? -1 : state.layer3_order, order) << map;
-    }
 }
 
-// Whether an object can be clicked on a tile or beside it.
-bool stands_near(ObjectKind kind, const ObjectList& list, int index, int x, int y) {
-    for (int i = 0; i < 9; ++i)
-        if (object_covers(kind, list, index, x - 1 + i % 3, y - 1 + i / 3))
-            return true;
-    return false;
-}
-
-TEST_F(DemoImage, ObjectsStandOnTheirMapsAndEveryWayLeadsBack) {
-    constexpr int ends[] = {0x50200, 0x2D9100, 0x41C10, 0x1FDC00, 0x2E0200};
-    std::vector<ObjectLists> maps(map_count);
-    const auto list_of = [&](int map, ObjectKind kind) -> ObjectList& {
-        return maps.at(static_cast<std::size_t>(map))[kind];
-    };
+TEST_F(DemoImage, ObjectsOfEveryKindStandOnTheirMaps) {
+    constexpr std::size_t ends[] = {0x50200, 0x2D9100, 0x41C10, 0x1FDC00, 0x2E0200}; // of the kinds
     std::set<int> contents;
     for (const ObjectKind kind : all_kinds) {
-        const auto n = static_cast<std::size_t>(kind);
-        const int record_size = static_cast<int>(place_of(kind).size);
-        int next = read_object_extent(rom, kind, 0).first_offset;
+        int next = list_of(0, kind).first_offset;
         for (int map = 0; map < map_count; ++map) {
-            ObjectList& list = list_of(map, kind);
-            load_object_list(rom, kind, map, list);
+            const ObjectList list = list_of(map, kind);
             ASSERT_EQ(list.first_offset, next) << map;
-            next += list.count * record_size;
+            next += list.count * static_cast<int>(place_of(kind).size);
             if (map < demo::demo_map::town) // the worlds
                 continue;
             editor.choose(map);
+            const int columns = side(form.Text2, form.Text1);
+            const int rows = std::min(64, side(form.Text5, form.Text3));
             for (int i = 0; i < list.count; ++i) {
                 const auto row = object_row(kind, list, i);
-                EXPECT_LT(row[kind == npc ? 4 : 0], side(form.Text2, form.Text1)) << map;
-                EXPECT_LT(kind == npc ? row[5] & 63 : row[1],
-                          std::min(64, side(form.Text5, form.Text3)))
-                    << map;
+                EXPECT_LT(row[kind == npc ? 4 : 0], columns) << map;
+                EXPECT_LT(kind == npc ? row[5] & 63 : row[1], rows) << map;
                 EXPECT_TRUE(kind != npc || row[6] <= 0x72) << map;
                 if (kind == chest)
                     contents.insert(row[3] & 0xF8);
             }
         }
-        EXPECT_LE(static_cast<int>(place_of(kind).base) + next, ends[n]);
+        const auto end = place_of(kind).base + static_cast<std::size_t>(next);
+        EXPECT_LE(end, ends[static_cast<std::size_t>(kind)]);
     }
     EXPECT_EQ(contents, (std::set{0x08, 0x10, 0x20, 0x40, 0x80}));
-    struct Way {
-        int map;
-        ObjectKind kind;
-        int index, to, x, y;
-    };
+}
+
+// An entrance and the tile of the map to which it leads.
+struct Way {
+    int map;
+    ObjectKind kind;
+    int index, to, x, y;
+};
+
+TEST_F(DemoImage, EveryWayLeadsBack) {
     std::vector<Way> ways;
     for (int map = demo::demo_map::town; map < map_count; ++map)
-        for (const ObjectKind kind : {entrance, long_entrance})
-            for (int i = 0; i < list_of(map, kind).count; ++i) {
-                const auto to = object_row(kind, list_of(map, kind), i).last(4);
+        for (const ObjectKind kind : {entrance, long_entrance}) {
+            const ObjectList list = list_of(map, kind);
+            for (int i = 0; i < list.count; ++i) {
+                const auto to = object_row(kind, list, i).last(4);
                 ways.push_back({map, kind, i, to[0] | to[1] << 8, to[2], to[3]});
             }
+        }
     EXPECT_GT(ways.size(), 412u);
-    const auto leads_to = [&](const Way& from, const Way& way) {
-        return from.to == way.map &&
-               stands_near(way.kind, list_of(way.map, way.kind), way.index, from.x, from.y);
+    const auto leads_to = [&](const Way& from, const Way& way) { // onto it or beside it
+        if (from.to != way.map)
+            return false;
+        const ObjectList list = list_of(way.map, way.kind);
+        for (int x = from.x - 1; x <= from.x + 1; ++x)
+            for (int y = from.y - 1; y <= from.y + 1; ++y)
+                if (object_covers(way.kind, list, way.index, x, y))
+                    return true;
+        return false;
     };
     for (const Way& way : ways)
         EXPECT_TRUE(std::ranges::any_of(ways, [&](const Way& back) {
@@ -165,8 +148,7 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     std::set<std::int64_t> meant; // by NPCs and triggers
     for (int map = 0; map < map_count; ++map)
         for (const ObjectKind kind : {npc, event_trigger}) {
-            ObjectList list;
-            load_object_list(rom, kind, map, list);
+            const ObjectList list = list_of(map, kind);
             for (int i = 0; i < list.count; ++i) {
                 ObjectBytes record{};
                 std::ranges::copy(object_row(kind, list, i), record.begin());
@@ -198,20 +180,43 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     EXPECT_TRUE(editor.dialogs.silent());
 }
 
-TEST_F(DemoImage, DialoguesStayInTheirBanksAndCoverWhatATextCanHold) {
+TEST_F(DemoImage, DialoguesAreWhole) {
     std::set<std::string> texts;
-    std::size_t longest = 0;
     for (int number = 0; number < 3327; ++number)
         texts.insert(read_dialogue_text(rom, false, number).text);
-    for (const std::string& text : texts) { // without a code that is no letter, or a missing end
-        EXPECT_EQ(text.find('('), std::string::npos) << text;
-        longest = std::max(longest, text.size());
+    for (const std::string& text : texts) {
+        EXPECT_EQ(text.find('('), std::string::npos) << text; // a code that is no letter
+        EXPECT_LT(text.size(), 500u) << "a missing end";
     }
-    EXPECT_LT(longest, 500u);
-    EXPECT_GT(texts.size(), 300u);
-    EXPECT_GT(longest, 150u);
     EXPECT_TRUE(texts.contains("Lie down for a while?\r\n> Yes\r\n> No"));
     EXPECT_TRUE(texts.contains("Good to see you again, VARNA."));
+}
+
+TEST(DemoWorlds, LeadIntoTheOtherMaps) {
+    for (const auto open : {open_world_of_dawn, open_world_of_dusk}) {
+        Editor editor;
+        open(*editor.state);
+        EXPECT_TRUE(editor.dialogs.silent());
+        EXPECT_LE(editor.state->world_packed_size, longest_world_stream);
+        for (const ObjectKind kind : {event_trigger, entrance}) {
+            const ObjectList& list = editor.state->objects[kind];
+            EXPECT_GT(list.row_count, 5);
+            for (int i = 0; i < list.row_count; ++i) {
+                const auto record = object_row(kind, list, i);
+                const int first_sight = 96; // roads and whatever stands on the ground
+                EXPECT_GE(editor.state->world_map.at(record[0], record[1]), first_sight) << i;
+                const int target = record[2] | record[3] << 8;
+                EXPECT_TRUE(kind != entrance ||
+                            (target >= demo::demo_map::town && target < map_count));
+            }
+        }
+    }
+}
+
+TEST(DemoWorlds, PackForEverySeed) {
+    for (const unsigned seed : {2u, 9u, 4000000000u})
+        EXPECT_EQ(demo::make_demo_image(seed).size(),
+                  static_cast<std::size_t>(rom_layout::image_size));
 }
 
 TEST(DialogueBook, TakesTheCodeThatStandsForMost) {

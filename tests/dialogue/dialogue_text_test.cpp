@@ -17,7 +17,9 @@ TEST(DialogueText, TextsAreWrappedAndCounted) {
     const std::string a30(30, 'A'), a33(33, 'A');
     // clang-format off
     const struct { std::string text, wrapped; int lines, options; } cases[] = {
-        {"", "", 2, 0}, {"AB", "AB", 2, 0}, {"AB\r\nA> B", "AB\r\nA> B", 3, 1},
+        {"", "", 2, 0},
+        {"AB", "AB", 2, 0},
+        {"AB\r\nA> B", "AB\r\nA> B", 3, 1},
         {"> A\r\n> B\r\n> C", "> A\r\n> B\r\n> C", 4, 2}, // one at the very start is none
         {a33, a33, 2, 0},                                 // short enough
         {a33 + " B", a33 + "\rB", 3, 0}, // the blank stands at the 34th place, behind the line
@@ -60,18 +62,20 @@ std::string text_of(const Bytes& image, bool patched, int number) {
 
 TEST(DialogueText, NumbersAreFoundByEitherTable) {
     Bytes image(0x302930, 0);
-    const auto put = [&](std::size_t at, const Bytes& bytes) {
-        std::copy(bytes.begin(), bytes.end(), image.begin() + static_cast<std::ptrdiff_t>(at));
-    };
-    put(0xCE802 + 2 * 1590, {0x34, 0x12, 0x34, 0x12}); // entries 1590 and 1591
-    put(0xD0200 + 0x1234, {0x20, 0x21, 0});
-    put(0xE0200 + 0x1234, {0x22, 0x23, 0});
-    put(0x300200 + 3 * 1590, {0x34, 0x12, 0xCE, 0x34, 0x12, 0xCD, 0, 0, 0x10});
-    put(0x300200 + 3 * 3327, {0xFE, 0xFF, 0xFF}); // past the table: what lies there
+    put_bytes(image, 0xCE802 + 2 * 1590, hex_bytes("34 12 34 12")); // entries 1590 and 1591
+    put_bytes(image, 0xD0200 + 0x1234, hex_bytes("20 21 00"));
+    put_bytes(image, 0xE0200 + 0x1234, hex_bytes("22 23 00"));
+    put_bytes(image, 0x300200 + 3 * 1590, hex_bytes("34 12 CE 34 12 CD 00 00 10"));
+    put_bytes(image, 0x300200 + 3 * 3327, hex_bytes("FE FF FF")); // past the table: what lies there
     // clang-format off
     const struct { bool patched; int number; const char* text; } cases[] = {
-        {false, 1590, "AB"}, {false, 1591, "CD"}, {true, 1590, "CD"}, {true, 1591, "AB"},
-        {true, 1592, ""}, {true, 3327, ""}, {true, 0x7FFF, ""}, // before the image, behind it, no entry
+        {false, 1590,   "AB"},
+        {false, 1591,   "CD"},
+        {true,  1590,   "CD"},
+        {true,  1591,   "AB"},
+        {true,  1592,   ""}, // it points before the image
+        {true,  3327,   ""}, // behind the image
+        {true,  0x7FFF, ""}, // no entry
     };
     // clang-format on
     for (const auto& c : cases)
@@ -80,7 +84,7 @@ TEST(DialogueText, NumbersAreFoundByEitherTable) {
 
 TEST(DialogueText, ATextEndsWithTheFileAndAfter4096Bytes) {
     Bytes image(0xD0200 + 5000, 0x20); // entry 0 leads to 0x2020, all else is text
-    image[0xCE802] = 0, image[0xCE803] = 0;
+    put_word(image, 0xCE802, 0);
     for (const std::size_t left : {0u, 3u, 256u, 700u, 4096u, 5000u}) {
         image.resize(0xD0200 + left, 0x20);
         EXPECT_EQ(text_of(image, false, 0).size(), std::min<std::size_t>(left, 4096));

@@ -48,7 +48,7 @@ TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPoints) {
     editor.state->selected_object.script_offset = 0x40000;
     editor.window.Text3 = "12345";
     save_script(*editor.state);
-    std::copy(script.begin(), script.end(), image.begin() + 0x40000);
+    put_bytes(image, 0x40000, script);
     EXPECT_EQ(editor.image(), image);
 }
 
@@ -122,8 +122,7 @@ TEST(EventEditor, AScriptThatWasNotReadWholeIsShownAndCanNotBeSaved) {
         Bytes& image = editor.image();
         for (std::size_t i = script_at; i < script_at + 10001; i += 2)
             image[i] = 0x3D;
-        std::copy(c.tail.begin(), c.tail.end(),
-                  image.end() - static_cast<std::ptrdiff_t>(c.tail.size()));
+        put_bytes(image, image.size() - c.tail.size(), c.tail);
         editor.state->selected_object.script_offset = static_cast<std::int64_t>(c.offset);
         open_event_editor(*editor.state);
         std::size_t commands = 0;
@@ -166,8 +165,7 @@ TEST(EventEditor, TheMarkOfTheImageChoosesTheDialogueTable) {
         Bytes& image = editor.image();
         image.resize(0x300300, 0);
         image[0x3000E1] = static_cast<std::uint8_t>(mark);
-        const Bytes entry{0x00, 0x00, 0xC1, 0x00, 0x00, 0xC1}; // both at 0x10200
-        std::copy(entry.begin(), entry.end(), image.begin() + 0x300200);
+        put_bytes(image, 0x300200, hex_bytes("00 00 C1 00 00 C1")); // both at 0x10200
         image[0x10200] = 0x39;
         editor.load({0x4B, 1, 0, 0xFE});
         const bool patched = mark == 0xFD;

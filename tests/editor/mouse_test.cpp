@@ -11,8 +11,14 @@ constexpr auto left = MouseButton::left, right = MouseButton::right;
 TEST(Mouse, PixelsBecomeTilesAtEveryZoom) {
     // clang-format off
     const struct { float zoom; int x, y; const char* label; } cases[] = { // with the bars at 5 and 17
-        {1.0f, 33, 31, "6 11"},  {1.0f, 31, 32, "5 12"},   {0.25f, 128, 127, "6 11"}, {0.5f, 511, 0, "C 11"},
-        {2.0f, 128, 511, "D 30"}, {1.0f, -33, 0, "4 11"}, {1.0f, -31, -1, "5 11"},  {2.0f, -160, 0, "FFFFFFFB 11"},
+        {0.25f, 128,  127, "6 11"},
+        {0.5f,  511,  0,   "C 11"},
+        {1.0f,  31,   32,  "5 12"},
+        {2.0f,  128,  511, "D 30"},
+        // Outside of the picture, with the button held.
+        {1.0f,  -33,  0,   "4 11"},
+        {1.0f,  -31,  -1,  "5 11"},
+        {2.0f,  -160, 0,   "FFFFFFFB 11"},
     };
     // clang-format on
     for (const auto& c : cases) {

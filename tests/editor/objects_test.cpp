@@ -20,7 +20,9 @@ using enum ObjectKind;
 Bytes objects_image() {
     Bytes bytes(0x300200);
     // clang-format off
-    put_objects(bytes, npc, 2, {{1, 0, 0x24, 0x10, 5, 0xC6, 3, 0, 0xF8}, {2, 0, 4, 0, 5, 6, 0x73, 0, 4}, {3, 0, 0, 0, 9, 9, 0, 0, 0}});
+    put_objects(bytes, npc, 2, {{1, 0, 0x24, 0x10, 5, 0xC6, 3,    0, 0xF8},
+                                {2, 0, 4,    0,    5, 6,    0x73, 0, 4},
+                                {3, 0, 0,    0,    9, 9,    0,    0, 0}});
     put_objects(bytes, chest, 2, {{1, 1, 0, 0x80, 7}, {5, 6, 0x1D, 0x00, 0xAB}});
     put_objects(bytes, event_trigger, 2, {{5, 6, 0x10, 0x20, 1}});
     put_objects(bytes, entrance, 2, {{5, 6, 3, 0, 1, 2}, {40, 3, 0, 0, 0, 0}});
@@ -32,16 +34,17 @@ Bytes objects_image() {
     return bytes;
 }
 
-constexpr int all_boxes = 15; // Check1 to Check4 are bits 0 to 3
-
 struct ObjectEditor : Editor {
     Form10& window = state->form10;
 
-    explicit ObjectEditor(int boxes = all_boxes) : Editor(objects_image()) {
+    /// Check1 to Check4 are bits 0 to 3 of the boxes.
+    explicit ObjectEditor(int boxes = 15) : Editor(objects_image()) {
         choose(2);
         form.tool = Tool::objects;
-        form.Check1 = boxes & 1, form.Check2 = boxes & 2;
-        form.Check3 = boxes & 4, form.Check4 = boxes & 8;
+        form.Check1 = boxes & 1;
+        form.Check2 = boxes & 2;
+        form.Check3 = boxes & 4;
+        form.Check4 = boxes & 8;
         refresh_map(s);
     }
     void click(int column, int row) { on_click(s, column * 32 + 16, row * 32 + 16); }
@@ -54,15 +57,29 @@ struct ObjectEditor : Editor {
         on_object_tab(s);
     }
     std::string& column(ObjectKind kind) { return kind == npc ? window.Text5 : window.Text1; }
+    void expect_blank(int last_number) {
+        EXPECT_FALSE(window.fields_enabled);
+        EXPECT_EQ(window.Text1 + window.Text4 + window.Label10, "");
+        EXPECT_EQ(window.HScroll1.maximum, last_number);
+        save_object(s);
+        EXPECT_EQ(disk.writes, 0);
+    }
     int index() const { return state->selected_object.index.value_or(-1); }
 };
 
 TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
     // clang-format off
     const struct { int boxes, column, row; Colour corner; int tab, index; } cases[] = {
-        {all_boxes, 5, 6, 0x0000FF, 4, 0}, {7, 5, 6, 0x0000FF, 2, 0}, {11, 5, 6, 0xFFFF00, 4, 0}, {9, 5, 6, 0x00FF00, 4, 0},
-        {3, 5, 6, 0xFFFF00, 1, 1},         {1, 5, 6, 0xFF0000, 0, 1}, {0, 5, 6, 0xFFFFFF, 0, -1}, {1, 9, 9, 0xFF0000, 0, 2},
-        {8, 8, 3, 0x00FF00, 4, 1},         {8, 8, 4, 0xFFFFFF, 0, -1},
+        {15, 5, 6, 0x0000FF, 4, 0},
+        {7,  5, 6, 0x0000FF, 2, 0},
+        {11, 5, 6, 0xFFFF00, 4, 0},
+        {9,  5, 6, 0x00FF00, 4, 0},
+        {3,  5, 6, 0xFFFF00, 1, 1},
+        {1,  5, 6, 0xFF0000, 0, 1},
+        {0,  5, 6, 0xFFFFFF, 0, -1},
+        {1,  9, 9, 0xFF0000, 0, 2},
+        {8,  8, 3, 0x00FF00, 4, 1},
+        {8,  8, 4, 0xFFFFFF, 0, -1},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -82,52 +99,54 @@ TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
     EXPECT_EQ(editor.window.TabStrip1, 1);
 }
 
-TEST(ObjectWindow, WalksRecordsAndIsBlankWithoutOne) {
+TEST(ObjectWindow, WalksRecordsByTheBarAndTheTabs) {
     ObjectEditor editor;
-    const Form1& form = editor.form;
-    EXPECT_EQ(form.Label27 + form.Label28 + form.Label29 + form.Label30, "3214");
-    const auto expect_blank = [&](int maximum) {
-        EXPECT_FALSE(editor.window.fields_enabled);
-        EXPECT_EQ(editor.window.Text1 + editor.window.Text4 + editor.window.Label10, "");
-        EXPECT_EQ(editor.window.HScroll1.maximum, maximum);
-        save_object(editor.s);
-        EXPECT_EQ(editor.disk.writes, 0);
-    };
+    const Form10& window = editor.window;
     editor.click(9, 9);
-    EXPECT_EQ(editor.window.Label10 + " " + editor.window.Text1, "3 A0203");
+    EXPECT_EQ(window.Label10 + " " + window.Text1, "3 A0203");
     EXPECT_EQ(editor.s.selected_object.script_offset, 0xA0203);
     editor.window.Text5 = "77"; // dropped without a question
     editor.scroll(1);
-    EXPECT_EQ(editor.window.Label10 + " " + editor.window.Text5, "1 5");
+    EXPECT_EQ(window.Label10 + " " + window.Text5, "1 5");
     editor.choose_tab(1);
-    EXPECT_EQ(editor.window.Combo2_lines.size(), 256u);
-    EXPECT_EQ(editor.window.option, 4);
+    EXPECT_EQ(window.Combo2_lines.size(), 256u);
+    EXPECT_EQ(window.option, 4);
     editor.scroll(2);
-    EXPECT_EQ(form.Text20 + " " + editor.window.Text4, "AB 3:5");
-    EXPECT_EQ(editor.window.option, 4); // no kind of contents: the pressed button stays
-    editor.choose(4);                   // the rows are still those of map 2
+    EXPECT_EQ(editor.form.Text20 + " " + window.Text4, "AB 3:5");
+    EXPECT_EQ(window.option, 4); // no kind of contents: the pressed button stays
+}
+
+TEST(ObjectWindow, ShowsTheRowsThatTheLastBuildRead) {
+    ObjectEditor editor;
+    const Form1& form = editor.form;
+    EXPECT_EQ(form.Label27 + form.Label28 + form.Label29 + form.Label30, "3214");
+    open_object(editor.s, chest, 1);
+    editor.choose(4); // the rows are still those of map 2
     EXPECT_TRUE(editor.window.fields_enabled);
     refresh_map(editor.s);
-    expect_blank(1);
+    editor.expect_blank(1);
     editor.choose_tab(4);
     EXPECT_EQ(editor.window.Text6 + " " + editor.window.Text4, "3 FFFF");
     editor.s.changes_saved = false;
     editor.dialogs.answers = {false};
     editor.choose(2); // after a Cancel a build reads the objects of the list's row
     refresh_map(editor.s);
-    expect_blank(2);
-    editor.s.changes_saved = true;
+    editor.expect_blank(2);
+}
+
+TEST(ObjectWindow, IsBlankOutsideOfTheRows) {
+    ObjectEditor editor;
     editor.choose(4);
     refresh_map(editor.s);
     editor.choose(2); // counts of map 2, rows of map 4
     editor.choose_tab(0);
     EXPECT_EQ(editor.window.Text1, "A0209");
     editor.scroll(2);
-    expect_blank(3);
-    for (const int index : {-1, 1, 99}) { // outside of the rows
+    editor.expect_blank(3);
+    for (const int index : {-1, 1, 99}) {
         open_object(editor.s, npc, 0);
         open_object(editor.s, npc, index);
-        expect_blank(3);
+        editor.expect_blank(3);
     }
 }
 
@@ -152,10 +171,16 @@ TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
     draw_sprite_preview(editor.s.rom, 0x23200, 0x57, 6, expected);
     // clang-format off
     const struct { const char *sprite, *palette; int byte; bool drawn; } cases[] = {
-        {"57", "e", 0x57, true}, {"", "1", 0x57, false}, {" ", "1", 0x57, false}, {"72", "6", 0x72, true}, {"73", "1", 0x72, false}};
+        {"57", "e", 0x57, true},
+        {"",   "1", 0x57, false},
+        {" ",  "1", 0x57, false},
+        {"72", "6", 0x72, true},
+        {"73", "1", 0x72, false},
+    };
     // clang-format on
     for (const auto& c : cases) {
-        editor.window.Text7 = c.sprite, editor.window.Text2 = c.palette;
+        editor.window.Text7 = c.sprite;
+        editor.window.Text2 = c.palette;
         if (c.drawn)
             editor.window.Picture1.fill(1);
         on_sprite_text(editor.s);
@@ -199,10 +224,10 @@ TEST(ObjectWindow, SavesItsRecordAndNothingElse) {
 }
 
 TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
-    for (int kind = 0; kind < 10; ++kind) { // the pointers and the rows of five lists
+    for (int access = 1; access <= 10; ++access) { // the pointers and the rows of five lists
         ObjectEditor editor;
         editor.click(9, 9);
-        editor.disk.fail({kind + 1}, {});
+        editor.disk.fail({.at = access}, {});
         draw_objects(editor.s);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
         EXPECT_EQ(editor.index(), -1);

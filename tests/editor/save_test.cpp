@@ -83,39 +83,67 @@ TEST(Save, AMissingLayer3IsSavedAs16By16) {
     }
 }
 
-TEST(Save, WhatCantBeSavedIsToldBeforeAnythingIsWritten) {
-    const auto tiles = [](int layer, const char* size) {
-        return "Layer " + std::to_string(layer) +
-               " can't be saved: it must have from 1 to 8192 tiles, not " + size + ".";
-    };
+// Saves a map that can't be saved.
+void expect_refusal(Town& t, const std::string& told) {
+    t.s.changes_saved = false;
+    save(t.s);
+    ASSERT_FALSE(t.dialogs.messages.empty()) << told;
+    EXPECT_EQ(t.dialogs.messages.back(), (Message{told, "Error"}));
+    EXPECT_TRUE(t.image() == demo_bytes()) << told;
+    EXPECT_FALSE(t.s.changes_saved) << told;
+}
+
+TEST(Save, SizesThatNoLayerHasAreToldBeforeAnythingIsWritten) {
     // clang-format off
-    const struct { void (*spoil)(Town&); std::string told; } cases[] = {
-        {[](Town& t) { t.form.Text3 = "128", t.form.Text1 = "65"; },         tiles(2, "65 times 128")},
-        {[](Town& t) { t.form.Text21 = "0", t.form.Text22 = "16"; },         tiles(3, "0 times 16")},
-        {[](Town& t) { t.form.Text2 = "x", t.form.Text5 = "32"; },           tiles(1, "0 times 32")},
-        {[](Town& t) { t.form.Text2 = t.form.Text5 = "2147483647"; },        tiles(1, "2147483647 times 2147483647")},
-        {[](Town& t) { t.s.layers[1].rows_missing = true; },
-            "Layer 2 can't be saved: it is 128 tiles high, and only 64 of its rows could be loaded."},
-        {[](Town& t) { t.form.Text2 = "128", t.form.Text5 = "64", make_noise(t, 0, 128, 64); },
-            "Layer 1 can't be saved: its stream would take more than 9001 bytes."},
-        {[](Town& t) { t.form.Text14 = "80000000"; }, // outside every file
-            "Writing to a.smc at 80000000 failed. What was written before stays; nothing more is written."},
-        {[](Town& t) { t.disk.fail({.at = 3}, {}), open_world_of_dawn(t.s), t.disk.fail({}, {}), t.s.changes_saved = false; },
-            "Reading a.smc failed. What is shown of this map is not what the image holds, and it can't be saved."},
+    using Field = std::string Form1::*;
+    const struct { std::string layer; Field width, height; std::string columns, rows, told; } cases[] = {
+        {"1", &Form1::Text2,  &Form1::Text5,  "x",          "32",         "0 times 32"},
+        {"1", &Form1::Text2,  &Form1::Text5,  "2147483647", "2147483647", "2147483647 times 2147483647"},
+        {"2", &Form1::Text1,  &Form1::Text3,  "65",         "128",        "65 times 128"},
+        {"3", &Form1::Text21, &Form1::Text22, "0",          "16",         "0 times 16"},
     };
     // clang-format on
     for (const auto& c : cases) {
         Town t;
-        t.s.changes_saved = false;
-        c.spoil(t);
-        save(t.s);
-        ASSERT_FALSE(t.dialogs.messages.empty()) << c.told;
-        EXPECT_EQ(t.dialogs.messages.back(), (ScriptedDialogs::Message{c.told, "Error"}));
-        EXPECT_TRUE(t.image() == demo_bytes()) << c.told;
-        EXPECT_FALSE(t.s.changes_saved) << c.told;
+        t.form.*c.width = c.columns;
+        t.form.*c.height = c.rows;
+        expect_refusal(t, "Layer " + c.layer +
+                              " can't be saved: it must have from 1 to 8192 tiles, not " + c.told +
+                              ".");
     }
+}
+
+TEST(Save, WhatCantBeSavedIsToldBeforeAnythingIsWritten) {
+    const std::pair<std::string, void (*)(Town&)> cases[] = {
+        {"Layer 2 can't be saved: it is 128 tiles high, and only 64 of its rows could be loaded.",
+         [](Town& t) { t.s.layers[1].rows_missing = true; }},
+        {"Layer 1 can't be saved: its stream would take more than 9001 bytes.",
+         [](Town& t) {
+             t.form.Text2 = "128";
+             t.form.Text5 = "64";
+             make_noise(t, 0, 128, 64);
+         }},
+        {"Writing to a.smc at 80000000 failed. What was written before stays; nothing more is "
+         "written.",
+         [](Town& t) { t.form.Text14 = "80000000"; }}, // outside every file
+        {"Reading a.smc failed. What is shown of this map is not what the image holds, and it "
+         "can't be saved.",
+         [](Town& t) {
+             t.disk.fail({.at = 3}, {});
+             open_world_of_dawn(t.s);
+             t.disk.fail({}, {});
+         }},
+    };
+    for (const auto& [told, spoil] : cases) {
+        Town t;
+        spoil(t);
+        expect_refusal(t, told);
+    }
+}
+
+TEST(Save, ALocationThatIsNoNumberIsToldOnceInEitherHalf) {
     Town t;
-    t.form.Text14 = "30030G"; // counts 300300; both halves of the save read it
+    t.form.Text14 = "30030G"; // counts 300300
     save(t.s);
     EXPECT_EQ(t.dialogs.messages.size(), 2u);
 }
@@ -123,7 +151,9 @@ TEST(Save, WhatCantBeSavedIsToldBeforeAnythingIsWritten) {
 void change_town(Editor& editor) {
     editor.choose(town);
     make_noise(editor, 0, 16, 16);
-    editor.form.Text14 = "300300", editor.form.Text12 = "310000", editor.form.Text13 = "3";
+    editor.form.Text14 = "300300";
+    editor.form.Text12 = "310000";
+    editor.form.Text13 = "3";
 }
 
 void change_dawn(Editor& editor) {
@@ -199,7 +229,7 @@ TEST(SaveAs, ACopyThatCantBeMadeOrOpenedLeavesTheImageOpen) {
         Town t;
         t.s.changes_saved = false;
         t.disk.refuse_open = made;
-        t.disk.fail({}, {made ? 0 : 1});
+        t.disk.fail({}, {.at = made ? 0 : 1});
         t.dialogs.file_names = {"b.smc"};
         save_as(t.s);
         EXPECT_EQ(t.dialogs.messages,
@@ -217,7 +247,10 @@ TEST(Save, AMapOfAnotherImageAsksFirst) {
         for (void (*const operation)(EditorState&) : {save, save_as}) {
             Editor editor;
             editor.disk["other.smc"] = demo_bytes();
-            world ? open_world_of_dawn(editor.s) : editor.choose(town);
+            if (world)
+                open_world_of_dawn(editor.s);
+            else
+                editor.choose(town);
             open_image_file(editor.s, "a.smc"); // the same file again
             save(editor.s);
             ASSERT_TRUE(editor.dialogs.silent());

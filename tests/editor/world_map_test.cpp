@@ -40,7 +40,8 @@ struct WorldEditor : Editor {
     /// Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
     void look_about(Random& random) {
         const Bytes& object = random.below(2) == 0 ? data.entrance : data.event;
-        form.HScroll1.value = random.below(128), form.VScroll1.value = random.below(128);
+        form.HScroll1.value = random.below(128);
+        form.VScroll1.value = random.below(128);
         form.HScroll2.value = std::clamp(object[0] - random.below(40), 0, 224);
         form.VScroll2.value = std::clamp(object[1] - random.below(40), 0, 224);
         for (bool* box : {&form.Check3, &form.Check4, &form.grid_on})
@@ -92,47 +93,54 @@ TEST(WorldMap, EveryStepLeavesThePictureThatAPixelByPixelReferenceGives) {
         if (seed == 0)
             form.grid_on = !form.grid_on;
         editor.expect_picture("grid");
-
-        // A pick leaves the tool, and the coming click may paint.
-        editor.s.changes_saved = true;
-        form.edit_layer = 2;
-        form.tool = Tool::get_tile;
-        editor.click(left, y, x);
-        EXPECT_EQ(form.current_tile, editor.tile_at(y, x));
-        EXPECT_TRUE(form.tool == Tool::get_tile && form.edit_layer == 0);
-        EXPECT_TRUE(editor.s.changes_saved && !editor.s.tile_picked);
-        for (int at = 0; at < 64 * 64; ++at)
-            ASSERT_EQ(form.Picture3[static_cast<std::size_t>(at)],
-                      editor.data.tile_pixel(form.current_tile, at % 64 / 4, at / 64 / 4));
-        form.tool = Tool::draw;
-        editor.s.tile_picked = true; // as a pick on a map leaves it
-        editor.click(right, x, y);   // writes what it has just picked
-        EXPECT_EQ(form.current_tile, editor.tile_at(x, y));
-        EXPECT_FALSE(editor.s.changes_saved);
         form.tool = Tool::objects;
         form.Check3 = form.Check4 = true;
         editor.click(left, x, y);
         EXPECT_EQ(form.Text20, std::to_string(form.HScroll2.value + x / 16));
         editor.expect_picture("objects");
         EXPECT_TRUE(std::ranges::equal(editor.s.world_map.cells, editor.data.tiles));
-
-        open_tile_chooser(editor.s);
-        EXPECT_TRUE(editor.s.form8.visible && !editor.s.form2.visible);
-        for (int row = 0; row < 512; ++row)
-            for (int column = 0; column < 512; ++column) {
-                const auto pixel = editor.data.tile_pixel(row / 32 * 16 + column / 32,
-                                                          column / 2 % 16, row / 2 % 16);
-                const bool line = row % 32 == 0 || column % 32 == 0;
-                ASSERT_EQ(editor.s.tile_sheet.row(row)[column], line ? 0xFFFFFF : pixel);
-            }
     }
+}
+
+TEST(WorldMap, APickTakesTheTileAndTheNextClickMayPaint) {
+    WorldEditor editor;
+    Form1& form = editor.form;
+    const std::uint8_t here = editor.tile_at(300, 40), there = editor.tile_at(100, 200);
+    ASSERT_TRUE(here != 0 && there != here);
+    form.edit_layer = 2;
+    form.tool = Tool::get_tile;
+    editor.click(left, 300, 40);
+    EXPECT_EQ(form.current_tile, here);
+    EXPECT_TRUE(form.tool == Tool::get_tile && form.edit_layer == 0);
+    EXPECT_TRUE(editor.s.changes_saved && !editor.s.tile_picked);
+    for (int at = 0; at < 64 * 64; ++at)
+        ASSERT_EQ(form.Picture3[static_cast<std::size_t>(at)],
+                  editor.data.tile_pixel(here, at % 64 / 4, at / 64 / 4));
+    form.tool = Tool::draw;
+    editor.s.tile_picked = true;   // as a pick on a map leaves it
+    editor.click(right, 100, 200); // writes what it has just picked
+    EXPECT_EQ(form.current_tile, there);
+    EXPECT_FALSE(editor.s.changes_saved);
+    EXPECT_TRUE(std::ranges::equal(editor.s.world_map.cells, editor.data.tiles));
+}
+
+TEST(WorldMap, TheChooserShowsItsSheetAlone) {
+    WorldEditor editor(1);
+    open_tile_chooser(editor.s);
+    EXPECT_TRUE(editor.s.form8.visible && !editor.s.form2.visible);
+    for (int y = 0; y < 512; ++y)
+        for (int x = 0; x < 512; ++x) {
+            const bool line = y % 32 == 0 || x % 32 == 0;
+            const auto pixel = editor.data.tile_pixel(y / 32 * 16 + x / 32, x / 2 % 16, y / 2 % 16);
+            ASSERT_EQ(editor.s.tile_sheet.row(y)[x], line ? 0xFFFFFF : pixel);
+        }
 }
 
 TEST(WorldMap, OpeningGoesThroughItsMapAndComesBack) {
     for (const int world : {0, 1}) {
         WorldEditor editor(static_cast<std::size_t>(world));
         const Form1& form = editor.form;
-        editor.disk.fail({1, false, false}, {});
+        editor.disk.fail({.at = 1}, {});
         editor.s.rom.read_byte(0); // refused long before
         editor.open();
         EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open);
@@ -207,9 +215,11 @@ TEST(WorldMap, AClickOpensItsObjectsTheEventLast) {
     refresh_map(editor.s); // reads the long entrance, too
     editor.open();
     form.tool = Tool::objects;
-    form.HScroll2.value = 190, form.VScroll2.value = 40;
+    form.HScroll2.value = 190;
+    form.VScroll2.value = 40;
     for (const ObjectKind last : {npc, entrance, event_trigger}) { // npc: no box is ticked
-        form.Check4 = last != npc, form.Check3 = last == event_trigger;
+        form.Check4 = last != npc;
+        form.Check3 = last == event_trigger;
         editor.click(left, 165, 165);
         EXPECT_EQ(editor.s.form10.TabStrip1, static_cast<int>(last));
         EXPECT_EQ(editor.s.selected_object.index.value_or(-1), last == npc ? -1 : 1);
@@ -227,9 +237,8 @@ TEST(WorldMap, ASaveTouchesItsStreamAndItsPointerAlone) {
         editor.form.Text24 = "3D0200";
         save(editor.s);
         const Bytes stream = editor.stream();
-        std::ranges::copy(stream, expected.begin() + 0x3D0200);
-        std::ranges::copy(Bytes{0x00, 0x00, 0xFD},
-                          expected.begin() + (world == 0 ? 0x2EB40F : 0x2EB421));
+        put_bytes(expected, 0x3D0200, stream);
+        put_bytes(expected, world_places[world].map_pointer, hex_bytes("00 00 FD"));
         EXPECT_TRUE(editor.image() == expected);
         open_world[1 - world](editor.s);
         editor.open();
@@ -255,7 +264,7 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
     EXPECT_EQ(editor.disk.writes, 0);
     // It comes again until the stream has been written, whatever becomes of the pointer.
     for (const int refused_write : {1, 2, 0}) {
-        editor.disk.fail({}, {refused_write, false, false});
+        editor.disk.fail({}, {.at = refused_write});
         save(editor.s);
         EXPECT_EQ(questions.size(), refused_write == 1 ? 2u : 3u);
         EXPECT_EQ(editor.s.changes_saved, refused_write == 0);
@@ -268,12 +277,15 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
 
 TEST(WorldMap, APointerThatCantNameTheLocationKeepsItsBytes) {
     const Bytes kept{0x00, 0xFF, 0xEE};
-    const ScriptedDialogs::Message six{"Map Data Location must be 6 digits long", "Error"};
+    const Message six{"Map Data Location must be 6 digits long", "Error"};
     // clang-format off
     const struct { const char* text; int location; std::size_t messages; bool six_digits; Bytes pointer; } cases[] = {
-        {"0",      0,        1, false, kept}, {"1G0",    0x100,    2, false, kept},
-        {"1001FF", 0x1001FF, 1, false, kept}, {"100200", 0x100200, 0, true,  {0x00, 0x00, 0xD0}},
-        {"400200", 0x400200, 1, true,  kept}, {"4001FF", 0x4001FF, 0, true,  {0xFF, 0xFF, 0xFF}},
+        {"0",      0,        1, false, kept},
+        {"1G0",    0x100,    2, false, kept},
+        {"1001FF", 0x1001FF, 1, false, kept},
+        {"100200", 0x100200, 0, true,  {0x00, 0x00, 0xD0}},
+        {"4001FF", 0x4001FF, 0, true,  {0xFF, 0xFF, 0xFF}},
+        {"400200", 0x400200, 1, true,  kept},
     };
     // clang-format on
     for (const auto& c : cases) {

@@ -210,8 +210,10 @@ TEST(ScriptLaw, RemovingAndRetypingTakeTheirOwnBytesAndNoOthers) {
         if (random.below(2) == 0) {
             const int clicked = row + random.below(command_end(editor.window.grid, row) - row);
             const int column = clicked == row ? 0 : is_blank(editor.cell(clicked, 1)) ? 2 : 1;
-            const bool blank = is_blank(editor.cell(clicked, column)); // an empty list
-            blank ? editor.click(row, 0) : editor.click(clicked, column);
+            if (is_blank(editor.cell(clicked, column))) // an empty list
+                editor.click(row, 0);
+            else
+                editor.click(clicked, column);
             remove_script_item(*editor.state);
             EXPECT_EQ(editor.encode().bytes, joined({before, behind})) << seed;
         } else {

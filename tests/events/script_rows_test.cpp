@@ -1,7 +1,6 @@
 // What the rows of a script look like, as loaded and as normalised, and what a save refuses.
 
 #include "events/command_table.h"
-#include "support/hex_bytes.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
@@ -80,12 +79,16 @@ TEST(ScriptRows, CellsCarryABlankInFrontAndTheGridASpareRow) {
 TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
     // clang-format off
     const struct { const char *bytes, *row; } cases[] = { // the row of the reference that stands last
-        {"4B 05 40", "|4005||A/> B/> C/> D/> E/> F|1750"}, {"4B 02 80", "|8002||A/> B/> C|1000"}, {"48 01 00", "|1||A/> B|800"},
-        {"4B 9F 0F", "|F9F|||500"},   // past the table: an empty text
-        {"4B 00 10", "|1000||A|500"}, // dialogue 0 before any other
-        {"4B 01 00 4B FF 3F", "|3FFF||A/> B|750"}, {"4B 01 00 4B A0 0F", "|FA0||A/> B|750"}, // the one before it stays
-        {"4B 02 00 B6 01 00 00 02 00 00", "|A0201/A0202/||Offset|500"}, {"4B 00 00 B6", "|||Offset|0"},
-        {"BE 01 09 00 00 B6 01 00 00", "|A0201/||Offset|250"}, // a list count in between
+        {"48 01 00",                      "|1||A/> B|800"},
+        {"4B 02 80",                      "|8002||A/> B/> C|1000"},
+        {"4B 05 40",                      "|4005||A/> B/> C/> D/> E/> F|1750"},
+        {"4B 9F 0F",                      "|F9F|||500"},       // past the table: an empty text
+        {"4B 00 10",                      "|1000||A|500"},     // dialogue 0 before any other
+        {"4B 01 00 4B FF 3F",             "|3FFF||A/> B|750"}, // the one before it stays
+        {"4B 01 00 4B A0 0F",             "|FA0||A/> B|750"},
+        {"4B 00 00 B6",                   "|||Offset|0"},
+        {"4B 02 00 B6 01 00 00 02 00 00", "|A0201/A0202/||Offset|500"},
+        {"BE 01 09 00 00 B6 01 00 00",    "|A0201/||Offset|250"}, // a list count in between
         // An FE at the first cut leaves no trace: not as dialogue FE48, not in its options.
         {"4B 01 00 48 FE 10 B6 01 00 00", "|A0201/||Offset|250"},
     };
@@ -100,26 +103,22 @@ TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
 }
 
 TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
-    const ScriptedDialogs::Message list_told{
-        "Each offset must be 6 digit hex, (i.e. 0A0200 or some such thing)\n"
-        "You can use spaces as seporators, but nothing else or so help me God...",
-        "Oh no jou dihdn't"};
-    const ScriptedDialogs::Message data_told{
-        "You've entered the map data in an incorrect format.\n"
-        "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
-        "and you must enter exactly (Width*Height) bytes of data.",
-        "Nope"};
     const Bytes options{0x4B, 2, 0, 0xB6, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes counted{0xBE, 2, 1, 0, 0, 2, 0, 0, 0xFE};
     const Bytes map_data{0x73, 0, 0, 2, 3, 1, 2, 3, 4, 5, 6, 0xFE};
     // clang-format off
-    const struct { Bytes script; int row; std::string typed, shown; int height; } cases[] = {
-        {options, 4, "0a0203 0A0 204", "0a0203/ 0A0204/", 500},  {options, 4, "0A02030A0204\n0A0205", "0A0203/ 0A0204/ 0A0205/", 750},
-        {options, 4, "A0203", "0A0203/", 250},                   {options, 4, "A0203\r\n10A01FF\r\nB0000", "0A0203/ 10A01FF/ 0B0000/", 750},
-        {counted, 3, "A0203 A0204", "", 0}, // ten digits in a line; or thirty: no guess where one ends
-        {counted, 3, "A0203 A0204 A0205 A0206 A0207 A0208", "A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/", 1250},
-        {options, 4, "12", "", 0},
-        {map_data, 6, "0a1B 2C03\r\ne4F5", "0a1B/ 2C03/ e4F5/", 750}, {map_data, 6, "0A1B2C03E4", "", 0}, {map_data, 6, "0A1B2C03E4F56", "", 0},
+    const struct { Bytes script; int row; std::string typed, shown; int height; } cases[] = { // empty: refused
+        {options,  4, "12",                           "",                          0},
+        {options,  4, "A0203",                        "0A0203/",                   250},
+        {options,  4, "0a0203 0A0 204",               "0a0203/ 0A0204/",           500},
+        {options,  4, "0A02030A0204\n0A0205",         "0A0203/ 0A0204/ 0A0205/",   750},
+        {options,  4, "A0203\r\n10A01FF\r\nB0000",    "0A0203/ 10A01FF/ 0B0000/",  750},
+        // Ten digits in a line, or thirty: no guess where an offset ends.
+        {counted,  3, "A0203 A0204",                  "",                          0},
+        {counted,  3, "A0203 A0204 A0205 A0206 A0207 A0208", "A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/", 1250},
+        {map_data, 6, "0a1B 2C03\r\ne4F5",            "0a1B/ 2C03/ e4F5/",         750},
+        {map_data, 6, "0A1B2C03E4",                   "",                          0},
+        {map_data, 6, "0A1B2C03E4F56",                "",                          0},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -136,7 +135,7 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
             continue;
         }
         EXPECT_EQ(editor.dialogs.messages,
-                  (Messages{c.script == map_data ? data_told : list_told}));
+                  (Messages{c.script == map_data ? bad_map_data : bad_offsets}));
         EXPECT_TRUE(editor.window.Text2_visible);
         EXPECT_EQ(editor.window.Text2, "");
         EXPECT_EQ(editor.window.grid_row, c.row);
@@ -155,20 +154,32 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
     const char* in_queue = "its actions do not make up its number of bytes";
     // clang-format off
     const struct { int row, column; const char* text; int told_row; std::string why; } cases[] = { // empty: it can be encoded
-        {2, 1, " FF ", 0, ""},         {2, 1, "100", 2, in_byte},    {2, 1, "100000001", 2, in_byte},
-        {4, 1, "FFFF", 0, ""},         {4, 1, "10000", 4, "its value does not fit in a word"},
-        {6, 1, "0A01FF", 6, offset},   {6, 1, " ", 6, offset},       {6, 1, "10A0200", 6, offset},   {6, 1, "10A01FF", 0, ""},
-        {8, 1, "2", 9, "its list holds fewer offsets than its count tells"},
-        {8, 1, "0", 0, ""}, // the first ones, as many as told
-        {9, 1, "0A01", 9, "its digits make no whole offsets"},       {9, 1, "000000", 9, offset},
-        {11, 1, "4", 11, in_queue},    {11, 1, "2", 11, in_queue},   {11, 1, "83", 0, ""},
-        {12, 1, "80", 13, "it belongs to no action"},                {12, 1, "1E0", 12, in_byte},    {13, 2, "1FF", 13, in_byte},
-        {14, 1, "D5", 14, "the action lacks rows"},
-        {18, 1, "3", 20, "its width and height take exactly 6 bytes of data"},
-        {1, 0, " ", 1, "it belongs to no command"},                  {3, 0, " ", 3, "its command has no such row"},
-        {4, 0, "38", 3, "the command lacks rows"},
-        {3, 0, "FE", 0, ""}, // what stands below the first FE is not looked at
-        {21, 0, "38", 22, "the script has no FE at its end"},
+        {2,  1, " FF ",      0,  ""},
+        {2,  1, "100",       2,  in_byte},
+        {2,  1, "100000001", 2,  in_byte},
+        {4,  1, "FFFF",      0,  ""},
+        {4,  1, "10000",     4,  "its value does not fit in a word"},
+        {6,  1, " ",         6,  offset},
+        {6,  1, "0A01FF",    6,  offset},
+        {6,  1, "10A01FF",   0,  ""},
+        {6,  1, "10A0200",   6,  offset},
+        {8,  1, "0",         0,  ""}, // the first ones, as many as told
+        {8,  1, "2",         9,  "its list holds fewer offsets than its count tells"},
+        {9,  1, "0A01",      9,  "its digits make no whole offsets"},
+        {9,  1, "000000",    9,  offset},
+        {11, 1, "2",         11, in_queue},
+        {11, 1, "4",         11, in_queue},
+        {11, 1, "83",        0,  ""},
+        {12, 1, "80",        13, "it belongs to no action"},
+        {12, 1, "1E0",       12, in_byte},
+        {13, 2, "1FF",       13, in_byte},
+        {14, 1, "D5",        14, "the action lacks rows"},
+        {18, 1, "3",         20, "its width and height take exactly 6 bytes of data"},
+        {1,  0, " ",         1,  "it belongs to no command"},
+        {3,  0, " ",         3,  "its command has no such row"},
+        {4,  0, "38",        3,  "the command lacks rows"},
+        {3,  0, "FE",        0,  ""}, // what stands below the first FE is not looked at
+        {21, 0, "38",        22, "the script has no FE at its end"},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -195,9 +206,7 @@ TEST(ScriptRows, ACellThatIsNotHexadecimalIsToldAndCountsAsTheParserSays) {
     editor.window.grid[4].cells[1] = " ";  // a blank one counts 0
     editor.window.grid[5].cells[1] = "F3"; // of a nibble's cell the low four bits
     EXPECT_EQ(editor.encode().bytes, (Bytes{0x3D, 0x11, 0x55, 0x03, 0xFE}));
-    EXPECT_EQ(editor.dialogs.messages,
-              (Messages{{"The number G1 you've entered is not valid hex", "Warning"},
-                        {"invalid hex", "I Pity The Fool"}}));
+    EXPECT_EQ(editor.dialogs.messages, (Messages{no_number("G1", "hex"), blank_hex}));
 }
 
 } // namespace

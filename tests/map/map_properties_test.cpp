@@ -53,7 +53,10 @@ TEST(MapProperties, FieldsShowTheRecordInTheirForms) {
     ASSERT_TRUE(rom.write(data_pointer_offset(5), pointer24_bytes(0x12345)));
     ASSERT_TRUE(rom.write_byte(monster_set_offset(7), 0xAB));
     MapProperties record{};
-    record[2] = record[7] = 0xFF, record[5] = 0x80, record[13] = 5, record[23] = 0xE4;
+    record[2] = record[7] = 0xFF;
+    record[5] = 0x80;
+    record[13] = 5;
+    record[23] = 0xE4;
     Form1 form;
     show_record(rom, record, form);
     show_monster_set(rom, 7, form);

@@ -12,9 +12,8 @@ namespace {
 
 struct Image : OpenImage {
     Image() : OpenImage(Bytes(rom_layout::image_size, 0)) {}
-    void word(std::int64_t offset, int value) {
-        rom.write_byte(offset, static_cast<std::uint8_t>(value));
-        rom.write_byte(offset + 1, static_cast<std::uint8_t>(value >> 8));
+    void word(int offset, int value) {
+        put_word(bytes(), static_cast<std::size_t>(offset), static_cast<std::size_t>(value));
     }
     // Packs bytes to a stream at an offset.
     void stream(std::int64_t offset, std::span<const std::uint8_t> bytes) {
@@ -31,10 +30,17 @@ TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
     image.word(0x9401 - 16 + 10 * 2 + 6, 0x7FFF); // frame 3
     AnimTileTable table{};
     fill_anim_tile_table(image.rom, 3, table);
+    // clang-format off
     const std::pair<std::size_t, int> entries[] = {
-        {8, 0x260300},      {11, 0x260300 + 3 * 32},    {12, 0x260200},
-        {64 + 8, 0x624DF},  {64 + 11, 0x624DF}, // nothing is added for the character
-        {128 + 8, 0x624FF}, {192 + 9, 0x624FF + 0x7FFF}};
+        {8,        0x260300},
+        {8 + 3,    0x260300 + 3 * 32},
+        {12,       0x260200},
+        {64 + 8,   0x624DF},
+        {64 + 11,  0x624DF}, // nothing is added for the character
+        {128 + 8,  0x624FF},
+        {192 + 9,  0x624FF + 0x7FFF},
+    };
+    // clang-format on
     for (const auto& [entry, offset] : entries)
         EXPECT_EQ(table[entry], offset) << entry;
 
@@ -59,8 +65,18 @@ TEST(TileSources, CharactersComeFromTheirGroups) {
     CharacterGraphics graphics;
     // clang-format off
     const struct { int attribute, tile, source; } cases[] = {
-        {0x00, 0x80, 0x080},  {0xFC, 0xFF, 0x0FF},  {0x01, 0x00, 0x100},  {0x01, 0x7F, 0x17F}, {0x01, 0x80, 0x200},  {0x02, 0x00, 0x300},
-        {0x02, 0x80, 0x8000}, {0x02, 0xFF, 0x807F}, {0x03, 0x00, 0x8080}, {0x03, 0x7F, 0x80FF}, {0x03, 0x80, 0x8000}, {0x03, 0xFF, 0x807F},
+        {0x00, 0x80, 0x0080},
+        {0xFC, 0xFF, 0x00FF},
+        {0x01, 0x00, 0x0100},
+        {0x01, 0x7F, 0x017F},
+        {0x01, 0x80, 0x0200},
+        {0x02, 0x00, 0x0300},
+        {0x02, 0x80, 0x8000},
+        {0x02, 0xFF, 0x807F},
+        {0x03, 0x00, 0x8080},
+        {0x03, 0x7F, 0x80FF},
+        {0x03, 0x80, 0x8000},
+        {0x03, 0xFF, 0x807F},
     };
     // clang-format on
     for (const bool third_missing : {false, true}) {
@@ -80,21 +96,23 @@ TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
     Image image;
     image.rom.write(rom_layout::tileset_pointers + 3 * 84, pointer24_bytes(0x1234));
     Form1 form;
-    form.Text8 = "84", form.Text9 = "85", form.Text10 = "2147483647", form.Text11 = "x";
+    form.Text8 = "84";
+    form.Text9 = "85";
+    form.Text10 = "2147483647";
+    form.Text11 = "x";
     const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
     EXPECT_EQ(read_tilesets(image.rom, form, image.dialogs), expected);
     EXPECT_EQ(image.dialogs.messages,
               (Messages{{"There is no tileset 85: the highest is 84.", "Error"},
                         {"There is no tileset 2147483647: the highest is 84.", "Error"},
-                        {"The number x you've entered is not valid decimal", "Warning"}}));
+                        no_number("x", "decimal")}));
 }
 
 TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
     Image image;
     Random random(2);
     Bytes bytes(6000);
-    for (std::uint8_t& byte : bytes)
-        byte = random.byte() & 3;
+    std::ranges::generate(bytes, [&] { return random.byte() & 3; });
     image.rom.write(rom_layout::formation_pointers + 3 * 9, pointer24_bytes(0x100));
     image.stream(rom_layout::formation_data + 0x100, std::span(bytes).first(2048));
     image.rom.write(rom_layout::layer3_graphics_pointers + 3 * 6, pointer24_bytes(0x40));
@@ -134,12 +152,17 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     auto buffer = std::make_unique<DecompressBuffer>();
     // clang-format off
     const struct { const char *width, *height; int columns, rows; bool rows_missing; } cases[] = {
-        {"128", "64", 128, 64, false}, {"16", "16", 16, 16, false},               {"x", "16", 0, 0, false},
-        {"64", "128", 64, 64, true},   {"2147483647", "9999", 128, 64, true}};
+        {"128",        "64",   128, 64, false},
+        {"16",         "16",   16,  16, false},
+        {"x",          "16",   0,   0,  false},
+        {"64",         "128",  64,  64, true},
+        {"2147483647", "9999", 128, 64, true},
+    };
     // clang-format on
     for (const auto& c : cases) {
         Form1 form;
-        form.Text1 = c.width, form.Text3 = c.height;
+        form.Text1 = c.width;
+        form.Text3 = c.height;
         Layer layer;
         layer.layer_offset = 0x10;
         layer.map.cells.fill(0xEE);

@@ -40,30 +40,33 @@ TEST(ObjectRecord, RandomRecordsComeBackByteForByte) {
 // The bytes that the numbers in the fields make, each of them a plain sum.
 ObjectBytes summed(ObjectKind kind, const Form10& f, const ObjectBytes& old, const int (&n)[8],
                    int flag_byte, int flag_bit) {
-    int b[9] = {};
+    std::array<int, max_object_size> b{};
     const int e = n[kind == npc ? 1 : 4] - 0xA0200;
     switch (kind) {
-        // clang-format off
     case npc:
-        b[0] = e, b[1] = e >> 8, b[2] = (flag_bit & 3) * 64 + (old[2] & 0x20) + (n[2] & 7) * 4 + (e >> 16 & 0xFF);
-        b[3] = (flag_byte - 0x1EE0) * 2 + (flag_bit >> 2), b[4] = n[5], b[5] = f.Combo3 * 64 + n[6], b[6] = n[7];
-        b[7] = f.Combo1 * 64 + f.Check2 * 32 + f.Check1 * 16 + f.Combo4;
-        b[8] = (old[8] & 0xF8) + (f.Check3 ? 0 : 4) + f.Combo2;
+        b = {e,
+             e >> 8,
+             (flag_bit & 3) * 64 + (old[2] & 0x20) + (n[2] & 7) * 4 + (e >> 16 & 0xFF),
+             (flag_byte - 0x1EE0) * 2 + (flag_bit >> 2),
+             n[5],
+             f.Combo3 * 64 + n[6],
+             n[7],
+             f.Combo1 * 64 + f.Check2 * 32 + f.Check1 * 16 + f.Combo4,
+             (old[8] & 0xF8) + (f.Check3 ? 0 : 4) + f.Combo2};
         break;
     case chest:
-        b[0] = n[1], b[1] = n[2], b[2] = (flag_byte & 0x1F) * 8 + flag_bit, b[4] = f.Combo2;
-        b[3] = f.Check3 * 4 + f.Check1 * 2 + f.Check2 + (f.option < 0 ? 0 : 8 << f.option);
+        b = {n[1], n[2], (flag_byte & 0x1F) * 8 + flag_bit,
+             f.Check3 * 4 + f.Check1 * 2 + f.Check2 + (f.option < 0 ? 0 : 8 << f.option), f.Combo2};
         break;
     case event_trigger:
-        b[0] = n[1], b[1] = n[2], b[2] = e, b[3] = e >> 8, b[4] = e >> 16;
+        b = {n[1], n[2], e, e >> 8, e >> 16};
         break;
     case entrance:
-        b[0] = n[1], b[1] = n[2], b[2] = n[4], b[3] = n[4] >> 8, b[4] = n[7], b[5] = n[5];
+        b = {n[1], n[2], n[4], n[4] >> 8, n[7], n[5]};
         break;
     case long_entrance:
-        b[0] = n[1], b[1] = n[2], b[2] = n[6], b[3] = n[4], b[4] = n[4] >> 8, b[5] = n[7], b[6] = n[5];
+        b = {n[1], n[2], n[6], n[4], n[4] >> 8, n[7], n[5]};
         break;
-        // clang-format on
     }
     ObjectBytes bytes;
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -87,9 +90,13 @@ TEST(ObjectRecord, ChangedFieldsPackAsTheSumsSay) {
         const int flag_bit = random.below(8);
         if (kind == npc || kind == chest)
             f.Text4 = format_hex(flag_byte) + ":" + format_hex(flag_bit);
-        f.Combo1 = random.below(4), f.Combo2 = random.below(kind == chest ? 256 : 4);
-        f.Combo3 = random.below(4), f.Combo4 = random.below(16), f.option = random.below(6) - 1;
-        f.Check1 = random.below(2), f.Check2 = random.below(2), f.Check3 = random.below(2);
+        f.Combo1 = random.below(4);
+        f.Combo2 = random.below(kind == chest ? 256 : 4);
+        f.Combo3 = random.below(4);
+        f.Combo4 = random.below(16);
+        f.option = random.below(6) - 1;
+        for (bool* box : {&f.Check1, &f.Check2, &f.Check3})
+            *box = random.below(2) != 0;
         const ObjectBytes old = any_record(kind, random);
         const auto packed = pack_object(kind, old, f, dialogs);
         ASSERT_TRUE(packed);
@@ -99,7 +106,6 @@ TEST(ObjectRecord, ChangedFieldsPackAsTheSumsSay) {
 }
 
 TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
-    using Message = ScriptedDialogs::Message;
     const Message large = {"The event address you've entered is too large", "Error"};
     const Message format = {"Your input must be in the following format xxxx:y", "error"};
     const Message bit = {"Your flag bit must 0 - 7", "Error"};
@@ -107,42 +113,66 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
         "byte must be no greater than 1F and your bit must be no greater than 7",
         "Error"};
-    const auto hex = [](const char* text) {
-        return Message{std::string("The number ") + text + " you've entered is not valid hex",
-                       "Warning"};
+    const auto hex = [](const char* text) { return no_number(text, "hex"); };
+    const auto expect = [](ObjectKind kind, std::string Form10::*field, const std::string& text,
+                           bool packed, const Messages& messages) {
+        Form10 form;
+        unpack_object(kind, {}, form);
+        form.*field = text;
+        ScriptedDialogs dialogs;
+        EXPECT_EQ(pack_object(kind, {}, form, dialogs).has_value(), packed) << text;
+        EXPECT_EQ(dialogs.messages, messages) << text;
     };
-    const Message invalid = {"invalid hex", "I Pity The Fool"};
     // clang-format off
-    const struct { ObjectKind kind; std::string Form10::*field; const char* text; Messages messages; bool packed; } cases[] = {
-        {npc, &Form10::Text1, "A0200", {}, true},          {npc, &Form10::Text1, " A 02 00 ", {}, true},
-        {npc, &Form10::Text1, "", {}, true},               {npc, &Form10::Text1, "0A0200", {large}, false},
-        {npc, &Form10::Text1, "A020G", {hex("0A020G")}, true}, {npc, &Form10::Text4, "1EE0:4", {}, true},
-        {npc, &Form10::Text4, "1EE0:8", {bit}, false},     {npc, &Form10::Text4, "1EE0:4 ", {format}, false}, // blanks count
-        {npc, &Form10::Text4, "1EE0-9", {format, bit}, false}, {npc, &Form10::Text4, "", {format}, false},
-        {npc, &Form10::Text4, "1EEX:4", {hex("1EEX")}, true},  {npc, &Form10::Text5, " ", {invalid}, true},
-        {chest, &Form10::Text4, "3:5", {}, true},          {chest, &Form10::Text4, " 1 F : 7 ", {}, true},
-        {chest, &Form10::Text4, "20:0", {wrong}, false},   {chest, &Form10::Text4, "1F:8", {wrong}, false},
-        {chest, &Form10::Text4, "1F:45", {wrong}, false},  {chest, &Form10::Text4, "012:4", {wrong, wrong, hex(":")}, false},
-        {npc, &Form10::Text4, "1EEü:4", {hex("1EEü")}, true}, {npc, &Form10::Text1, "A020ü", {hex("0A020ü")}, true}, // two bytes
-        {chest, &Form10::Text4, "1ü:4", {hex("1ü")}, true}, {chest, &Form10::Text4, "1:üü", {wrong, hex("1:"), hex("ü")}, false},
-        {chest, &Form10::Text4, "", {wrong}, false},       {chest, &Form10::Text4, "35", {wrong, wrong}, false}, // byte 35, too
-        {chest, &Form10::Text1, "1G", {hex("1G")}, true},  {entrance, &Form10::Text6, "x", {}, true}, // no field of its record
+    struct Row { const char* text; bool packed; Messages messages; };
+    const Row events[] = {
+        {"A0200",     true,  {}},
+        {" A 02 00 ", true,  {}},
+        {"",          true,  {}},
+        {"0A0200",    false, {large}},
+        {"A020G",     true,  {hex("0A020G")}},
+        {"A020ü",     true,  {hex("0A020ü")}}, // a character of two bytes, here and below
+    };
+    const Row npc_flags[] = {
+        {"1EE0:4",    true,  {}},
+        {"1EE0:8",    false, {bit}},
+        {"1EE0:4 ",   false, {format}}, // blanks count
+        {"1EE0-9",    false, {format, bit}},
+        {"",          false, {format}},
+        {"1EEX:4",    true,  {hex("1EEX")}},
+        {"1EEü:4",    true,  {hex("1EEü")}},
+    };
+    const Row chest_flags[] = {
+        {"3:5",       true,  {}},
+        {" 1 F : 7 ", true,  {}},
+        {"20:0",      false, {wrong}},
+        {"1F:8",      false, {wrong}},
+        {"1F:45",     false, {wrong}},
+        {"012:4",     false, {wrong, wrong, hex(":")}},
+        {"1ü:4",      true,  {hex("1ü")}},
+        {"1:üü",      false, {wrong, hex("1:"), hex("ü")}},
+        {"",          false, {wrong}},
+        {"35",        false, {wrong, wrong}}, // its byte is 35, too
     };
     // clang-format on
-    for (const auto& c : cases) {
-        Form10 form;
-        unpack_object(c.kind, {}, form);
-        form.*c.field = c.text;
-        ScriptedDialogs dialogs;
-        EXPECT_EQ(pack_object(c.kind, {}, form, dialogs).has_value(), c.packed) << c.text;
-        EXPECT_EQ(dialogs.messages, c.messages) << c.text;
-    }
+    for (const auto& [text, packed, messages] : events)
+        expect(npc, &Form10::Text1, text, packed, messages);
+    for (const auto& [text, packed, messages] : npc_flags)
+        expect(npc, &Form10::Text4, text, packed, messages);
+    for (const auto& [text, packed, messages] : chest_flags)
+        expect(chest, &Form10::Text4, text, packed, messages);
+    expect(npc, &Form10::Text5, " ", true, {blank_hex});
+    expect(chest, &Form10::Text1, "1G", true, {hex("1G")});
+    expect(entrance, &Form10::Text6, "x", true, {}); // no field of its record
     Form10 form; // all fields are looked at, whatever went wrong before
     unpack_object(npc, {}, form);
-    form.Text1 = "1234567", form.Text2 = "", form.Text4 = "1EE0:F", form.Text7 = "Z";
+    form.Text1 = "1234567";
+    form.Text2 = "";
+    form.Text4 = "1EE0:F";
+    form.Text7 = "Z";
     ScriptedDialogs dialogs;
     EXPECT_FALSE(pack_object(npc, {}, form, dialogs));
-    EXPECT_EQ(dialogs.messages, (Messages{large, invalid, bit, hex("Z")}));
+    EXPECT_EQ(dialogs.messages, (Messages{large, blank_hex, bit, hex("Z")}));
 }
 
 } // namespace

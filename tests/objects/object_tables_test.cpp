@@ -12,28 +12,34 @@ using enum ObjectKind;
 
 TEST(ObjectTables, CountsAreRoundedTiesToEven) {
     // clang-format off
-    const struct { ObjectKind kind; std::size_t first, size; int count; } cases[] = {
-        {npc, 0x1000, 13, 1}, {npc, 0x1000, 14, 2},       {npc, 0x1000, 4, 0},       {npc, 0x1000, 0, 0},
-        {npc, 0x1001, 0xFFFF, 0}, {npc, 0, 255 * 9 + 4, 255}, {npc, 0, 255 * 9 + 5, 0}, {npc, 0, 0xFFFF, 0},
-        {entrance, 7, 3, 0},  {entrance, 7, 9, 2},        {entrance, 7, 15, 2},      {entrance, 7, 21, 4},
-        {chest, 9, 8, 2},     {event_trigger, 0xFFF0, 15, 3}, {long_entrance, 7, 4, 1},
+    using Counts = std::vector<std::pair<std::size_t, int>>; // by the bytes of a list
+    const struct { ObjectKind kind; int first; Counts counts; } cases[] = {
+        {npc,           0,      {{255 * 9 + 4, 255}, {255 * 9 + 5, 0}, {0xFFFF, 0}}},
+        {npc,           0x1000, {{0, 0}, {4, 0}, {13, 1}, {14, 2}}},
+        {npc,           0x1001, {{0xFFFF, 0}}}, // it ends before it begins
+        {chest,         9,      {{8, 2}}},
+        {event_trigger, 0xFFF0, {{15, 3}}},
+        {entrance,      7,      {{3, 0}, {9, 2}, {15, 2}, {21, 4}}},
+        {long_entrance, 7,      {{4, 1}}},
     };
     // clang-format on
-    for (const auto& c : cases) {
-        Bytes bytes(0x300200);
-        put_word(bytes, place_of(c.kind).pointers + 2 * 413, c.first);
-        put_word(bytes, place_of(c.kind).pointers + 2 * 414, c.first + c.size);
-        const auto [first, count] = read_object_extent(OpenImage(bytes).rom, c.kind, 413);
-        EXPECT_EQ(std::pair(count, first), std::pair(c.count, static_cast<int>(c.first))) << c.size;
-    }
+    Bytes bytes(0x300200);
+    for (const auto& [kind, first, counts] : cases)
+        for (const auto& [size, count] : counts) {
+            const std::size_t start = static_cast<std::size_t>(first);
+            put_word(bytes, place_of(kind).pointers + 2 * 413, start);
+            put_word(bytes, place_of(kind).pointers + 2 * 414, start + size);
+            const ObjectExtent extent = read_object_extent(OpenImage(bytes).rom, kind, 413);
+            EXPECT_EQ(std::pair(extent.count, extent.first_offset), std::pair(count, first))
+                << size;
+        }
 }
 
 TEST(ObjectTables, ItemNamesAndSpritesAreFound) {
     Bytes bytes(0x300200, 0xFF);
-    const Bytes name = {0x7F, 0x80, 0x99, 0x9A, 0xB3, 0xB4, 0xBD, 190, 191, 192, 193, 194, 195};
-    const Bytes last = {196, 197, 198, 199, 200, 211, 212, 0};
-    std::ranges::copy(name, bytes.data() + 0x12B500 + 31 * 13);
-    std::ranges::copy(last, bytes.data() + 0x12B500 + 255 * 13);
+    const std::size_t names_at = 0x12B500;
+    put_bytes(bytes, names_at + 13 * 31, hex_bytes("7F 80 99 9A B3 B4 BD BE BF C0 C1 C2 C3"));
+    put_bytes(bytes, names_at + 13 * 255, hex_bytes("C4 C5 C6 C7 C8 D3 D4 00"));
     put_word(bytes, 0xD2F2 + 2 * 0x72, 0x5A10);
     put_word(bytes, 0xD43C + 2 * 0x72, 0x77D5); // the bank is the low byte
     OpenImage image(bytes);
@@ -109,7 +115,8 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
         const int size = 16 << random.below(4);
         const int h = round % 50 == 0 ? 2147483647 : random.below(40);
         const int v = round % 70 == 0 ? -2147483647 : random.below(40);
-        drawn->pixels.fill(0x123456), expected->pixels.fill(0x123456);
+        drawn->pixels.fill(0x123456);
+        *expected = *drawn;
         ASSERT_TRUE(kind != npc || list.row_count == 0 ||
                     !object_covers(kind, list, 0, list.bytes[4], list.bytes[5] % 64));
         draw_markers(kind, list, {h, v, size}, *drawn);
@@ -117,8 +124,11 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
             const Place p = place_in(kind, object_row(kind, list, i));
             const std::int64_t x0 = (std::int64_t{p.x} - h) * size, x1 = x0 + p.width * size;
             const std::int64_t y0 = (std::int64_t{p.y} - v) * size, y1 = y0 + p.height * size;
+            for (std::int64_t x = x0; x <= x1; ++x)
+                for (const std::int64_t y : {y0, y1})
+                    plot(x, y, colours[static_cast<int>(kind)]);
             for (std::int64_t y = y0; y <= y1; ++y)
-                for (std::int64_t x = x0; x <= x1; x += y == y0 || y == y1 ? 1 : x1 - x0)
+                for (const std::int64_t x : {x0, x1})
                     plot(x, y, colours[static_cast<int>(kind)]);
             for (int y = 0; y < 256; ++y)
                 for (int x = 0; x < 256; ++x)

@@ -1,44 +1,44 @@
 #include "render/literal_render.h"
+#include "support/bytes.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <climits>
-#include <random>
 
 namespace veldrune::test {
 
 constexpr Colour mark = 0xFF000000; // no colour that composition makes
 
 struct Compose : testing::Test {
-    std::mt19937 random{1};
+    Random random{1};
     FormationBitmaps bitmaps;
     PixelBuffer picture, before, full;
     std::array<LayerMap, layer_count> maps;
     MapView view;
 
-    int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
-    int from(std::initializer_list<int> values) { return values.begin()[random() % values.size()]; }
-    std::uint8_t tile() { return static_cast<std::uint8_t>(random()); }
-
+    int from(std::initializer_list<int> values) {
+        return values.begin()[random.below(static_cast<int>(values.size()))];
+    }
     void choose_formations() {
         for (auto* bitmap : {&bitmaps.layer1_high, &bitmaps.layer1_low, &bitmaps.layer2_high,
                              &bitmaps.layer2_low, &bitmaps.layer3_pixels})
-            for (Formation& formation : *bitmap)
-                for (const int holes = below(5); Colour & colour : formation)
-                    colour = below(4) < holes ? 0 : random() & 0xFFFFFF;
+            for (Formation& formation : *bitmap) {
+                const int holes = random.below(5); // of 4 pixels
+                for (Colour& colour : formation)
+                    colour = random.below(4) < holes ? 0 : random.engine() & 0xFFFFFF;
+            }
     }
     void choose_view() {
         for (std::size_t layer = 0; layer < layer_count; ++layer) {
-            std::generate(maps[layer].cells.begin(), maps[layer].cells.end(),
-                          [&] { return tile(); });
+            random.fill(maps[layer].cells);
             view.maps[layer] = &maps[layer];
             view.widths[layer] = from({INT_MIN, -1, 0, 1, 33, 64, 127, 128, 129, INT_MAX});
             view.heights[layer] = from({INT_MIN, -1, 0, 1, 32, 63, 64, 65, 128, INT_MAX});
-            view.stack.shown[layer] = below(4) != 0;
+            view.stack.shown[layer] = random.below(4) != 0;
         }
-        view.stack.layer3_order = below(3);
-        view.stack.blend = static_cast<Layer3Blend>(below(3));
+        view.stack.layer3_order = random.below(3);
+        view.stack.blend = static_cast<Layer3Blend>(random.below(3));
         view.h = from({0, 1, 5, 20, 100, 127, INT_MAX});
         view.v = from({0, 1, 5, 20, 40, 63, INT_MAX});
         view.cells_across = from({4, 8, 16, 32});
@@ -76,9 +76,10 @@ TEST_F(Compose, DrawsCellsLikeTheLiteralComposerAndNothingElse) {
             choose_formations();
         choose_view();
         const int across = view.cells_across, size = view.tile_size();
-        const int x0 = below(across), x1 = x0 + 1 + below(across - x0), cell_x = below(across);
-        const int y0 = below(across), y1 = y0 + 1 + below(across - y0), cell_y = below(across);
-        const CellTiles tiles = {tile(), tile(), tile()};
+        const int x0 = random.below(across), x1 = x0 + 1 + random.below(across - x0);
+        const int y0 = random.below(across), y1 = y0 + 1 + random.below(across - y0);
+        const int cell_x = random.below(across), cell_y = random.below(across);
+        const CellTiles tiles = random.bytes<layer_count>();
         picture.pixels.fill(mark);
         compose_cells(bitmaps, view, x0, y0, x1, y1, picture);
         compose_one_cell(bitmaps, view, cell_x, cell_y, tiles, picture);
@@ -103,14 +104,20 @@ TEST_F(Compose, ScrollingGivesTheViewAtTheNewPlaceAndMovesMarks) {
         const int last_h = view.h, last_v = view.v, across = view.cells_across;
         literal_compose(bitmaps, view, before);
         for (int i = 0; i < 2000; ++i)
-            before.row(below(view_size))[below(view_size)] = mark;
+            before.row(random.below(view_size))[random.below(view_size)] = mark;
         picture = before;
-        const int kind = below(9); // mostly one direction; both or none now and then
-        for (int* place : {&view.h, &view.v})
-            if (kind == 8 || kind % 2 == (place == &view.v))
-                *place = static_cast<int>(std::clamp(
-                    0LL + *place + from({0, 1, -1, below(across), -below(across), across, -across}),
-                    0LL, 0LL + INT_MAX));
+        const auto moved_from = [&](int place) {
+            const int far = random.below(across);
+            const long long moved = 0LL + place + from({0, 1, -1, far, -far, across, -across});
+            return static_cast<int>(std::clamp(moved, 0LL, 0LL + INT_MAX));
+        };
+        const bool both = random.below(9) == 0; // mostly one direction
+        const bool move_h = both || random.below(2) == 0;
+        const bool move_v = both || !move_h;
+        if (move_h)
+            view.h = moved_from(view.h);
+        if (move_v)
+            view.v = moved_from(view.v);
         scroll_picture(bitmaps, view, last_h, last_v, picture);
         literal_compose(bitmaps, view, full);
         const int dx = view.h - last_h, dy = view.v - last_v;
@@ -141,13 +148,16 @@ struct Formations : testing::Test {
 TEST_F(Formations, AttributesPlaceTheOnePixelOfACharacter) {
     // Character 0x285 has its pixel (1, 2) alone set, by planes 0, 2 and 3: value 13.
     graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
-    const struct {
-        std::uint8_t quadrant, attribute;
-        std::size_t place; // 16 * y + x
-        Colour high, low;
-    } cases[] = {{0, 0x02, 16 * 2 + 1, 0, 0x1000D},  {1, 0x22, 16 * 2 + 9, 0x1000D, 0},
-                 {2, 0x42, 16 * 10 + 6, 0, 0x1000D}, {3, 0x82, 16 * 13 + 9, 0, 0x1000D},
-                 {0, 0xE6, 16 * 5 + 6, 0x1001D, 0},  {3, 0x1E, 16 * 10 + 9, 0, 0x1007D}};
+    // clang-format off
+    const struct { std::uint8_t quadrant, attribute; std::size_t place; Colour high, low; } cases[] = { // place: 16 * y + x
+        {0, 0x02, 16 * 2 + 1,  0,       0x1000D},
+        {1, 0x22, 16 * 2 + 9,  0x1000D, 0},
+        {2, 0x42, 16 * 10 + 6, 0,       0x1000D},
+        {3, 0x82, 16 * 13 + 9, 0,       0x1000D},
+        {0, 0xE6, 16 * 5 + 6,  0x1001D, 0},
+        {3, 0x1E, 16 * 10 + 9, 0,       0x1007D},
+    };
+    // clang-format on
     for (const auto& [quadrant, attribute, place, high, low] : cases) {
         characters = {};
         characters.tiles[28u + quadrant] = 0x85;
@@ -164,16 +174,13 @@ TEST_F(Formations, AttributesPlaceTheOnePixelOfACharacter) {
 }
 
 TEST_F(Formations, DecodeLikeTheLiteralDecoder) {
-    std::mt19937 random(3);
-    const auto fill = [&](auto& bytes) {
-        std::generate(bytes.begin(), bytes.end(), [&] { return std::uint8_t(random() % 256); });
-    };
+    Random random(3);
     for (int round = 0; round < 20; ++round) {
-        fill(characters.tiles);
-        fill(characters.attributes);
-        fill(layer3);
+        random.fill(characters.tiles);
+        random.fill(characters.attributes);
+        random.fill(layer3);
         for (auto& character : graphics)
-            fill(character);
+            random.fill(character);
         decode_layer_tiles(characters, graphics, palette, bitmaps.layer1_high, bitmaps.layer1_low);
         decode_layer3_tiles(layer3, palette, bitmaps.layer3_pixels);
         literal_decode_layer_tiles(characters, graphics, palette, expected.layer1_high,

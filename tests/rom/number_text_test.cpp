@@ -6,18 +6,19 @@
 namespace veldrune::test {
 namespace {
 
-Messages warnings(std::size_t count, const std::string& text, const std::string& kind) {
-    return {count, {"The number " + text + " you've entered is not valid " + kind, "Warning"}};
-}
-
 TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
     // clang-format off
     const struct { std::string text, normalised; std::uint32_t value; std::size_t warnings; } cases[] = {
-        {" 1a 2f\r\n", "1A2F", 0x1A2F, 0},     {"1a\r \n2", "1A2", 0x1A2, 0},
-        {"1G", "1G", 0x10, 1},                 {"1\n", "1\n", 0x10, 1},     // the last place counts 0; only a whole line break is dropped
-        {"G1", "G1", 0x11, 1},                 {"-1", "-1", 0x11, 1},       // a bad place counts as the one to its right
-        {"G2H", "G2H", 0x220, 2},              {"1\u00e4", "1\u00e4", 0x10, 1}, // one warning a bad character, whatever bytes it takes
-        {"ffffffff", "FFFFFFFF", 0xFFFFFFFF, 0}, {"123456789A", "123456789A", 0x3456789A, 0}, // wraps to 32 bits
+        {" 1a 2f\r\n", "1A2F",       0x1A2F,     0},
+        {"1a\r \n2",   "1A2",        0x1A2,      0},
+        {"1\n",        "1\n",        0x10,       1}, // only a whole line break is dropped
+        {"1G",         "1G",         0x10,       1}, // the last place counts 0
+        {"G1",         "G1",         0x11,       1}, // a bad place counts as the one to its right
+        {"-1",         "-1",         0x11,       1},
+        {"G2H",        "G2H",        0x220,      2}, // one warning a bad character
+        {"1\u00e4",    "1\u00e4",    0x10,       1}, // whatever bytes it takes
+        {"ffffffff",   "FFFFFFFF",   0xFFFFFFFF, 0},
+        {"123456789A", "123456789A", 0x3456789A, 0}, // wraps to 32 bits
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -25,20 +26,28 @@ TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
         std::string text = c.text;
         EXPECT_EQ(static_cast<std::uint32_t>(parse_hex_text(text, dialogs)), c.value) << c.text;
         EXPECT_EQ(text, c.normalised);
-        EXPECT_EQ(dialogs.messages, warnings(c.warnings, c.normalised, "hex")) << c.text;
+        EXPECT_EQ(dialogs.messages, Messages(c.warnings, no_number(c.normalised, "hex"))) << c.text;
     }
     for (std::string blank : {"", "  ", "\r\n "}) {
         ScriptedDialogs dialogs;
         EXPECT_EQ(parse_hex_text(blank, dialogs), 0);
-        EXPECT_EQ(dialogs.messages, (Messages{{"invalid hex", "I Pity The Fool"}}));
+        EXPECT_EQ(dialogs.messages, Messages{blank_hex});
     }
 }
 
 TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
     // clang-format off
     const struct { std::string text; int value; bool is_number; } cases[] = {
-        {"0", 0, true},   {"64", 64, true},   {" 7 ", 7, true},  {"2147483647", 2147483647, true}, {"99999999999999999999", 2147483647, true},
-        {"", 0, false},   {"  ", 0, false},   {"12x", 12, false}, {"x12", 0, false},               {"-5", 0, false}, {"1 2", 1, false},
+        {"0",                    0,          true},
+        {" 7 ",                  7,          true},
+        {"2147483647",           2147483647, true},
+        {"99999999999999999999", 2147483647, true},
+        {"",                     0,          false},
+        {"  ",                   0,          false},
+        {"12x",                  12,         false},
+        {"x12",                  0,          false},
+        {"-5",                   0,          false},
+        {"1 2",                  1,          false},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -46,7 +55,8 @@ TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
         const DecimalNumber number = parse_decimal_text(c.text, dialogs);
         EXPECT_EQ(std::pair(number.value, number.is_number), std::pair(c.value, c.is_number));
         EXPECT_EQ(decimal_number(c.text).value, c.value) << c.text;
-        EXPECT_EQ(dialogs.messages, warnings(c.is_number ? 0 : 1, c.text, "decimal")) << c.text;
+        EXPECT_EQ(dialogs.messages, Messages(c.is_number ? 0 : 1, no_number(c.text, "decimal")))
+            << c.text;
     }
 }
 

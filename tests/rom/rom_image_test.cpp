@@ -56,7 +56,7 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
     for (const bool half : {false, true}) {
         disk["b"] = {1};
         for (int at = 1;; ++at) {
-            disk.fail({}, {at, false, half});
+            disk.fail({}, {.at = at, .half = half});
             if (rom.copy_to("b"))
                 break;
             ASSERT_LT(at, 20);
@@ -67,7 +67,7 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
     }
     EXPECT_EQ(disk["b"], disk["a"]);
     disk["b"] = {1};
-    disk.fail({1, true, false}, {}); // the disk stops giving bytes
+    disk.fail({.at = 1, .from_then_on = true}, {}); // the disk stops giving bytes
     EXPECT_FALSE(rom.copy_to("b"));
     EXPECT_EQ(disk["b"], Bytes{1});
 }

@@ -1,6 +1,5 @@
 #include "editor/map_commands.h"
 #include "support/editor_fixture.h"
-#include "support/hex_bytes.h"
 #include "support/write_failures.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +10,8 @@ namespace {
 constexpr std::size_t marks_at = 0x3000E0;
 
 Bytes noise(std::size_t size, std::uint8_t byte0 = 0xFF, std::uint8_t byte1 = 0xFF) {
-    Random random(5);
     Bytes bytes(size);
-    std::ranges::generate(bytes, [&] { return random.byte(); });
+    Random(5).fill(bytes);
     bytes[marks_at] = byte0;
     if (size > marks_at + 1)
         bytes[marks_at + 1] = byte1;
@@ -27,9 +25,9 @@ Bytes patched(Bytes image) {
         image[0x300201 + 3 * i] = image[0xCE803 + 2 * i];
         image[0x300202 + 3 * i] = i < 1592 ? 0xCD : 0xCE;
     }
-    std::ranges::copy(hex_bytes("C2 20 A5 D0 AA A8 E8 E8 88 C0 00 00 D0 F8 BF 00 00 F0 85 C9 98 "
-                                "E2 20 BF 02 00 F0 85 CB"),
-                      image.begin() + 0x81BF);
+    put_bytes(image, 0x81BF,
+              hex_bytes("C2 20 A5 D0 AA A8 E8 E8 88 C0 00 00 D0 F8 BF 00 00 F0 85 C9 98 E2 20 BF "
+                        "02 00 F0 85 CB"));
     image[marks_at + 1] &= 0xFD;
     return image;
 }
@@ -78,7 +76,7 @@ TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
     expect_prefixes_of_writes([] { return Patched(); }, expand);
     for (const int read : {1, 2}) { // and what can't be read is not copied
         Editor editor(noise(0x300200));
-        editor.disk.fail({read}, {});
+        editor.disk.fail({.at = read}, {});
         patch(editor);
         EXPECT_EQ(editor.disk.writes, 0);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
@@ -88,9 +86,12 @@ TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
 TEST(PatchMarks, AreClearedBitsAndFlagsAreOnlySet) {
     // clang-format off
     const struct { std::uint8_t byte0, byte1; std::size_t size; const char* flags; } cases[] = {
-        {0xFF, 0xFE, 0x300200, "0000000001000"}, {0xFF, 0xFD, 0x300200, "0000000010000"},
-        {0xFF, 0xE3, 0x3000E2, "0000000000111"}, {0xFF, 0x1F, 0x300200, "0000000000000"},
-        {0x7D, 0xF7, 0x300200, "0100000100010"}, {0x00, 0x00, 0x3000E1, "0000000000000"},
+        {0xFF, 0xFE, 0x300200, "0000000001000"},
+        {0xFF, 0xFD, 0x300200, "0000000010000"},
+        {0xFF, 0xE3, 0x3000E2, "0000000000111"},
+        {0xFF, 0x1F, 0x300200, "0000000000000"},
+        {0x7D, 0xF7, 0x300200, "0100000100010"},
+        {0x00, 0x00, 0x3000E1, "0000000000000"}, // the file ends between the two
     };
     // clang-format on
     for (const auto& c : cases) {

@@ -73,13 +73,20 @@ void literal_save(Bytes& image, const MapProperties& record, const Fields& f) {
     put24(image, (b[13] + 256 * b[14]) & 0x3FF, f[14]);
     put24(image, ((b[14] + 256 * b[15]) & 0xFFC) / 4, f[12]);
     put24(image, ((b[15] + 256 * b[16]) & 0x3FF0) / 16, f[25]);
-    b[18] = f[39], b[19] = f[40], b[20] = f[42], b[21] = f[43];
+    b[18] = f[39];
+    b[19] = f[40];
+    b[20] = f[42];
+    b[21] = f[43];
     b[7] = (f[8] & 0x7F) + f[9] * 128;
     b[8] = (f[9] & 0x7E) / 2 + f[10] * 64;
     b[9] = (f[10] & 0x7C) / 4 + f[11] * 32;
     b[10] = (b[10] & 0xF0) + (f[11] & 0x78) / 8;
     b[27] = (b[27] & 0xE0) + (f[18] & 0x1F);
-    b[30] = f[16], b[31] = f[17], b[28] = f[44], b[25] = f[13], b[32] = f[37];
+    b[30] = f[16];
+    b[31] = f[17];
+    b[28] = f[44];
+    b[25] = f[13];
+    b[32] = f[37];
     b[22] = f[45];
     b[5] = b[5] % 128 + (f.form.Check8 ? 128 : 0);
     b[2] = (b[2] & 0x80) + (f[46] & 0x7F);
@@ -135,26 +142,29 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
     const MapProperties before = record;
     Form1 form;
     show_record(saver.rom, record, form);
+    form.Text1 = "17x";
+    form.Text2 = "48";
+    form.Text5 = "128";
+    form.Text9 = "";
+    form.Text13 = "12a";
+    form.Text21 = "16x";
+    form.Text22 = "0";
     form.Text41 = "5A";
-    form.Text2 = "48", form.Text21 = "16x", form.Text5 = "128", form.Text22 = "0";
-    form.Text13 = "12a", form.Text9 = "", form.Text46 = "G1", form.Text1 = "17x";
+    form.Text46 = "G1";
     ASSERT_TRUE(save_map_properties(saver.rom, form, record, map_index, saver.dialogs));
-    const ScriptedDialogs::Message width{"The map width must be either 16, 32, 64, or 128",
-                                         "Error"};
-    const ScriptedDialogs::Message height{"The map height must be either 16, 32, or 64", "Error"};
-    const auto warning = [](const std::string& text, const char* kind) {
-        return ScriptedDialogs::Message{
-            "The number " + text + " you've entered is not valid " + kind, "Warning"};
-    };
+    const Message width{"The map width must be either 16, 32, 64, or 128", "Error"};
+    const Message height{"The map height must be either 16, 32, or 64", "Error"};
     EXPECT_EQ(saver.dialogs.messages,
-              (Messages{width, warning("17x", "decimal"), width, warning("16x", "decimal"), height,
-                        height, warning("", "decimal"), warning("12a", "decimal"),
-                        warning("G1", "hex")}));
+              (Messages{width, no_number("17x", "decimal"), width, no_number("16x", "decimal"),
+                        height, height, no_number("", "decimal"), no_number("12a", "decimal"),
+                        no_number("G1", "hex")}));
     MapProperties expected = before;
     set_record_value(expected, RecordField::battle_background, 0x11);
     EXPECT_EQ(record, expected);
     // Save As leaves the bits of a field without a number, too.
-    form.Text46 = "0", form.Text2 = form.Text1 = "16", form.Text5 = "64";
+    form.Text1 = form.Text2 = "16";
+    form.Text5 = "64";
+    form.Text46 = "0";
     ASSERT_TRUE(save_map_properties_as(saver.rom, form, record, map_index, saver.dialogs));
     const MapProperties after = read_record(saver.rom, map_index);
     EXPECT_EQ(after[25], record[25]);
@@ -165,8 +175,20 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
 TEST(SaveProperties, SaveAsHalvesSizesTakenAsBytes) {
     // clang-format off
     const struct { const char* side; int code; } cases[] = { // -1: refused
-        {"16", 0}, {"32", 1}, {"33", 1}, {"64", 2}, {"67", 2}, {"128", 3}, {"135", 3}, {"272", 0},
-        {"48", -1}, {"0", -1}, {"15", -1}, {"136", -1}, {"256", -1}};
+        {"16",  0},
+        {"272", 0},
+        {"32",  1},
+        {"33",  1},
+        {"64",  2},
+        {"67",  2},
+        {"128", 3},
+        {"135", 3},
+        {"0",   -1},
+        {"15",  -1},
+        {"48",  -1},
+        {"136", -1},
+        {"256", -1},
+    };
     // clang-format on
     Random random(5);
     for (const auto& c : cases) {

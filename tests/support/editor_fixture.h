@@ -8,9 +8,7 @@
 #include "support/memory_disk.h"
 #include "support/scripted_dialogs.h"
 
-#include <algorithm>
 #include <memory>
-#include <random>
 
 namespace veldrune::test {
 
@@ -64,21 +62,6 @@ struct Town : Editor {
             build_tileset(s);
     }
     LayerMap& map(std::size_t layer) { return s.layers[layer].map; }
-};
-
-/// Random numbers for tests: the same in every run.
-struct Random {
-    std::mt19937 engine;
-    explicit Random(unsigned seed) : engine(seed) {}
-    /// From 0 to limit - 1.
-    int below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
-    std::uint8_t byte() { return static_cast<std::uint8_t>(engine()); }
-    template <std::size_t size>
-    std::array<std::uint8_t, size> bytes() {
-        std::array<std::uint8_t, size> all;
-        std::ranges::generate(all, [this] { return byte(); });
-        return all;
-    }
 };
 
 } // namespace veldrune::test

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "rom/file_layer.h"
+#include "support/bytes.h"
 
-#include <algorithm>
 #include <map>
-#include <vector>
 
 namespace veldrune::test {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// A disk in memory that fails on demand. Files keep their contents when they are closed.
 class MemoryDisk : public FileLayer {
@@ -21,7 +18,7 @@ class MemoryDisk : public FileLayer {
         bool half = false;
     };
     Fault read_fault;
-    Fault write_fault; // counts writes, creations and renamings
+    Fault write_fault; // counts writes, flushes, creations and renamings
     int reads = 0;
     int writes = 0;
     /// Every write that was done whole, in order.
@@ -117,7 +114,7 @@ class MemoryDisk : public FileLayer {
                 disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
             return !failing;
         }
-        bool flush() override { return true; }
+        bool flush() override { return !fails(disk_.write_fault, ++disk_.writes); }
         std::optional<FileStatus> status() override {
             return FileStatus{{1, contents_->number},
                               static_cast<std::int64_t>(contents_->bytes.size())};

@@ -11,12 +11,8 @@ inline constexpr std::size_t script_at = 0x30000;
 /// An empty image whose dialogue n offers n modulo 6 choices, as "A", "A\r\n> B", ...
 inline Bytes make_script_image() {
     Bytes image(0x110000, 0);
-    for (std::size_t n = 0; n < 3327; ++n) {
-        const std::size_t entry = 0xCE802 + 2 * n;
-        const std::size_t address = 0x1000 + n % 6 * 0x20;
-        image[entry] = static_cast<std::uint8_t>(address);
-        image[entry + 1] = static_cast<std::uint8_t>(address >> 8);
-    }
+    for (std::size_t n = 0; n < 3327; ++n)
+        put_word(image, 0xCE802 + 2 * n, 0x1000 + n % 6 * 0x20);
     for (const std::size_t bank : {0xD0200u, 0xE0200u})
         for (std::size_t options = 0; options < 6; ++options) {
             std::size_t at = bank + 0x1000 + options * 0x20;
@@ -44,7 +40,7 @@ struct ScriptEditor : Editor {
             load(script);
     }
     void load(const Bytes& script) {
-        std::copy(script.begin(), script.end(), image().begin() + script_at);
+        put_bytes(image(), script_at, script);
         state->selected_object.script_offset = script_at;
         open_event_editor(*state);
     }

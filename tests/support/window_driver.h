@@ -27,6 +27,14 @@ inline void work_without_display() {
     });
 }
 
+/// The window of a form, or null while it is hidden.
+inline QWidget* visible_window(const QString& form) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == form && window->isVisible())
+            return window;
+    return nullptr;
+}
+
 /// Works a window as a user does, by mouse and keyboard. Controls are found by their name.
 class WindowDriver {
   public:

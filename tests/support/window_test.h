@@ -20,8 +20,7 @@ namespace veldrune::test {
 /// Answers the boxes that come up while a test waits for them, and keeps what they said.
 class BoxAnswers {
   public:
-    using Box = ScriptedDialogs::Message;
-    std::vector<Box> boxes;
+    Messages boxes;
     std::deque<bool> answers;         // OK or Cancel; OK beyond them
     std::optional<QString> file_name; // cancels file dialogs without it
     std::function<void()> meanwhile;  // runs while the box is up
@@ -102,18 +101,11 @@ class WindowTest : public testing::Test {
         return true;
     }
     bool shows_picture() { return shows(user, state->picture); }
-    /// The window of that form, or null while it is hidden.
-    static QWidget* visible_window(const QString& name) {
-        for (QWidget* other : QApplication::topLevelWidgets())
-            if (other->objectName() == name && other->isVisible())
-                return other;
-        return nullptr;
-    }
-    /// What works such a window, which becomes the active one.
-    static WindowDriver driver(const QString& name) {
-        QWidget* found = visible_window(name);
+    /// What works the window of that form, which becomes the active one.
+    static WindowDriver driver(const QString& form) {
+        QWidget* found = visible_window(form);
         if (!found)
-            throw std::runtime_error("no window " + name.toStdString());
+            throw std::runtime_error("no window " + form.toStdString());
         const WindowDriver works(*found);
         works.activate();
         return works;

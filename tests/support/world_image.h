@@ -63,12 +63,13 @@ inline constexpr WorldPlace world_places[] = {
 /// Runs of random tiles, random graphics and colours, an entrance and an event anywhere.
 inline WorldData random_world(Random& random) {
     WorldData world{Bytes(65536), Bytes(9344), Bytes(512), Bytes(6), Bytes(5)};
-    for (std::size_t i = 0; i < world.tiles.size(); ++i)
-        world.tiles[i] =
-            i > 0 && random.below(12) != 0 ? world.tiles[i - 1 - i % 2 * (i > 1)] : random.byte();
+    for (std::size_t i = 0; i < world.tiles.size(); ++i) {
+        const std::size_t back = i % 2 == 0 || i == 1 ? 1 : 2; // to the tile that is repeated
+        const bool repeats = i > 0 && random.below(12) != 0;
+        world.tiles[i] = repeats ? world.tiles[i - back] : random.byte();
+    }
     for (Bytes* bytes : {&world.graphics, &world.palette, &world.entrance, &world.event})
-        for (std::uint8_t& byte : *bytes)
-            byte = random.byte();
+        random.fill(*bytes);
     return world;
 }
 
@@ -85,11 +86,11 @@ struct WorldImage {
         std::copy_n(worlds[1].palette.begin(), 256, worlds[0].palette.begin() + 256);
         for (std::size_t i = 0; i < 2; ++i) {
             const WorldPlace& place = world_places[i];
-            put(place.map_pointer, place.map_bytes);
-            put(place.graphics_pointer, place.graphics_bytes);
-            put(place.palette, worlds[i].palette);
-            put(place.map, literal_compress_world_map(worlds[i].tiles));
-            put(place.graphics, literal_compress_world_map(worlds[i].graphics));
+            put_bytes(bytes, place.map_pointer, place.map_bytes);
+            put_bytes(bytes, place.graphics_pointer, place.graphics_bytes);
+            put_bytes(bytes, place.palette, worlds[i].palette);
+            put_bytes(bytes, place.map, literal_compress_world_map(worlds[i].tiles));
+            put_bytes(bytes, place.graphics, literal_compress_world_map(worlds[i].graphics));
             put_object(ObjectKind::entrance, i, worlds[i].entrance);
             put_object(ObjectKind::event_trigger, i, worlds[i].event);
         }
@@ -100,10 +101,7 @@ struct WorldImage {
         const std::size_t at = 0x400 + world * place.size;
         put_word(bytes, place.pointers + 2 * world, at);
         put_word(bytes, place.pointers + 2 * world + 2, at + place.size);
-        put(place.base + at, record);
-    }
-    void put(std::size_t at, const auto& data) {
-        std::ranges::copy(data, bytes.begin() + static_cast<std::ptrdiff_t>(at));
+        put_bytes(bytes, place.base + at, record);
     }
 };
 

@@ -1,5 +1,4 @@
 #include "editor/object_window.h"
-#include "support/hex_bytes.h"
 #include "support/window_test.h"
 
 #include <QHeaderView>
@@ -16,14 +15,6 @@ namespace {
 constexpr int town = demo::demo_map::town;
 constexpr std::size_t place = 0xC0000; // of the scripts that these tests put into the image
 const QString place_text = "C0000";
-const BoxAnswers::Box list_refused{
-    "Each offset must be 6 digit hex, (i.e. 0A0200 or some such thing)\n"
-    "You can use spaces as seporators, but nothing else or so help me God...",
-    "Oh no jou dihdn't"};
-const BoxAnswers::Box data_refused{"You've entered the map data in an incorrect format.\n"
-                                   "Each byte must be two didgit hex (i.e. 01 or 1F)\n"
-                                   "and you must enter exactly (Width*Height) bytes of data.",
-                                   "Nope"};
 
 class EventWindowTest : public WindowTest {
   protected:
@@ -45,7 +36,7 @@ class EventWindowTest : public WindowTest {
     QPlainTextEdit& box() { return editor().find<QPlainTextEdit>("Text2"); }
 
     void load(const Bytes& script) {
-        std::ranges::copy(script, disk["a.smc"].begin() + place);
+        put_bytes(disk["a.smc"], place, script);
         load(place_text);
     }
     void load(const QString& offset) {
@@ -101,16 +92,26 @@ class EventWindowTest : public WindowTest {
 TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
     // clang-format off
     const struct { const char *typed, *bytes; } commands[] = {
-        {"38", "38"}, {"3d 7", "3D 07"}, {"37 1 ff", "37 01 FF"}, {"51 1 2 3", "51 01 02 03"},
-        {"3C 1 2 3 4", "3C 01 02 03 04"}, {"A0 1 2 3 4 5", "A0 01 02 03 04 05"},
-        {"84 3E8", "84 E8 03"}, {"4B 3", "4B 03 00"}, {"E8 1 203", "E8 01 03 02"},
-        {"6C 1 2 FFFF", "6C 01 00 02 00 FF FF"}, {"6A 19E 1 2 0", "6A 9E 01 01 02 00"},
-        {"B2 A0201", "B2 01 00 00"}, {"B7 5 10A01FF", "B7 05 FF FF FF"},
-        {"B6 0A02000A0302", "B6 00 00 00 02 01 00"}, {"BE 2 0A02010A0303", "BE 02 01 00 00 03 01 00"},
-        {"C1 8001 2 0A0210", "C1 01 80 02 00 10 00 00"}, {"55 A 5", "55 A5"},
+        {"38",                      "38"},
+        {"3d 7",                    "3D 07"},
+        {"37 1 ff",                 "37 01 FF"},
+        {"51 1 2 3",                "51 01 02 03"},
+        {"3C 1 2 3 4",              "3C 01 02 03 04"},
+        {"A0 1 2 3 4 5",            "A0 01 02 03 04 05"},
+        {"84 3E8",                  "84 E8 03"},
+        {"4B 3",                    "4B 03 00"},
+        {"E8 1 203",                "E8 01 03 02"},
+        {"6C 1 2 FFFF",             "6C 01 00 02 00 FF FF"},
+        {"6A 19E 1 2 0",            "6A 9E 01 01 02 00"},
+        {"B2 A0201",                "B2 01 00 00"},
+        {"B7 5 10A01FF",            "B7 05 FF FF FF"},
+        {"B6 0A02000A0302",         "B6 00 00 00 02 01 00"},
+        {"BE 2 0A02010A0303",       "BE 02 01 00 00 03 01 00"},
+        {"C1 8001 2 0A0210",        "C1 01 80 02 00 10 00 00"},
+        {"55 A 5",                  "55 A5"},
         {"73 1 2 2 3 010203040506", "73 01 02 02 03 01 02 03 04 05 06"},
+        {"10 82 3F",                "10 82 3F FF"},
         {"10 6 80 D5 1 2 E0 5 F9 A0204 FD 3", "10 0D 80 D5 01 02 E0 05 F9 04 00 00 FD 03 FF"},
-        {"10 82 3F", "10 82 3F FF"},
     };
     // clang-format on
     for (const auto& [typed, bytes] : commands) {
@@ -137,12 +138,13 @@ TEST_F(EventWindowTest, ACommandOfEveryFormIsEnteredByTheKeyboardAlone) {
 
 TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
     // clang-format off
-    const struct { const char* script; int row, column; const char* typed; BoxAnswers::Box box; const char *again, *bytes; } cases[] = {
-        {"3D 07 FE", 2, 1, "", {"You must enter some valid hex fool", "Nope"}, "9", "3D 09 FE"},
-        {"A0 01 02 03 04 05 FE", 1, 0, "B6 0A02000A0", list_refused, "A0201", "B6 01 00 00 FE"},
-        {"BE 01 00 00 00 FE", 3, 1, "A02", list_refused, "0A0205", "BE 01 05 00 00 FE"},
-        {"73 00 00 01 02 11 22 FE", 6, 1, "112", data_refused, "3344", "73 00 00 01 02 33 44 FE"},
-        {"37 01 FF FE", 1, 0, "FG", {"The number FG you've entered is not valid hex", "Warning"}, "9", "F0 09 FE"},
+    const Message nothing_typed{"You must enter some valid hex fool", "Nope"};
+    const struct { const char* script; int row, column; const char* typed; Message box; const char *again, *bytes; } cases[] = {
+        {"3D 07 FE",                2, 1, "",             nothing_typed, "9",      "3D 09 FE"},
+        {"A0 01 02 03 04 05 FE",    1, 0, "B6 0A02000A0", bad_offsets,   "A0201",  "B6 01 00 00 FE"},
+        {"BE 01 00 00 00 FE",       3, 1, "A02",          bad_offsets,   "0A0205", "BE 01 05 00 00 FE"},
+        {"73 00 00 01 02 11 22 FE", 6, 1, "112",          bad_map_data,  "3344",   "73 00 00 01 02 33 44 FE"},
+        {"37 01 FF FE",             1, 0, "FG",           no_number("FG", "hex"), "9", "F0 09 FE"},
     };
     // clang-format on
     for (const auto& row : cases) {
@@ -175,7 +177,7 @@ TEST_F(EventWindowTest, WhatCannotBeSavedIsToldAndNothingIsWritten) {
     editor().click("Command2");
     enter("38");
     editor().choose("Save");
-    EXPECT_EQ(answers.boxes.back(), (BoxAnswers::Box{"Not Now", "Veldrune Map Editor"}));
+    EXPECT_EQ(answers.boxes.back(), (Message{"Not Now", "Veldrune Map Editor"}));
     EXPECT_EQ(saved(script.size()), script);
 }
 
@@ -191,8 +193,7 @@ TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {
     EXPECT_EQ(shown(1, explanation), "Load Map");
     EXPECT_FALSE(box().isVisible());
     load("C000G");
-    EXPECT_EQ(answers.boxes[0],
-              (BoxAnswers::Box{"The number C000G you've entered is not valid hex", "Warning"}));
+    EXPECT_EQ(answers.boxes[0], no_number("C000G", "hex"));
     const std::size_t end = disk["a.smc"].size();
     load(QString::number(end - 1, 16));
     EXPECT_EQ(answers.boxes.size(), 2u) << "no end: told";
