@@ -80,17 +80,9 @@ struct Stage {
     }
 };
 
-/// The window of a form that shows, or null.
-QWidget* window_of(const QString& form) {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == form && window->isVisible())
-            return window;
-    return nullptr;
-}
-
 /// The window of a form that must show by now.
 QWidget& shown(const char* form) {
-    QWidget* window = window_of(form);
+    QWidget* window = test::visible_window(form);
     if (!window)
         qFatal("%s does not show", form);
     return *window;
@@ -184,9 +176,9 @@ bool take_objects(const QString& image, const QString& folder) {
     const Stage stage(image);
     stage.show_objects();
     stage.build(demo_map::town);
-    for (int tile = 0; tile < 256 && !window_of("Form10"); ++tile)
+    for (int tile = 0; tile < 256 && !test::visible_window("Form10"); ++tile)
         stage.user.click_picture(tile % 16 * 32 + 8, tile / 16 * 32 + 8);
-    QWidget* window = window_of("Form10");
+    QWidget* window = test::visible_window("Form10");
     if (!window) {
         std::fputs("no object shows in the town\n", stderr);
         return false;

@@ -39,9 +39,7 @@ class OpenEventEditor {
         const test::WindowDriver main(windows_.main_window());
         main.show();
         main.click("Check3"); // any edit shows the state
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->objectName() == "Form9")
-                window_ = window;
+        window_ = test::visible_window("Form9");
         draw();
     }
     void draw() { benchmark::DoNotOptimize(window_->grab().toImage().bits()); }

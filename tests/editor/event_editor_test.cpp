@@ -1,5 +1,6 @@
 // Opening, reopening and saving a script in place.
 
+#include "editor/save.h"
 #include "support/script_fixture.h"
 #include "support/write_failures.h"
 
@@ -157,6 +158,13 @@ TEST(EventEditor, AScriptOfAnotherImageCanNotBeSaved) {
     open_image_file(*editor.state, "a.smc");
     save_script(*editor.state);
     EXPECT_EQ(editor.disk.writes, 1);
+    editor.click(2, 1);
+    editor.type("9");
+    editor.dialogs.file_names = {"c.smc"};
+    save_as(*editor.state); // a copy counts as what it was made of
+    save_script(*editor.state);
+    EXPECT_EQ(editor.disk["c.smc"][script_at + 1], 9);
+    EXPECT_EQ(editor.image()[script_at + 1], 7);
 }
 
 TEST(EventEditor, TheMarkOfTheImageChoosesTheDialogueTable) {

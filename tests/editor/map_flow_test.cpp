@@ -140,6 +140,19 @@ TEST(Build, BadNumbersWarnOnceEachAndTheBuildGoesOn) {
     EXPECT_TRUE(editor.dialogs.silent()); // compositions read silently
 }
 
+TEST(Build, AReadThatTheDiskRefusesIsTold) {
+    for (int at = 1; at <= 9; ++at) {
+        Town editor;
+        editor.disk.fail({.at = at}, {});
+        press(editor, "Command3");
+        EXPECT_EQ(
+            editor.dialogs.messages,
+            (Messages{{"Reading a.smc failed. The tiles are not drawn as the image holds them.",
+                       "Error"}}))
+            << at;
+    }
+}
+
 TEST(View, ScrollBarsFollowTheLargestLayerAndBuildsTreatThemDifferently) {
     Town editor;
     Form1& form = editor.form;

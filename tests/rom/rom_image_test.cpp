@@ -93,6 +93,11 @@ TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
     ASSERT_TRUE(rom.write_byte(3, '9'));
     ASSERT_TRUE(rom.copy_to(a));
     EXPECT_EQ(Folder::contents(a), "1239");
+    const std::string c = folder.file("c", "5");
+    fs::create_symlink(c, folder.path / "symbolic");
+    ASSERT_TRUE(rom.copy_to(folder.path / "symbolic")); // what it leads to is replaced
+    EXPECT_TRUE(fs::is_symlink(folder.path / "symbolic"));
+    EXPECT_EQ(Folder::contents(c), "1239");
 }
 
 } // namespace
