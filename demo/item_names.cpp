@@ -7,8 +7,6 @@
 namespace veldrune::demo {
 namespace {
 
-constexpr std::size_t name_length = 13;
-
 // A name is a make and a thing, 16 makes each of the first 12 kinds; the rest have their own.
 constexpr std::string_view makes[] = {"Old",   "Oak",   "Copper", "Iron",  "Steel", "Silver",
                                       "Gold",  "Ember", "Frost",  "Storm", "Moss",  "Moon",
@@ -52,11 +50,13 @@ std::string item_name(std::size_t number) {
 void write_item_names(ImageWriter& writer) {
     for (std::size_t number = 0; number < rom_layout::item_count; ++number) {
         std::string name = item_name(number);
-        name.resize(name_length, ' ');
+        name.resize(rom_layout::item_name_size, ' ');
         Bytes bytes;
         for (const char letter : name)
             bytes.push_back(static_cast<std::uint8_t>(letter_code(letter)));
-        writer.put(rom_layout::item_names + static_cast<std::int32_t>(name_length * number), bytes);
+        writer.put(rom_layout::item_names +
+                       static_cast<std::int32_t>(rom_layout::item_name_size * number),
+                   bytes);
     }
 }
 

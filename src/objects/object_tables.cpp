@@ -39,7 +39,7 @@ constexpr std::array<char, 256> make_letters() {
     return letters;
 }
 constexpr std::array<char, 256> letter_code = make_letters();
-constexpr std::size_t item_name_size = 13;
+using rom_layout::item_name_size;
 
 // To the nearest whole number, a tie to the even one.
 constexpr int rounded_quotient(int dividend, int divisor) {
