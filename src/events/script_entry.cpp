@@ -100,6 +100,10 @@ Parameter current_parameter(ScriptDesk desk) {
     return command->rows[static_cast<std::size_t>(index)];
 }
 
+bool has_lines(ParameterKind kind) {
+    return kind == ParameterKind::offset_list || kind == ParameterKind::map_data;
+}
+
 bool in_queue_actions(ScriptDesk desk) {
     const ScriptCommand* command = remembered_command(desk);
     return command && command->is_queue() && desk.form.grid_row > desk.entry.command_row + 1;
@@ -115,8 +119,12 @@ bool has_count_mark(ScriptDesk desk) {
     return plain_hex(count_cell(desk)).value_or(0) > 0x80;
 }
 
+int most_bytes(ScriptDesk desk) {
+    return has_count_mark(desk) ? most_marked_queue_bytes : most_queue_bytes;
+}
+
 bool fits_queue(ScriptDesk desk, int bytes) {
-    if (bytes <= (has_count_mark(desk) ? most_marked_queue_bytes : most_queue_bytes))
+    if (bytes <= most_bytes(desk))
         return true;
     desk.dialogs.message("The count of a queue can tell no more than 128 bytes, or 127 with its "
                          "bit 7 set. Its actions would take " +
@@ -125,9 +133,11 @@ bool fits_queue(ScriptDesk desk, int bytes) {
     return false;
 }
 
-// Writes the true number of bytes into the count cell, with bit 7 as it stood.
+// Writes the true number of bytes into the count cell, with bit 7 as it stood. Of a queue whose
+// last action reaches beyond the most, the most.
 void renew_count(ScriptDesk desk) {
-    const int bytes = queue_bytes(desk.form.grid, desk.entry.command_row);
+    const int bytes =
+        std::min(queue_bytes(desk.form.grid, desk.entry.command_row), most_bytes(desk));
     const int mark = has_count_mark(desk) ? 0x80 : 0;
     count_cell(desk) = cell_text(padded(format_hex(mark | bytes), 2));
 }
@@ -321,9 +331,14 @@ void break_off_parameters(ScriptDesk desk) {
 }
 
 void break_off_action(ScriptDesk desk) {
-    const int row = desk.form.grid_row;
-    // The rows of missing arguments, or the blank row of the action itself.
-    remove_rows_at(desk, row, row + std::max(desk.entry.action_params_left, 1));
+    const int missing = desk.entry.action_params_left;
+    const int end = desk.form.grid_row + std::max(missing, 1); // of the blank rows
+    int row = desk.form.grid_row;
+    // Of a new queue the action that lacks arguments goes as a whole: its count must be true.
+    while (desk.entry.actions_left > 0 && missing > 0 &&
+           is_blank(row_at(desk, row).cells[secondary]))
+        --row;
+    remove_rows_at(desk, row, end);
     if (desk.entry.actions_left > 0)
         break_off_queue(desk, row);
 }
@@ -381,10 +396,10 @@ void enter_text(ScriptDesk desk) {
     ScriptEntry& entry = desk.entry;
     if (!desk.form.Text2_visible)
         return;
-    if (desk.form.grid_column != secondary) // elsewhere no value has lines
-        desk.form.Text2 = without_breaks(desk.form.Text2);
     if (is_blank(without_breaks(desk.form.Text2)))
         return desk.dialogs.message("You must enter some valid hex fool", "Nope");
+    if (!has_lines(current_parameter(desk).kind))
+        desk.form.Text2 = without_breaks(desk.form.Text2);
     if (desk.form.grid_column == primary)
         enter_code(desk);
     else if (entry.action_params_left > 0)

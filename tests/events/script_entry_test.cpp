@@ -135,8 +135,8 @@ TEST(ScriptEntry, AnEntryThatIsBrokenOffLeavesWhatWasEntered) {
         {{"+", "BE", "3"}, {"BE|||Jump to indexed subroutine based on the state of bit $1EB4(x)|0", "|03||Number of Parameters|0"}},
         {{"+", "5"}, {queue, counted("01"), end}},
         {{"+", "5", "85", "E0", "1"}, {queue, counted("83"), "|E0||Pause for xx Units|0", "||01|xx|0", end}},
-        // The action lacks a row, which a save tells.
-        {{"+", "5", "5", "D5", "1"}, {queue, counted("04"), "|D5||Set Position|0", "||01|Destination X|0", end}},
+        {{"+", "5", "5", "D5", "1"}, {queue, counted("01"), end}}, // an action that lacks a row goes
+        {{"+", "5", "5", "80", "D5"}, {queue, counted("02"), "|80||Move Character Up 1 Tile|0", end}},
     };
     // clang-format on
     for (const auto& c : cases)
@@ -154,6 +154,15 @@ TEST(ScriptEntry, AnEntryThatIsBrokenOffLeavesWhatWasEntered) {
             EXPECT_EQ(editor.rows()[1], "|09||Object Number|0");
             EXPECT_FALSE(editor.window.Text2_visible);
         }
+}
+
+// A queue of which the last action reaches beyond the most that its count can tell.
+Bytes overlong(Bytes first_action) {
+    Bytes script{5, 0xFF};
+    script.insert(script.end(), first_action.begin(), first_action.end());
+    script.resize(script.size() + 124, 0x81);
+    script.insert(script.end(), {0xF9, 1, 0, 0, 0xFE});
+    return script;
 }
 
 TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
@@ -186,6 +195,7 @@ TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
         {two_commands, {"@3,0", "+", "@4,0", "-"}, {0x3D, 7, 0xFE}},
         // Values.
         {two_commands, {"@2,1", "1a"}, {0x3D, 0x1A, 0x38, 0xFE}},
+        {two_commands, {"@2,1", "1a\n"}, {0x3D, 0x1A, 0x38, 0xFE}}, // a break is none of its digits
         {two_commands, {"@2,1", " ", "1a"}, {0x3D, 0x1A, 0x38, 0xFE}},
         {two_commands, {"@3,0", "3E", "5"}, {0x3D, 7, 0x3E, 5, 0xFE}},
         // Actions of a queue that stands: the count follows, with its bit.
@@ -203,6 +213,7 @@ TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
         {queue, {"@4,1", "3"}, {0x3D, 7, 5, 3, 0x80, 0x81, 0xFF, 0x38, 0xFE}},
         {queue, {"@4,1", "2", "@5,1", "-"}, {0x3D, 7, 0x38, 0xFE}}, // all rows, whatever the count
         {queue, {"@4,1", "9", "@5,1", "-"}, {0x3D, 7, 0x38, 0xFE}},
+        {overlong({0xE0, 7}), {"@3,1", "80"}, overlong({0x80})},
         {{5, 1, 0xE0, 7, 0xFE}, {"@3,1", "E1", "8"}, {5, 1, 0xE1, 8, 0xFE}},
     };
     for (const auto& c : cases) {
