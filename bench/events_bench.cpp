@@ -118,7 +118,7 @@ BENCHMARK(load_a_script)
     ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(normalise_a_script)
-    ->ArgsProduct({{0, 1, 2, 3}, {1000, 10000}})
+    ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(encode_a_script)
     ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
