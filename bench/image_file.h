@@ -13,7 +13,7 @@ namespace veldrune {
 /// Says yes to everything.
 class Agreeing : public Dialogs {
   public:
-    void message(const std::string&, const std::string&) override {}
+    void message(MessageKind, const std::string&, const std::string&) override {}
     bool question(const std::string&) override { return true; }
     std::optional<std::string> open_file_name() override { return std::nullopt; }
     std::optional<std::string> save_file_name() override { return std::nullopt; }

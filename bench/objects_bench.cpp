@@ -46,7 +46,7 @@ void load_and_draw_all_objects(benchmark::State& bench) {
     FullMap editor;
     for (auto _ : bench)
         draw_objects(*editor.state);
-    bench.counters["objects"] = 5 * editor.state->objects[ObjectKind::npc].row_count;
+    bench.counters["objects"] = 5 * editor.state->objects.lists[ObjectKind::npc].row_count;
 }
 
 // Its floor is picture_memcpy.

@@ -34,7 +34,7 @@ class OpenEventEditor {
     OpenEventEditor() {
         disk_["a.smc"] = long_scripts();
         windows_.main_window().open_file("a.smc");
-        state_->selected_object.script_offset = plain_at;
+        state_->objects.selected_object.script_offset = plain_at;
         open_event_editor(*state_);
         const test::WindowDriver main(windows_.main_window());
         main.show();

@@ -3,7 +3,7 @@
 #include "editor/view.h"
 #include "render/enlarge.h"
 #include "rom/number_text.h"
-#include "rom/told_access.h"
+#include "rom/reported_access.h"
 
 namespace veldrune {
 namespace {
@@ -14,24 +14,25 @@ int built_number(const EditorState& state, std::string Form1::*field) {
 
 // The first frames of the animated tiles anew; returns where the stream of layer 3's graphics lies.
 std::int64_t refresh_anim_tiles(EditorState& state) {
-    refresh_first_frames(state.rom, built_number(state, &Form1::Text18), state.anim_tiles);
+    refresh_first_frames(state.rom, built_number(state, &Form1::Text18), state.map.anim_tiles);
     return layer3_graphics_offset(state.rom, built_number(state, &Form1::Text23));
 }
 
 void load_palette(EditorState& state) {
     const int number = built_number(state, &Form1::Text13);
-    state.palette = read_palette(state.rom, map_palette_offset(number));
+    state.display.palette = read_palette(state.rom, map_palette_offset(number));
 }
 
 void build_layer_tiles(EditorState& state, const TileFormationSet& set, FormationBitmap& high,
                        FormationBitmap& low) {
-    decode_layer_tiles(split_formations(set), state.characters, state.palette, high, low);
+    decode_layer_tiles(split_formations(set), state.work.characters, state.display.palette, high,
+                       low);
 }
 
 void build_layer3_tiles(EditorState& state, std::int64_t stream_offset) {
     Layer3Graphics graphics;
-    read_layer3_graphics(state.rom, stream_offset, state.decompress_buffer, graphics);
-    decode_layer3_tiles(graphics, state.palette, state.bitmaps.layer3_pixels);
+    read_layer3_graphics(state.rom, stream_offset, state.work.decompress_buffer, graphics);
+    decode_layer3_tiles(graphics, state.display.palette, state.display.bitmaps.layer3_pixels);
 }
 
 // Sizes that are no numbers are told here, once a build; compositions read them silently.
@@ -56,7 +57,7 @@ void show_map(EditorState& state) {
 
 void build_tileset(EditorState& state) {
     state.world_map_mode = false;
-    state.rom.take_read_refusal(); // of a reading before
+    const ReadWatch reads(state.rom);
     const std::int64_t layer3_stream = refresh_anim_tiles(state);
     const TilesetOffsets groups = read_tilesets(state.rom, state.form1, state.dialogs);
     load_palette(state);
@@ -64,14 +65,14 @@ void build_tileset(EditorState& state) {
     const int set1_number = built_number(state, &Form1::Text6);
     TileFormationSet set1;
     TileFormationSet set2;
-    read_formation_set(state.rom, set1_number, state.decompress_buffer, set1);
-    read_formation_set(state.rom, set2_number, state.decompress_buffer, set2);
-    read_character_graphics(state.rom, groups, state.anim_tiles, state.characters);
-    FormationBitmaps& bitmaps = state.bitmaps;
+    read_formation_set(state.rom, set1_number, state.work.decompress_buffer, set1);
+    read_formation_set(state.rom, set2_number, state.work.decompress_buffer, set2);
+    read_character_graphics(state.rom, groups, state.map.anim_tiles, state.work.characters);
+    FormationBitmaps& bitmaps = state.display.bitmaps;
     build_layer_tiles(state, set2, bitmaps.layer2_high, bitmaps.layer2_low);
     build_layer_tiles(state, set1, bitmaps.layer1_high, bitmaps.layer1_low);
     build_layer3_tiles(state, layer3_stream);
-    told_read_refusal(state.rom, "The tiles are not drawn as the image holds them.", state.dialogs);
+    report_read_refusal(reads, "The tiles are not drawn as the image holds them.", state.dialogs);
     show_map(state);
 }
 
@@ -86,8 +87,8 @@ void refresh_map(EditorState& state) {
 
 void show_tile_preview(EditorState& state) {
     const Formation tile =
-        whole_formation(state.bitmaps, state.form1.edit_layer, state.form1.current_tile);
-    enlarge_pixels(tile.data(), 16, 16, 16, preview_side / 16, state.form1.Picture3.data(),
+        whole_formation(state.display.bitmaps, state.form1.edit_layer, state.form1.current_tile);
+    enlarge_pixels(tile.data(), 16, 16, 16, preview_side / 16, state.form1.Picture3.row(0),
                    preview_side);
 }
 

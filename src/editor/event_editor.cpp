@@ -4,7 +4,7 @@
 #include "events/script_encoder.h"
 #include "rom/number_text.h"
 #include "rom/patch_marks.h"
-#include "rom/told_access.h"
+#include "rom/reported_access.h"
 
 namespace veldrune {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 // The desk for an operation, which may change the grid.
 ScriptDesk desk_of(EditorState& state) {
     ++state.form9.work_number;
-    return {state.form9, state.script_entry, state.rom, state.dialogs};
+    return {state.form9, state.script.entry, state.rom, state.dialogs};
 }
 
 bool stands_open(const EditorState& state) {
@@ -20,16 +20,16 @@ bool stands_open(const EditorState& state) {
 }
 
 void tell(EditorState& state, const std::string& text) {
-    state.dialogs.message(text, "Error");
+    state.dialogs.error(text);
 }
 
-bool reading_failed(EditorState& state) {
-    return told_read_refusal(state.rom, "What is shown of this script is not what the image holds.",
-                             state.dialogs);
+bool reading_failed(const ReadWatch& reads, Dialogs& dialogs) {
+    return report_read_refusal(reads, "What is shown of this script is not what the image holds.",
+                               dialogs);
 }
 
 void tell_if_cut(EditorState& state) {
-    if (!state.script.whole)
+    if (!state.script.loaded.whole)
         tell(state, "The script at " + state.form9.Text3 + " has no end within " +
                         std::to_string(longest_script) +
                         " bytes and the file. It is shown as far as it goes and can't be saved.");
@@ -37,23 +37,22 @@ void tell_if_cut(EditorState& state) {
 
 // Reads the script from the open image.
 void read_script(EditorState& state) {
-    ScriptEntry& entry = state.script_entry;
-    state.rom.take_read_refusal();
+    ScriptEntry& entry = state.script.entry;
     entry.dialogue_patched = has_dialogue_patch(state.rom);
-    state.script = load_script(state.rom, state.selected_object.script_offset,
-                               entry.dialogue_patched, state.form9.grid);
-    state.script_source = source_of(state.rom);
+    state.script.loaded = load_script(state.rom, state.objects.selected_object.script_offset,
+                                      entry.dialogue_patched, state.form9.grid);
+    state.script.source = source_of(state.rom);
 }
 
 // Whether the script may be written into the open image at all; where not, it has been told.
 bool may_save_script(EditorState& state) {
-    if (!state.script.whole) {
+    if (!state.script.loaded.whole) {
         tell(state, "This script can't be saved, since it was not read up to its end.");
         return false;
     }
-    if (state.script_source->identity == state.rom.identity())
+    if (is_from(state.script.source, state.rom))
         return true;
-    tell(state, "This script was read from " + state.script_source->path +
+    tell(state, "This script was read from " + state.script.source->path +
                     " and can't be saved into the open image, " + state.rom.path() + ".");
     return false;
 }
@@ -70,19 +69,21 @@ void open_event_editor(EditorState& state) {
         return;
     const int former_loads = state.form9.load_number;
     state.form9 = Form9{};
-    state.script_entry = ScriptEntry{};
+    state.script.entry = ScriptEntry{};
+    const ReadWatch reads(state.rom);
     read_script(state);
-    state.form9.Text3 = format_hex(static_cast<std::uint32_t>(state.selected_object.script_offset));
+    state.form9.Text3 =
+        format_hex(static_cast<std::uint32_t>(state.objects.selected_object.script_offset));
     state.form9.load_number = former_loads + 1;
     state.form9.visible = state.form9.to_front = true;
-    if (reading_failed(state))
-        state.script.whole = false; // counts as cut
+    if (reading_failed(reads, state.dialogs))
+        state.script.loaded.whole = false; // counts as cut
     else
         tell_if_cut(state);
 }
 
 void open_event_editor_of_object(EditorState& state) {
-    const SelectedObject& object = state.selected_object;
+    const SelectedObject& object = state.objects.selected_object;
     if (object.index && script_offset(chosen_kind(state), object.bytes))
         open_event_editor(state);
 }
@@ -94,9 +95,9 @@ void close_event_editor(EditorState& state) {
 
 ScriptRows remembered_rows(const EditorState& state) {
     const ScriptGrid& grid = state.form9.grid;
-    if (!command_stands(grid, state.script_entry))
+    if (!command_stands(grid, state.script.entry))
         return {};
-    const int first = state.script_entry.command_row;
+    const int first = state.script.entry.command_row;
     return {first, command_end(grid, first)};
 }
 
@@ -108,9 +109,9 @@ void on_script_click(EditorState& state, int row, int column) {
 void on_script_enter(EditorState& state) {
     if (!stands_open(state))
         return;
-    state.rom.take_read_refusal(); // of a reading before
+    const ReadWatch reads(state.rom);
     enter_text(desk_of(state));
-    reading_failed(state); // a dialogue that was shown
+    reading_failed(reads, state.dialogs); // a dialogue that was shown
 }
 
 void on_script_escape(EditorState& state) {
@@ -131,7 +132,7 @@ void remove_script_item(EditorState& state) {
 void on_script_offset_enter(EditorState& state) {
     if (!stands_open(state))
         return;
-    state.selected_object.script_offset = parse_hex_text(state.form9.Text3, state.dialogs);
+    state.objects.selected_object.script_offset = parse_hex_text(state.form9.Text3, state.dialogs);
     open_event_editor(state);
 }
 
@@ -144,9 +145,10 @@ void save_script(EditorState& state) {
     const EncodedScript script = encode_script(state.form9.grid, state.dialogs);
     if (script.refusal)
         return refuse(state, *script.refusal);
-    if (static_cast<int>(script.bytes.size()) > state.script.length)
-        return state.dialogs.message("Not Now", default_title);
-    told_write(state.rom, state.selected_object.script_offset, script.bytes, state.dialogs);
+    if (static_cast<int>(script.bytes.size()) > state.script.loaded.length)
+        return state.dialogs.message(MessageKind::note, "Not Now", default_title);
+    write_or_report(state.rom, state.objects.selected_object.script_offset, script.bytes,
+                    state.dialogs);
 }
 
 } // namespace veldrune

@@ -19,31 +19,32 @@ void clear_layer(LayerMap& map) {
 void clear_map(EditorState& state) {
     if (state.world_map_mode)
         return;
-    for (Layer& layer : state.layers)
+    for (Layer& layer : state.map.layers)
         clear_layer(layer.map);
     compose_view(state);
     draw_objects(state);
 }
 
 void copy_properties(EditorState& state) {
-    state.property_clipboard = state.map_properties;
+    state.property_clipboard = state.map.map_properties;
 }
 
 void paste_properties(EditorState& state) {
-    if (!state.map_source)
+    if (!state.map.source)
         return;
-    state.rom.take_read_refusal(); // of a reading before
-    state.map_properties = state.property_clipboard;
+    const ReadWatch reads(state.rom);
+    state.map.map_properties = state.property_clipboard;
     show_map_fields(state);
-    tell_read_refusal(state, state.map_source);
+    report_map_refusal(reads, state.map.source, state.dialogs);
 }
 
 void show_memory_manager(EditorState& state) {
-    state.dialogs.message("Sorry, nothing here yet.", nothing_here_title);
+    state.dialogs.message(MessageKind::note, "Sorry, nothing here yet.", "Nothing here");
 }
 
 void show_about(EditorState& state) {
-    state.dialogs.message("Veldrune Map Editor: v1.1\n\n"
+    state.dialogs.message(MessageKind::note,
+                          "Veldrune Map Editor: v1.1\n\n"
                           "With thanks to the people who keep old games alive,\n"
                           "and to all who still build new worlds in them.",
                           default_title);

@@ -37,7 +37,7 @@ Cursor locate_cursor(const EditorState& state, int x, int y) {
 CellTiles tiles_under(const EditorState& state, const Cursor& cursor) {
     CellTiles tiles;
     for (std::size_t layer = 0; layer < tiles.size(); ++layer)
-        tiles[layer] = state.layers[layer].map.at(cursor.column, cursor.row);
+        tiles[layer] = state.map.layers[layer].map.at(cursor.column, cursor.row);
     return tiles;
 }
 
@@ -46,13 +46,13 @@ void paint_map_tile(EditorState& state, const Cursor& cursor) {
     const auto tile = static_cast<std::uint8_t>(state.form1.current_tile);
     CellTiles tiles = tiles_under(state, cursor);
     tiles[edit_layer] = tile;
-    compose_one_cell(state.bitmaps, map_view(state), cursor.cursor_x, cursor.cursor_y, tiles,
-                     state.picture);
-    state.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
+    compose_one_cell(state.display.bitmaps, map_view(state), cursor.cursor_x, cursor.cursor_y,
+                     tiles, state.display.picture);
+    state.map.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
 }
 
 void paint_world_tile(EditorState& state, const Cursor& cursor) {
-    state.world_map.at(cursor.column, cursor.row) =
+    state.world.world_map.at(cursor.column, cursor.row) =
         static_cast<std::uint8_t>(state.form1.current_tile);
     refresh_world_view(state);
 }
@@ -81,7 +81,7 @@ void pick_map_tile(EditorState& state, const Cursor& cursor) {
 void pick_world_tile(EditorState& state, const Cursor& cursor) {
     if (!cursor.in_map)
         return;
-    state.form1.current_tile = state.world_map.at(cursor.column, cursor.row);
+    state.form1.current_tile = state.world.world_map.at(cursor.column, cursor.row);
     show_world_tile_preview(state);
     state.form1.edit_layer = 0;
 }

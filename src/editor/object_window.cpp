@@ -2,7 +2,7 @@
 
 #include "objects/sprite_preview.h"
 #include "rom/number_text.h"
-#include "rom/told_access.h"
+#include "rom/reported_access.h"
 
 #include <algorithm>
 
@@ -10,7 +10,7 @@ namespace veldrune {
 namespace {
 
 const ObjectList& chosen_list(const EditorState& state) {
-    return state.objects[chosen_kind(state)];
+    return state.objects.lists[chosen_kind(state)];
 }
 
 bool has_row(const EditorState& state, int index) {
@@ -20,8 +20,8 @@ bool has_row(const EditorState& state, int index) {
 // The place where the Event Editor would save stays: it may stand open on this object's script.
 void forget_object(EditorState& state) {
     SelectedObject none;
-    none.script_offset = state.selected_object.script_offset;
-    state.selected_object = none;
+    none.script_offset = state.objects.selected_object.script_offset;
+    state.objects.selected_object = none;
 }
 
 // The list of Combo2 is the directions for an NPC and the items for a chest.
@@ -41,7 +41,7 @@ void show_record_number(EditorState& state, int index) {
 }
 
 void fill_object_fields(EditorState& state) {
-    SelectedObject& object = state.selected_object;
+    SelectedObject& object = state.objects.selected_object;
     const ObjectKind kind = chosen_kind(state);
     fill_lists(state);
     unpack_object(kind, object.bytes, state.form10);
@@ -55,7 +55,7 @@ void load_selected_record(EditorState& state, int index) {
     if (!has_row(state, index))
         return drop_object(state);
     const auto row = object_row(chosen_kind(state), chosen_list(state), index);
-    SelectedObject& object = state.selected_object;
+    SelectedObject& object = state.objects.selected_object;
     object.index = index;
     object.bytes = {};
     std::ranges::copy(row, object.bytes.begin());
@@ -67,7 +67,7 @@ void load_selected_record(EditorState& state, int index) {
 
 // Whether the fields of the preview can be read: an NPC stands in them, and neither is blank.
 bool has_preview(const EditorState& state) {
-    return state.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
+    return state.objects.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
            !is_blank(state.form10.Text2) && !is_blank(state.form10.Text7);
 }
 
@@ -77,9 +77,9 @@ std::int32_t typed_number(const EditorState& state, std::string text) {
 }
 
 void draw_preview(EditorState& state, std::int32_t sprite, std::int32_t palette) {
-    SelectedObject& object = state.selected_object;
-    object.sprite_offset = sprite_graphics_offset(state.rom, npc_sprite(object.bytes));
-    draw_sprite_preview(state.rom, object.sprite_offset, sprite, palette & 7, state.form10);
+    const ObjectBytes& record = state.objects.selected_object.bytes;
+    draw_sprite_preview(state.rom, sprite_graphics_offset(state.rom, npc_sprite(record)), sprite,
+                        palette & 7, state.form10);
 }
 
 } // namespace
@@ -123,7 +123,7 @@ void on_palette_text(EditorState& state) {
     if (!has_preview(state))
         return;
     const std::int32_t palette = typed_number(state, state.form10.Text2);
-    set_npc_palette(state.selected_object.bytes, static_cast<std::uint32_t>(palette));
+    set_npc_palette(state.objects.selected_object.bytes, static_cast<std::uint32_t>(palette));
     draw_preview(state, typed_number(state, state.form10.Text7), palette);
 }
 
@@ -133,25 +133,24 @@ void on_sprite_text(EditorState& state) {
     const std::int32_t sprite = typed_number(state, state.form10.Text7);
     if (sprite >= first_hidden_sprite)
         return;
-    set_npc_sprite(state.selected_object.bytes, static_cast<std::uint32_t>(sprite));
+    set_npc_sprite(state.objects.selected_object.bytes, static_cast<std::uint32_t>(sprite));
     draw_preview(state, sprite, typed_number(state, state.form10.Text2));
 }
 
 void save_object(EditorState& state) {
-    const SelectedObject& object = state.selected_object;
+    const SelectedObject& object = state.objects.selected_object;
     if (!object.index || !has_row(state, *object.index))
         return;
-    if (state.objects.image != state.rom.identity())
-        return state.dialogs.message("This object was read from another image than the open one. "
-                                     "Build the map of the open image first. Nothing is written.",
-                                     "Error");
+    if (!is_from(state.objects.lists.source, state.rom))
+        return state.dialogs.error("This object was read from another image than the open one. "
+                                   "Build the map of the open image first. Nothing is written.");
     const ObjectKind kind = chosen_kind(state);
     const auto record = pack_object(kind, object.bytes, state.form10, state.dialogs);
     if (!record)
         return;
     const auto size = static_cast<std::size_t>(object_kind_row(kind).record_size);
-    told_write(state.rom, object_offset(kind, chosen_list(state), *object.index),
-               std::span(*record).first(size), state.dialogs);
+    write_or_report(state.rom, object_offset(kind, chosen_list(state), *object.index),
+                    std::span(*record).first(size), state.dialogs);
 }
 
 void close_object_window(EditorState& state) {

@@ -3,7 +3,7 @@
 #include "editor/object_window.h"
 #include "editor/view.h"
 #include "objects/markers.h"
-#include "rom/told_access.h"
+#include "rom/reported_access.h"
 
 namespace veldrune {
 namespace {
@@ -23,20 +23,19 @@ bool is_shown(const EditorState& state, ObjectKind kind) {
 // A record of another map or image must not stay in the object window, nor its rows in a list that
 // is not read: a save would put it in the wrong place.
 void reload_object_lists(EditorState& state, Kinds kinds) {
-    ObjectLists& objects = state.objects;
+    ObjectLists& objects = state.objects.lists;
     const int map = state.form1.Combo1;
-    const FileIdentity image = state.rom.identity();
-    const bool same = objects.map == map && objects.image == image;
+    const bool same = objects.map == map && is_from(objects.source, state.rom);
     objects.map = map;
-    objects.image = image;
+    objects.source = source_of(state.rom);
     for (ObjectList& list : objects.lists)
         list.row_count = same ? list.row_count : 0;
-    state.rom.take_read_refusal(); // of a reading before
+    const ReadWatch reads(state.rom);
     for (const ObjectKind kind : kinds)
         load_object_list(state.rom, kind, map, objects[kind]);
     // What the disk has refused to give must not be saved over what stands there.
     const bool refused =
-        told_read_refusal(state.rom, "The objects of the map are not shown.", state.dialogs);
+        report_read_refusal(reads, "The objects of the map are not shown.", state.dialogs);
     if (refused)
         objects = {};
     if (refused || !same)
@@ -46,14 +45,14 @@ void reload_object_lists(EditorState& state, Kinds kinds) {
 void draw_shown(EditorState& state, Kinds kinds, const MarkerView& view) {
     for (const ObjectKind kind : kinds)
         if (is_shown(state, kind))
-            draw_markers(kind, state.objects[kind], view, state.picture);
+            draw_markers(kind, state.objects.lists[kind], view, state.display.picture);
 }
 
 } // namespace
 
 void read_object_counts(EditorState& state) {
     Form1& form = state.form1;
-    ObjectLists& objects = state.objects;
+    ObjectLists& objects = state.objects.lists;
     for (const ObjectKind kind : all_kinds)
         objects[kind].count = read_object_extent(state.rom, kind, form.Combo1).count;
     form.Label27 = std::to_string(objects[npc].count);
@@ -79,7 +78,7 @@ void draw_world_objects(EditorState& state) {
 
 void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y) {
     for (const ObjectKind kind : state.world_map_mode ? Kinds(world_kinds) : Kinds(all_kinds)) {
-        const ObjectList& list = state.objects[kind];
+        const ObjectList& list = state.objects.lists[kind];
         for (int index = 0; is_shown(state, kind) && index < list.row_count; ++index)
             if (object_covers(kind, list, index, x, y))
                 open_object(state, kind, index);

@@ -10,27 +10,24 @@ namespace {
 
 // Where the world map, or the map, that a save would write was read from; nothing without one.
 const std::optional<ImageSource>& source_of_save(const EditorState& state) {
-    return state.world_map_open ? state.world_source : state.map_source;
-}
-
-bool is_open_image(const EditorState& state, const std::optional<ImageSource>& source) {
-    return source && source->identity == state.rom.identity();
+    return state.world_map_open ? state.world.source : state.map.source;
 }
 
 // A map that was read from another image is saved only where the user wants that.
 bool may_save_foreign_map(EditorState& state) {
     const std::optional<ImageSource>& source = source_of_save(state);
-    return !source || is_open_image(state, source) ||
+    return !source || is_from(source, state.rom) ||
            state.dialogs.question("This map was read from " + source->path + ", but " +
                                   state.rom.path() + " is open. Save it all the same?");
 }
 
 bool save_all_layers(EditorState& state) {
-    return save_layers(state.rom, state.form1, state.layers, state.compress_output, state.dialogs);
+    return save_layers(state.rom, state.form1, state.map.layers, state.work.compress_output,
+                       state.dialogs);
 }
 
 bool refuse(EditorState& state, const std::string& why) {
-    state.dialogs.message(why + " " + state.rom.path() + " is still open.", "Error");
+    state.dialogs.error(why + " " + state.rom.path() + " is still open.");
     return false;
 }
 
@@ -44,22 +41,21 @@ bool go_on_in_copy(EditorState& state, const std::string& path) {
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     const ImageSource copy = source_of(state.rom);
-    for (auto* source : {&state.map_source, &state.world_source, &state.script_source})
+    for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
+                         &state.objects.lists.source})
         if (*source && (*source)->identity == original)
             *source = copy;
-    if (state.objects.image == original)
-        state.objects.image = copy.identity;
     return true;
 }
 
 bool save_properties(EditorState& state) {
-    return save_map_properties(state.rom, state.form1, state.map_properties, state.map_index,
-                               state.dialogs);
+    return save_map_properties(state.rom, state.form1, state.map.map_properties,
+                               state.map.map_index, state.dialogs);
 }
 
 bool save_properties_as(EditorState& state) {
-    return save_map_properties_as(state.rom, state.form1, state.record_at_load, state.map_index,
-                                  state.dialogs);
+    return save_map_properties_as(state.rom, state.form1, state.map.record_at_load,
+                                  state.map.map_index, state.dialogs);
 }
 
 // True where the whole map has been written; the open image holds it from then on.
@@ -67,7 +63,7 @@ bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
     if (!save_all_layers(state) || !save_the_properties(state))
         return false;
     state.changes_saved = true;
-    state.map_source = source_of(state.rom);
+    state.map.source = source_of(state.rom);
     return true;
 }
 

@@ -13,9 +13,10 @@ inline constexpr int map_list_rows = rom_layout::map_count;
 /// nothing.
 void select_map(EditorState& state);
 
-/// Tells where the disk has refused a read. What was read from source since is not what the image
+/// Reports a read that the disk has refused. What was read from source is then not what the image
 /// holds, and must not be saved over that: it counts as never read.
-void tell_read_refusal(EditorState& state, std::optional<ImageSource>& source);
+void report_map_refusal(const ReadWatch& reads, std::optional<ImageSource>& source,
+                        Dialogs& dialogs);
 
 /// Shows the record in memory, and the map's monster set, in the fields.
 void show_map_fields(EditorState& state);

@@ -11,21 +11,22 @@ constexpr int formation_side = 16;
 
 void draw_tile_sheet(EditorState& state) {
     for (int tile = 0; tile < tiles_across * tiles_across; ++tile) {
-        const Formation pixels = whole_formation(state.bitmaps, state.form1.edit_layer, tile);
+        const Formation pixels =
+            whole_formation(state.display.bitmaps, state.form1.edit_layer, tile);
         enlarge_pixels(pixels.data(), formation_side, formation_side, formation_side,
                        cell_side / formation_side,
-                       state.tile_sheet.row(tile / tiles_across * cell_side) +
+                       state.display.tile_sheet.row(tile / tiles_across * cell_side) +
                            tile % tiles_across * cell_side,
                        view_size);
     }
-    draw_grid(state.tile_sheet, cell_side);
+    draw_grid(state.display.tile_sheet, cell_side);
 }
 
 void draw_world_sheet(EditorState& state) {
-    enlarge_pixels(state.world_sheet.pixels.data(), WorldSheet::side, WorldSheet::side,
-                   WorldSheet::side, view_size / WorldSheet::side, state.tile_sheet.row(0),
+    enlarge_pixels(state.world.world_sheet.pixels.data(), WorldSheet::side, WorldSheet::side,
+                   WorldSheet::side, view_size / WorldSheet::side, state.display.tile_sheet.row(0),
                    view_size);
-    draw_grid(state.tile_sheet, cell_side);
+    draw_grid(state.display.tile_sheet, cell_side);
 }
 
 // A world has no layers to choose from.
@@ -58,8 +59,9 @@ void choose_tile(EditorState& state, int x, int y) {
         return;
     const int column = x / cell_side;
     const int row = y / cell_side;
-    enlarge_pixels(state.tile_sheet.row(cell_side * row) + cell_side * column, view_size, cell_side,
-                   cell_side, preview_side / cell_side, state.form1.Picture3.data(), preview_side);
+    enlarge_pixels(state.display.tile_sheet.row(cell_side * row) + cell_side * column, view_size,
+                   cell_side, cell_side, preview_side / cell_side, state.form1.Picture3.row(0),
+                   preview_side);
     state.form1.current_tile = row * tiles_across + column;
     close_tile_chooser(state);
 }

@@ -40,9 +40,10 @@ void on_zoom_change(EditorState& state) {
 
 void scroll_view(EditorState& state) {
     const MapView view = map_view(state);
-    scroll_picture(state.bitmaps, view, state.last_h, state.last_v, state.picture);
-    state.last_h = view.h;
-    state.last_v = view.v;
+    scroll_picture(state.display.bitmaps, view, state.display.last_h, state.display.last_v,
+                   state.display.picture);
+    state.display.last_h = view.h;
+    state.display.last_v = view.v;
 }
 
 void on_scroll(EditorState& state, void (*set_bar_maximum)(EditorState&)) {
@@ -92,12 +93,12 @@ int tile_size(const EditorState& state) {
 MapView map_view(const EditorState& state) {
     const Form1& form = state.form1;
     MapView view;
-    view.stack.layer3_order = state.layer3_order;
+    view.stack.layer3_order = state.map.layer3_order;
     view.stack.blend = layer3_blend(form);
     for (std::size_t layer = 0; layer < layer_count; ++layer) {
         const LayerControls& controls = layer_controls[layer];
         view.stack.shown[layer] = form.*controls.view;
-        view.maps[layer] = &state.layers[layer].map;
+        view.maps[layer] = &state.map.layers[layer].map;
         view.widths[layer] = decimal_number(form.*controls.width).value;
         view.heights[layer] = decimal_number(form.*controls.height).value;
     }
@@ -109,9 +110,10 @@ MapView map_view(const EditorState& state) {
 
 void compose_view(EditorState& state) {
     const MapView view = map_view(state);
-    compose_cells(state.bitmaps, view, 0, 0, view.cells_across, view.cells_across, state.picture);
-    state.last_h = view.h;
-    state.last_v = view.v;
+    compose_cells(state.display.bitmaps, view, 0, 0, view.cells_across, view.cells_across,
+                  state.display.picture);
+    state.display.last_h = view.h;
+    state.display.last_v = view.v;
 }
 
 void set_column_maximum(EditorState& state) {
@@ -156,7 +158,7 @@ void on_view_box_change(EditorState& state) {
 
 void draw_overlays(EditorState& state) {
     if (state.form1.grid_on)
-        draw_grid(state.picture, tile_size(state));
+        draw_grid(state.display.picture, tile_size(state));
     draw_objects(state);
 }
 

@@ -126,10 +126,9 @@ int most_bytes(ScriptDesk desk) {
 bool fits_queue(ScriptDesk desk, int bytes) {
     if (bytes <= most_bytes(desk))
         return true;
-    desk.dialogs.message("The count of a queue can tell no more than 128 bytes, or 127 with its "
-                         "bit 7 set. Its actions would take " +
-                             std::to_string(bytes) + ".",
-                         "Error");
+    desk.dialogs.error("The count of a queue can tell no more than 128 bytes, or 127 with its "
+                       "bit 7 set. Its actions would take " +
+                       std::to_string(bytes) + ".");
     return false;
 }
 
@@ -208,7 +207,7 @@ void write_action(ScriptDesk desk, const ScriptCommand& action) {
 void enter_action(ScriptDesk desk) {
     const std::uint32_t code = number_in_box(desk);
     if (code > 0xFF) {
-        desk.dialogs.message("The code of an action does not fit in a byte.", "Error");
+        desk.dialogs.error("The code of an action does not fit in a byte.");
         return;
     }
     const ScriptCommand& action = queue_action(static_cast<std::uint8_t>(code));
@@ -236,7 +235,7 @@ void enter_action_argument(ScriptDesk desk) {
 void enter_queue_count(ScriptDesk desk) {
     const std::uint32_t count = number_in_box(desk);
     if (count > 0xFF) {
-        desk.dialogs.message("The count of a queue does not fit in a byte.", "Error");
+        desk.dialogs.error("The count of a queue does not fit in a byte.");
         return;
     }
     current_cell(desk) = cell_text(format_hex(count));
@@ -355,7 +354,7 @@ void refuse_cell(ScriptDesk desk, const CellRefusal& refusal, const std::string&
     desk.form.Text2 = text;
     desk.entry.cell_row = refusal.row;
     remember_command_at(desk, refusal.row);
-    desk.dialogs.message(refusal.text, refusal.title);
+    desk.dialogs.message(MessageKind::error, refusal.text, refusal.title);
 }
 
 void end_entry(ScriptDesk desk) {
@@ -397,7 +396,8 @@ void enter_text(ScriptDesk desk) {
     if (!desk.form.Text2_visible)
         return;
     if (is_blank(without_breaks(desk.form.Text2)))
-        return desk.dialogs.message("You must enter some valid hex fool", "Nope");
+        return desk.dialogs.message(MessageKind::error, "You must enter some valid hex fool",
+                                    "Nope");
     if (!has_lines(current_parameter(desk).kind))
         desk.form.Text2 = without_breaks(desk.form.Text2);
     if (desk.form.grid_column == primary)

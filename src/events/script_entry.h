@@ -1,5 +1,6 @@
 #pragma once
 
+#include "events/script_decoder.h"
 #include "events/script_rows.h"
 #include "forms/form9.h"
 #include "rom/rom_image.h"
@@ -16,6 +17,13 @@ struct ScriptEntry {
     int actions_left = 0;       // queue actions still to be entered, the end not included
     int action_params_left = 0; // arguments of the current action still to be entered
     bool dialogue_patched = false; // dialogues are found by the new table
+};
+
+/// The script in the Event Editor, whose grid is Form9's.
+struct OpenScript {
+    LoadedScript loaded;
+    std::optional<ImageSource> source; // nothing before the first loading
+    ScriptEntry entry;
 };
 
 /// Whether a command is remembered and still stands where it was.

@@ -12,8 +12,14 @@ inline constexpr const char* image_file_filter =
 /// The title of a box that has none of its own.
 inline constexpr const char* default_title = "Veldrune Map Editor";
 
-/// The title of the box of a command that does nothing yet.
-inline constexpr const char* nothing_here_title = "Nothing here";
+/// The title of the box of an error, where it has none of its own.
+inline constexpr const char* error_title = "Error";
+
+enum class MessageKind {
+    error,   // something could not be done
+    warning, // something is done, though not as the user may have meant it
+    note,    // nothing is wrong
+};
 
 /// The port through which the logic talks to the user. The windows implement it with real boxes,
 /// the tests with scripted answers. Every call returns when the user has answered.
@@ -22,7 +28,9 @@ class Dialogs {
     virtual ~Dialogs() = default;
 
     /// A message with an OK button.
-    virtual void message(const std::string& text, const std::string& title) = 0;
+    virtual void message(MessageKind kind, const std::string& text, const std::string& title) = 0;
+    /// The same for an error, under the title of errors.
+    void error(const std::string& text) { message(MessageKind::error, text, error_title); }
     /// A question with OK and Cancel, under the default title. True for OK.
     virtual bool question(const std::string& text) = 0;
     /// The name of a file to open, or nothing where the user cancelled.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "forms/picture.h"
+
 #include <string>
 
 namespace veldrune {
@@ -39,16 +39,15 @@ struct Form1 {
     bool grid_on = false;    // Option4 (on), Option5 (off)
     std::string Text4 = "1"; // "map magnification"
     int current_tile = 0;    // Text15: the tile that the tools paint, 0 to 255
-    // The picture of the current tile, on Command1.
-    std::array<std::uint32_t, preview_side * preview_side> Picture3{};
-    bool Check1 = false; // show and select NPCs
-    bool Check2 = false; // show and select chests
-    bool Check3 = false; // show and select event triggers
-    bool Check4 = false; // show and select entrances
-    std::string Label27; // number of NPCs
-    std::string Label28; // number of chests
-    std::string Label29; // number of event triggers
-    std::string Label30; // number of entrances, short and long together
+    Picture<preview_side, preview_side> Picture3; // the current tile, on Command1
+    bool Check1 = false;                          // show and select NPCs
+    bool Check2 = false;                          // show and select chests
+    bool Check3 = false;                          // show and select event triggers
+    bool Check4 = false;                          // show and select entrances
+    std::string Label27;                          // number of NPCs
+    std::string Label28;                          // number of chests
+    std::string Label29;                          // number of event triggers
+    std::string Label30;                          // number of entrances, short and long together
 
     // Map list.
     int Combo1 = -1; // chosen row of the map list, -1 before the first choice

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "forms/picture.h"
+
 #include <string>
 #include <vector>
 
@@ -46,8 +46,8 @@ struct Form10 {
     bool Check2 = false;                   // NPC: "Walk Under". Chest: "Byte Flag"
     bool Check3 = false;                   // NPC: "Turn to Talk". Chest: bit 2 of byte 3, hidden
     int option = -1; // Option1 to Option5, the kind of contents: 0 to 4, -1 with none pressed
-    std::array<std::uint32_t, sprite_picture_width * sprite_picture_height> Picture1{}; // preview
-    int Picture1_height = sprite_picture_height; // rows of Picture1 that show
+    Picture<sprite_picture_width, sprite_picture_height> Picture1; // the sprite preview
+    int Picture1_height = sprite_picture_height;                   // rows of Picture1 that show
 };
 
 inline constexpr const char* object_tab_captions[object_tab_count] = {

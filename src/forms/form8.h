@@ -3,7 +3,7 @@
 namespace veldrune {
 
 /// The tile chooser: a picture of all 256 tiles, 16 by 16 cells of 32 pixels. The picture itself,
-/// Picture1, is EditorState::tile_sheet.
+/// Picture1, is MapDisplay::tile_sheet.
 struct Form8 {
     bool visible = false;
     bool to_front = false; // wants to come to the front; the window clears it when it has

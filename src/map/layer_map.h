@@ -18,7 +18,7 @@ inline constexpr int max_layer_height = 64;
 /// One layer in memory: a formation number for every 16 by 16 pixel tile. A row is 129 bytes long.
 using LayerMap = TileGrid<129, 65>;
 
-/// A layer of the selected map and what is kept of its loading.
+/// A layer of the chosen map and what is kept of its loading.
 struct Layer {
     LayerMap map;
     std::int32_t layer_offset = 0; // offset of its stream from rom_layout::layer_data

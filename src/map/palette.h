@@ -1,14 +1,12 @@
 #pragma once
 
+#include "forms/picture.h"
 #include "rom/rom_image.h"
 
 #include <array>
 #include <cstdint>
 
 namespace veldrune {
-
-/// A packed colour: blue in bits 0-7, green in bits 8-15, red in bits 16-23. 0 means no pixel.
-using Colour = std::uint32_t;
 
 /// 256 colours. The first 128 are a map's own; what lies behind them in the image comes along.
 using Palette256 = std::array<Colour, 256>;

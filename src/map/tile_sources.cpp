@@ -58,9 +58,8 @@ TilesetOffsets read_tilesets(const RomImage& rom, const Form1& form, Dialogs& di
             groups[group] = rom_layout::tileset_graphics +
                             rom.read_pointer24(rom_layout::tileset_pointers + 3 * number);
         else
-            dialogs.message("There is no tileset " + std::to_string(number) + ": the highest is " +
-                                std::to_string(rom_layout::tileset_count - 1) + ".",
-                            "Error");
+            dialogs.error("There is no tileset " + std::to_string(number) + ": the highest is " +
+                          std::to_string(rom_layout::tileset_count - 1) + ".");
     }
     return groups;
 }

@@ -223,7 +223,7 @@ class FieldReader {
     }
 
     void refuse(const char* text, const char* title) {
-        dialogs_.message(text, title);
+        dialogs_.message(MessageKind::error, text, title);
         refused_ = true;
     }
 

@@ -18,7 +18,13 @@ struct SelectedObject {
     std::optional<int> index;       // of its record in the list; nothing without a record
     ObjectBytes bytes{};            // as loaded; palette and sprite follow their fields
     std::int64_t script_offset = 0; // file offset of the script of an NPC or event trigger
-    std::int64_t sprite_offset = 0; // file offset of the NPC's sprite graphics
+};
+
+/// The objects in memory: what is marked and clicked on the picture, and the one in the object
+/// window.
+struct MapObjects {
+    ObjectLists lists;
+    SelectedObject selected_object;
 };
 
 /// Shows a record in the fields of its kind. A chest without a kind of contents leaves the option

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -46,8 +47,8 @@ struct ObjectList {
 /// The five lists, and whose they are.
 struct ObjectLists {
     std::array<ObjectList, object_kind_count> lists;
-    int map = -1;       // the map whose rows stand in the lists, -1 before the first reading
-    FileIdentity image; // the image that they were read from
+    int map = -1; // the map whose rows stand in the lists, -1 before the first reading
+    std::optional<ImageSource> source; // nothing before the first reading
 
     ObjectList& operator[](ObjectKind kind) { return lists[static_cast<std::size_t>(kind)]; }
     const ObjectList& operator[](ObjectKind kind) const {

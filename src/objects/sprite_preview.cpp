@@ -37,7 +37,7 @@ void draw_sprite_preview(const RomImage& rom, std::int64_t graphics_offset, std:
     form.Picture1.fill(0);
     constexpr int scale = sprite_picture_width / sprite_width;
     enlarge_pixels(pixels.data(), sprite_width, sprite_width, shape.picture_height / scale, scale,
-                   form.Picture1.data(), sprite_picture_width);
+                   form.Picture1.row(0), sprite_picture_width);
     form.Picture1_height = shape.picture_height;
 }
 

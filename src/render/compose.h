@@ -37,6 +37,16 @@ struct MapView {
     int tile_size() const { return view_size / cells_across; }
 };
 
+/// What the picture is made of and shows.
+struct MapDisplay {
+    Palette256 palette{};
+    FormationBitmaps bitmaps;
+    PixelBuffer picture;
+    int last_h = 0; // place of the latest composition or scroll
+    int last_v = 0;
+    PixelBuffer tile_sheet; // Picture1 of the tile chooser
+};
+
 /// Stacks one cell from the formations: layer 3 where layer3_order puts it, layer 2 low, layer 1
 /// low, layer 2 high, layer 1 high. A pixel that nothing covers is 0.
 void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, const CellTiles& tiles,

@@ -1,22 +1,14 @@
 #pragma once
 
-#include "map/palette.h"
-
-#include <array>
+#include "forms/picture.h"
 
 namespace veldrune {
 
 /// The side of the map picture in pixels.
 inline constexpr int view_size = 512;
 
-/// The map picture: 512 by 512 packed colours, row by row from the top left. What is not drawn over
-/// stays.
-struct PixelBuffer {
-    alignas(64) std::array<Colour, view_size * view_size> pixels{};
-
-    Colour* row(int y) { return pixels.data() + y * view_size; }
-    const Colour* row(int y) const { return pixels.data() + y * view_size; }
-};
+/// The map picture: 512 by 512 packed colours. What is not drawn over stays.
+using PixelBuffer = Picture<view_size, view_size>;
 
 /// Draws a line one pixel wide from (x0, y) up to, but not at, (x1, y); what falls outside the
 /// picture is left out. draw_column does the same downwards.

@@ -45,7 +45,7 @@ std::optional<std::uint32_t> hex_digit(char c) {
 std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
     normalise(text);
     if (text.empty()) {
-        dialogs.message("invalid hex", "I Pity The Fool");
+        dialogs.message(MessageKind::warning, "invalid hex", "I Pity The Fool");
         return 0;
     }
     // A message box lets the user's window run: what is parsed is what stood here when it began.
@@ -58,7 +58,8 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
             continue;
         const std::optional<std::uint32_t> good = hex_digit(*c);
         if (!good)
-            dialogs.message("The number " + digits + " you've entered is not valid hex", "Warning");
+            dialogs.message(MessageKind::warning,
+                            "The number " + digits + " you've entered is not valid hex", "Warning");
         digit = good.value_or(digit);
         if (place < 8)
             value |= digit << (4 * place++);
@@ -94,7 +95,8 @@ DecimalNumber decimal_number(std::string_view text) {
 DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
     const DecimalNumber number = decimal_number(text);
     if (!number.is_number)
-        dialogs.message("The number " + text + " you've entered is not valid decimal", "Warning");
+        dialogs.message(MessageKind::warning,
+                        "The number " + text + " you've entered is not valid decimal", "Warning");
     return number;
 }
 

@@ -30,15 +30,11 @@ bool RomImage::copy_to(const std::string& path) const {
     return file_ && copy_file(files_, *file_, path);
 }
 
-bool RomImage::take_read_refusal() {
-    return std::exchange(read_refused_, false);
-}
-
 std::size_t RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
     const std::size_t wanted = bytes.size();
     while (file_ && offset >= 0 && !bytes.empty()) {
         const std::optional<std::size_t> count = file_->read_at(offset, bytes);
-        read_refused_ |= !count;
+        refused_reads_ += count ? 0 : 1;
         if (count.value_or(0) == 0)
             break;
         bytes = bytes.subspan(*count);

@@ -21,7 +21,7 @@ constexpr Pointer24 pointer24_bytes(std::int64_t value) {
 /// The one open image file. Offsets are 0-based file offsets, the 0x200-byte copier header
 /// included; words and pointers are little-endian. There is no cache: what is written is in the
 /// file when the call returns. A read outside the file, or with no file open, yields 0xFF; so does
-/// one that the disk refuses, which take_read_refusal tells.
+/// one that the disk refuses, which a ReadWatch reports.
 class RomImage {
   public:
     explicit RomImage(FileLayer& file_layer) : files_(file_layer) {}
@@ -40,8 +40,8 @@ class RomImage {
     std::optional<std::int64_t> size() const;
     /// Copies the open file to path. On failure nothing has changed there.
     bool copy_to(const std::string& path) const;
-    /// Whether the disk has refused a read since this was asked last.
-    bool take_read_refusal();
+    /// How many reads the disk has refused so far.
+    int refused_reads() const { return refused_reads_; }
 
     std::uint8_t read_byte(std::int64_t offset) const;
     std::uint16_t read_word(std::int64_t offset) const;
@@ -58,7 +58,33 @@ class RomImage {
     std::unique_ptr<File> file_;
     std::string path_;
     FileIdentity identity_;
-    mutable bool read_refused_ = false;
+    mutable int refused_reads_ = 0;
 };
+
+/// Watches the reads of an operation, from its making on.
+class ReadWatch {
+  public:
+    explicit ReadWatch(const RomImage& rom) : rom_(rom), refused_before_(rom.refused_reads()) {}
+    /// Whether the disk has refused a read since.
+    bool refused() const { return rom_.refused_reads() != refused_before_; }
+    const RomImage& rom() const { return rom_; }
+
+  private:
+    const RomImage& rom_;
+    int refused_before_;
+};
+
+/// The image that something in memory was read from.
+struct ImageSource {
+    FileIdentity identity;
+    std::string path;
+};
+inline ImageSource source_of(const RomImage& rom) {
+    return {rom.identity(), rom.path()};
+}
+/// Whether something was read, and from the open image.
+inline bool is_from(const std::optional<ImageSource>& source, const RomImage& rom) {
+    return source && source->identity == rom.identity();
+}
 
 } // namespace veldrune

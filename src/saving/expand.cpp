@@ -1,7 +1,7 @@
 #include "saving/expand.h"
 
+#include "rom/reported_access.h"
 #include "rom/rom_layout.h"
-#include "rom/told_access.h"
 
 #include <optional>
 #include <vector>
@@ -54,26 +54,25 @@ PointerTable wide_pointers(const RomImage& rom) {
 void expand_rom(RomImage& rom, Dialogs& dialogs) {
     const std::optional<std::int64_t> size = rom.size();
     if (!size)
-        return dialogs.message(
-            "The length of " + rom.path() + " can't be told. Nothing has been changed.", "Error");
+        return dialogs.error("The length of " + rom.path() +
+                             " can't be told. Nothing has been changed.");
     if (*size >= rom_layout::expanded_image_size)
-        return dialogs.message("This image has been expanded to 32 Mbit already. Nothing has been "
-                               "changed.",
-                               "Error");
+        return dialogs.error("This image has been expanded to 32 Mbit already. Nothing has been "
+                             "changed.");
     const std::vector<std::uint8_t> zeros(rom_layout::expanded_image_size - rom_layout::added_area);
-    told_write(rom, rom_layout::added_area, zeros, dialogs);
+    write_or_report(rom, rom_layout::added_area, zeros, dialogs);
 }
 
 void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
-    rom.take_read_refusal(); // of a reading before
+    const ReadWatch reads(rom);
     // The mark is read before the table makes a short file longer.
     const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
     const PointerTable pointers = wide_pointers(rom);
-    if (told_read_refusal(rom, "Nothing has been changed.", dialogs))
+    if (report_read_refusal(reads, "Nothing has been changed.", dialogs))
         return;
-    if (told_write(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
-        told_write(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
-        told_write(rom, dialogue_mark_byte, {&mark, 1}, dialogs))
+    if (write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
+        write_or_report(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
+        write_or_report(rom, dialogue_mark_byte, {&mark, 1}, dialogs))
         flags[dialogue_patch_flag] = true;
 }
 

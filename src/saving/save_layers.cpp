@@ -1,7 +1,7 @@
 #include "saving/save_layers.h"
 
 #include "rom/number_text.h"
-#include "rom/told_access.h"
+#include "rom/reported_access.h"
 
 #include <optional>
 
@@ -22,7 +22,7 @@ std::string layer_name(int index) {
 }
 
 void refuse(int index, const std::string& why, Dialogs& dialogs) {
-    dialogs.message(layer_name(index) + " can't be saved: " + why, "Error");
+    dialogs.error(layer_name(index) + " can't be saved: " + why);
 }
 
 bool is_missing(const Form1& form, int index) {
@@ -97,7 +97,7 @@ bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Lay
         return false;
     }
     return may_grow(index, static_cast<int>(*length) - layer.layer_packed_size, dialogs) &&
-           told_write(rom, location, std::span(output).first(*length), dialogs);
+           write_or_report(rom, location, std::span(output).first(*length), dialogs);
 }
 
 } // namespace

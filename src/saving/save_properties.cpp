@@ -1,8 +1,8 @@
 #include "saving/save_properties.h"
 
 #include "rom/number_text.h"
+#include "rom/reported_access.h"
 #include "rom/rom_layout.h"
-#include "rom/told_access.h"
 
 #include <optional>
 #include <span>
@@ -46,7 +46,7 @@ std::optional<std::uint32_t> doubling_code(int tiles, int most, const char* wron
     for (std::uint32_t code = 0; 16 << code <= most; ++code)
         if (tiles == 16 << code)
             return code;
-    dialogs.message(wrong, "Error");
+    dialogs.error(wrong);
     return std::nullopt;
 }
 
@@ -66,7 +66,7 @@ std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
         ++code;
     if (side == 16)
         return code;
-    dialogs.message("Not a valid mapsize", "error");
+    dialogs.message(MessageKind::error, "Not a valid mapsize", "error");
     return std::nullopt;
 }
 
@@ -112,7 +112,7 @@ Pointer24 location_pointer(Form1& form, int layer, Dialogs& dialogs) {
 bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dialogs& dialogs) {
     for (int layer = 0; layer < 3; ++layer) {
         const std::int64_t entry = data_pointer_offset(layer_data_number(record, layer));
-        if (!told_write(rom, entry, location_pointer(form, layer, dialogs), dialogs))
+        if (!write_or_report(rom, entry, location_pointer(form, layer, dialogs), dialogs))
             return false;
     }
     return true;
@@ -124,7 +124,8 @@ bool write_pointers_as(RomImage& rom, Form1& form, const MapProperties& at_load,
         const std::int64_t entry = data_pointer_offset(layer_data_number(at_load, layer));
         const Pointer24 pointer = location_pointer(form, layer, dialogs);
         for (const std::size_t i : {2u, 1u, 0u})
-            if (!told_write(rom, entry + static_cast<std::int64_t>(i), {&pointer[i], 1}, dialogs))
+            if (!write_or_report(rom, entry + static_cast<std::int64_t>(i), {&pointer[i], 1},
+                                 dialogs))
                 return false;
     }
     return true;
@@ -144,8 +145,8 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
         return false;
     merge_fields(merged, form, behind_pointers, dialogs);
     const auto monster_set = static_cast<std::uint8_t>(parse_hex_text(form.Text41, dialogs));
-    if (!told_write(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
-        !told_write(rom, record_offset(map_index), merged, dialogs))
+    if (!write_or_report(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
+        !write_or_report(rom, record_offset(map_index), merged, dialogs))
         return false;
     record = merged;
     return true;
@@ -155,13 +156,13 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
                             Dialogs& dialogs) {
     if (!write_pointers_as(rom, form, at_load, dialogs))
         return false;
-    rom.take_read_refusal(); // of a reading before
+    const ReadWatch reads(rom);
     MapProperties record = read_record(rom, map_index);
-    if (told_read_refusal(rom, "Nothing more is written.", dialogs))
+    if (report_read_refusal(reads, "Nothing more is written.", dialogs))
         return false;
     const auto write_bytes = [&](std::size_t first, std::size_t count) {
-        return told_write(rom, record_offset(map_index) + static_cast<std::int64_t>(first),
-                          std::span(record).subspan(first, count), dialogs);
+        return write_or_report(rom, record_offset(map_index) + static_cast<std::int64_t>(first),
+                               std::span(record).subspan(first, count), dialogs);
     };
     set_record_value(record, byte27_high, record_value(at_load, byte27_high));
     for (const SaveAsStep& step : save_as_steps) {

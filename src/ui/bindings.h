@@ -29,6 +29,8 @@ Action following(EditorState& state, void (*then)(EditorState&));
 class Bindings {
   public:
     explicit Bindings(Gate edit_gate) : gate_(std::move(edit_gate)) {}
+    Bindings(const Bindings&) = delete; // the widgets' signals lead here
+    Bindings& operator=(const Bindings&) = delete;
 
     void text(QLineEdit* field, std::string& value, const Action& then = {});
     void lines(QPlainTextEdit* field, std::string& value);

@@ -8,10 +8,24 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
+#include <new>
+
+namespace {
+
+/// Nothing of the program's state can be trusted to be whole after a failed allocation.
+[[noreturn]] void end_without_memory() {
+    std::fputs("veldrune: out of memory\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     using namespace veldrune;
+    std::set_new_handler(end_without_memory);
     // A stroke of the mouse must reach every tile that the pointer passes.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);

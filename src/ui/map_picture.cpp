@@ -46,8 +46,7 @@ int take_units(int& rest, int turn, int unit) {
 } // namespace
 
 MapPicture::MapPicture(EditorState& state, const Bindings& bindings)
-    : PixelPicture(state.picture.pixels, QSize(view_size, view_size)), state_(state),
-      bindings_(bindings) {
+    : PixelPicture(ScreenPicture(state.display.picture)), state_(state), bindings_(bindings) {
     setObjectName("Picture1");
     setAccessibleName("Map picture");
     setFocusPolicy(Qt::StrongFocus);

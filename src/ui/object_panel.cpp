@@ -160,12 +160,14 @@ void add_options(const Panel& panel) {
 
 void add_preview(const Panel& panel) {
     Form10& form = panel.form();
-    auto* picture =
-        new PixelPicture(form.Picture1, QSize(sprite_picture_width, sprite_picture_height));
+    auto* picture = new PixelPicture(ScreenPicture(form.Picture1));
     QSizePolicy keeps_its_place = picture->sizePolicy();
     keeps_its_place.setRetainSizeWhenHidden(true);
     picture->setSizePolicy(keeps_its_place);
-    panel.bindings.rule([picture, &form] { picture->show_height(form.Picture1_height); });
+    panel.bindings.rule([picture, &form] {
+        picture->show_height(form.Picture1_height);
+        picture->follow();
+    });
     name_control(panel, picture, nullptr, *sprite_preview_row.control, sprite_preview_row.tips);
     auto* column = new QVBoxLayout;
     column->addWidget(picture);

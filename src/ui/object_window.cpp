@@ -45,7 +45,7 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     // Without a record the chosen tab, too, can be chosen, for its first one. Every button clicks.
     QObject::connect(tabs, &QTabBar::tabBarClicked, tabs, [&state, choose](int tab) {
         if (QGuiApplication::mouseButtons() & Qt::LeftButton && tab == state.form10.TabStrip1 &&
-            !state.selected_object.index)
+            !state.objects.selected_object.index)
             choose(tab);
     });
     bindings.rule([tabs, &tab = state.form10.TabStrip1] {

@@ -65,7 +65,7 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
                          });
     }
     grid->setRowStretch(3, 1);
-    controls.bindings.rule([picture] { picture->update(); });
+    controls.bindings.rule([picture] { picture->follow(); });
     return panel;
 }
 

@@ -13,27 +13,34 @@ constexpr int border = 2;
 
 } // namespace
 
-PixelPicture::PixelPicture(std::span<const std::uint32_t> pixels, QSize size)
-    : pixels_(pixels), size_(size) {
+PixelPicture::PixelPicture(ScreenPicture picture)
+    : picture_(std::move(picture)), height_(picture_.size().height()) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize PixelPicture::sizeHint() const {
-    return {pixel_view_room(*this, size_.width()) + 2 * border,
-            pixel_view_room(*this, size_.height()) + 2 * border};
+    return {pixel_view_room(*this, picture_size().width()) + 2 * border,
+            pixel_view_room(*this, picture_size().height()) + 2 * border};
 }
 
 void PixelPicture::show_height(int height) {
-    if (size_.height() != height) {
-        size_.setHeight(height);
-        updateGeometry();
-    }
+    if (height_ == height)
+        return;
+    height_ = height;
+    updateGeometry();
     update();
+}
+
+void PixelPicture::follow() {
+    if (picture_.is_stale())
+        update();
 }
 
 bool PixelPicture::event(QEvent* event) {
     if (event->type() == QEvent::ScreenChangeInternal) // its scaling may differ
         updateGeometry();
+    if (event->type() == QEvent::Move) // where a picture pixel begins depends on the place
+        update();
     return QWidget::event(event);
 }
 
@@ -47,14 +54,14 @@ QPoint PixelPicture::pixel_under(const QMouseEvent& event) const {
 
 void PixelPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const PixelView picture = view();
-    const QRectF frame = picture.rectangle(size_).adjusted(-border, -border, border, border);
+    const PixelView place = view();
+    const QRectF frame = place.rectangle(picture_size()).adjusted(-border, -border, border, border);
     if (hasFocus())
         qDrawPlainRect(&painter, frame.toAlignedRect(), palette().color(QPalette::Highlight),
                        border);
     else
         qDrawShadePanel(&painter, frame.toAlignedRect(), palette(), true, border);
-    draw_pixels(painter, picture, pixels_, size_);
+    picture_.draw(painter, place, height_);
 }
 
 } // namespace veldrune

@@ -4,9 +4,6 @@
 
 #include <QWidget>
 
-#include <cstdint>
-#include <span>
-
 class QMouseEvent;
 
 namespace veldrune {
@@ -14,8 +11,9 @@ namespace veldrune {
 /// A picture of packed colours in a border, which shows the focus where the picture can have it.
 class PixelPicture : public QWidget {
   public:
-    /// pixels stand row by row from the top left and must outlive the picture.
-    PixelPicture(std::span<const std::uint32_t> pixels, QSize size);
+    explicit PixelPicture(ScreenPicture picture);
+    /// Shows the picture anew where it has changed.
+    void follow();
     QSize sizeHint() const override;
     /// Shows as much of the picture's top as is that high.
     void show_height(int height);
@@ -23,15 +21,18 @@ class PixelPicture : public QWidget {
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    QSize picture_size() const { return {picture_.size().width(), height_}; }
     /// The pixel under the pointer; outside the picture too.
     QPoint pixel_under(const QMouseEvent& event) const;
-    bool contains(QPoint pixel) const { return QRect(QPoint(0, 0), size_).contains(pixel); }
+    bool contains(QPoint pixel) const {
+        return QRect(QPoint(0, 0), picture_size()).contains(pixel);
+    }
 
   private:
     PixelView view() const;
 
-    std::span<const std::uint32_t> pixels_;
-    QSize size_;
+    ScreenPicture picture_;
+    int height_; // rows that show
 };
 
 } // namespace veldrune

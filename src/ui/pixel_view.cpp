@@ -1,6 +1,5 @@
 #include "ui/pixel_view.h"
 
-#include <QImage>
 #include <QPainter>
 #include <QWidget>
 
@@ -47,13 +46,20 @@ int pixel_view_room(const QWidget& widget, int side) {
     return static_cast<int>(std::ceil(side * pixel_side(ratio) - rounding)) + (whole ? 0 : 1);
 }
 
-void draw_pixels(QPainter& painter, const PixelView& view, std::span<const std::uint32_t> pixels,
-                 QSize size) {
-    const QImage colours(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
-                         4 * size.width(), QImage::Format_RGB32);
-    // The highest byte of a packed colour is 0; the screen takes it for the opacity.
-    painter.drawImage(view.rectangle(size),
-                      colours.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+void ScreenPicture::draw(QPainter& painter, const PixelView& view) {
+    draw(painter, view, size_.height());
+}
+
+void ScreenPicture::draw(QPainter& painter, const PixelView& view, int rows) {
+    if (is_stale()) {
+        const QImage colours(reinterpret_cast<const uchar*>(pixels_), size_.width(), size_.height(),
+                             4 * size_.width(), QImage::Format_RGB32);
+        // The highest byte of a packed colour is 0; the screen takes it for the opacity.
+        image_ = colours.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        drawn_version_ = version_;
+    }
+    const QRect shown(0, 0, size_.width(), rows);
+    painter.drawImage(view.rectangle(shown.size()), image_, shown);
 }
 
 } // namespace veldrune

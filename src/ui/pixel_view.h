@@ -1,10 +1,13 @@
 #pragma once
 
+#include "forms/picture.h"
+
+#include <QImage>
 #include <QPointF>
 #include <QRectF>
 
 #include <cstdint>
-#include <span>
+#include <limits>
 
 class QPainter;
 class QPoint;
@@ -33,8 +36,27 @@ PixelView pixel_view(const QWidget& widget, QPointF offset);
 /// Room that so many pixels of a picture need in a widget, wherever the widget lies.
 int pixel_view_room(const QWidget& widget, int side);
 
-/// Draws a picture of packed colours, row by row from the top left.
-void draw_pixels(QPainter& painter, const PixelView& view, std::span<const std::uint32_t> pixels,
-                 QSize size);
+/// A picture of the state, converted for the screen where it has changed since it was drawn last.
+class ScreenPicture {
+  public:
+    /// picture must outlive this.
+    template <int width, int height>
+    explicit ScreenPicture(const Picture<width, height>& picture)
+        : pixels_(picture.pixels().data()), version_(picture.version()), size_(width, height) {}
+
+    QSize size() const { return size_; }
+    /// Whether the picture has changed since it was drawn last.
+    bool is_stale() const { return drawn_version_ != version_; }
+    void draw(QPainter& painter, const PixelView& view);
+    /// The same for the upper rows alone.
+    void draw(QPainter& painter, const PixelView& view, int rows);
+
+  private:
+    const Colour* pixels_;
+    const std::uint64_t& version_;
+    QSize size_;
+    QImage image_;
+    std::uint64_t drawn_version_ = std::numeric_limits<std::uint64_t>::max();
+};
 
 } // namespace veldrune

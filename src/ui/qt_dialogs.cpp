@@ -6,15 +6,9 @@
 #include <QMessageBox>
 #include <QStringList>
 
-#include <algorithm>
-#include <string_view>
-
 namespace veldrune {
 
 namespace {
-
-/// Titles of messages that warn of nothing.
-constexpr std::string_view informing_titles[] = {nothing_here_title, default_title};
 
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
         QMessageBox::StandardButtons buttons) {
@@ -47,10 +41,9 @@ std::optional<std::string> file_name(QFileDialog& dialog) {
 
 } // namespace
 
-void QtDialogs::message(const std::string& text, const std::string& title) {
+void QtDialogs::message(MessageKind kind, const std::string& text, const std::string& title) {
     before_box_();
-    const auto icon = std::ranges::count(informing_titles, title) != 0 ? QMessageBox::Information
-                                                                       : QMessageBox::Warning;
+    const auto icon = kind == MessageKind::note ? QMessageBox::Information : QMessageBox::Warning;
     ask(window_, icon, text, QString::fromStdString(title), QMessageBox::Ok);
 }
 

@@ -15,7 +15,7 @@ class QtDialogs : public Dialogs {
     /// The coming boxes lie over window.
     void lie_over(QWidget* window) { window_ = window; }
 
-    void message(const std::string& text, const std::string& title) override;
+    void message(MessageKind kind, const std::string& text, const std::string& title) override;
     bool question(const std::string& text) override;
     std::optional<std::string> open_file_name() override;
     std::optional<std::string> save_file_name() override;

@@ -17,7 +17,7 @@ constexpr int margin = 3;
 class SheetPicture : public PixelPicture {
   public:
     SheetPicture(EditorState& state, const Bindings& bindings)
-        : PixelPicture(state.tile_sheet.pixels, QSize(view_size, view_size)), state_(state),
+        : PixelPicture(ScreenPicture(state.display.tile_sheet)), state_(state),
           bindings_(bindings) {
         setObjectName("Picture1");
         setAccessibleName("All tiles");
@@ -49,7 +49,7 @@ TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
     setWindowTitle("Choose Tile");
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     auto* sheet = new SheetPicture(state, bindings_);
-    bindings_.rule([sheet] { sheet->update(); });
+    bindings_.rule([sheet] { sheet->follow(); });
     follow_to_front(state.form8.to_front);
     auto* panel = new QWidget;
     auto* layout = new QVBoxLayout(panel);

@@ -17,7 +17,11 @@ namespace {
 /// A button that shows the picture of the current tile.
 class TileButton : public QPushButton {
   public:
-    explicit TileButton(const EditorState& state) : state_(state) {}
+    explicit TileButton(const EditorState& state) : picture_(state.form1.Picture3) {}
+    void follow() {
+        if (picture_.is_stale())
+            update();
+    }
     QSize sizeHint() const override {
         const int side = pixel_view_room(*this, preview_side) + 12;
         return {side, side};
@@ -28,12 +32,11 @@ class TileButton : public QPushButton {
         QPushButton::paintEvent(event);
         QPainter painter(this);
         const double margin = (width() - pixel_view_room(*this, preview_side)) / 2.0;
-        draw_pixels(painter, pixel_view(*this, QPointF(margin, margin)), state_.form1.Picture3,
-                    QSize(preview_side, preview_side));
+        picture_.draw(painter, pixel_view(*this, QPointF(margin, margin)));
     }
 
   private:
-    const EditorState& state_;
+    ScreenPicture picture_;
 };
 
 QLabel* heading(const Controls& controls, const char* control, const char* caption) {
@@ -162,7 +165,7 @@ QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
     auto* tile = new TileButton(controls.state);
     tile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     controls.button(tile, chooser_button);
-    controls.bindings.rule([tile] { tile->update(); });
+    controls.bindings.rule([tile] { tile->follow(); });
     QLabel* label = heading(controls, "Label14", chooser_button.caption);
     label->setBuddy(tile);
     grid->addWidget(label, 0, 0);

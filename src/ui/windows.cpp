@@ -7,6 +7,8 @@
 #include "ui/qt_dialogs.h"
 #include "ui/tile_chooser.h"
 
+#include <QScopeGuard>
+
 namespace veldrune {
 
 namespace {
@@ -40,10 +42,12 @@ Gate Windows::gate(QWidget& window) {
         if (busy_)
             return;
         busy_ = true;
+        const auto finish = qScopeGuard([this] { // whether the edit returns or throws
+            busy_ = false;
+            show();
+        });
         dialogs_.lie_over(&window);
         edit();
-        busy_ = false;
-        show();
     };
 }
 

@@ -62,9 +62,9 @@ void draw_world_tiles(const WorldMap& map, const WorldSheet& sheet, int h, int v
         const std::uint8_t* tiles =
             &map.cells[static_cast<std::size_t>((row + y / world_tile_size) * world_side + column)];
         const int line = y % world_tile_size * WorldSheet::side;
+        Colour* out = buffer.row(y);
         for (int x = 0; x < world_view_tiles; ++x)
-            std::copy_n(sheet.tile(tiles[x]) + line, world_tile_size,
-                        buffer.row(y) + x * world_tile_size);
+            std::copy_n(sheet.tile(tiles[x]) + line, world_tile_size, out + x * world_tile_size);
     }
 }
 

@@ -5,9 +5,11 @@
 #include "map/tile_grid.h"
 #include "render/pixel_buffer.h"
 #include "rom/rom_image.h"
+#include "world_map/worlds.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace veldrune {
@@ -28,6 +30,15 @@ struct WorldSheet {
         return pixels.data() + (number / 16 * side + number % 16) * world_tile_size;
     }
     Colour* tile(int number) { return const_cast<Colour*>(std::as_const(*this).tile(number)); }
+};
+
+/// The world map in memory.
+struct OpenWorld {
+    World world = World::dawn;         // the one that was read last
+    std::optional<ImageSource> source; // nothing before the first opening
+    WorldMap world_map;
+    WorldSheet world_sheet;
+    int world_packed_size = 0; // the length field of its stream, as read or last written
 };
 
 /// A world's unpacked graphics: the tile table, four characters a tile (top left, top right, bottom

@@ -74,7 +74,7 @@ TEST_F(DemoImage, StructuresLieInTheirAreas) {
 TEST_F(DemoImage, EveryMapShowsSomething) {
     for (int map = demo::demo_map::town; map < map_count; ++map) {
         editor.choose(map);
-        const auto& ground = state.layers[1].map.cells;
+        const auto& ground = state.map.layers[1].map.cells;
         EXPECT_NE(std::ranges::count(ground, ground[0]), std::ssize(ground)) << map;
         EXPECT_LT(std::stoi(form.Text13), 48) << map;
     }
@@ -158,11 +158,11 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     std::set<std::int64_t> starts;
     std::set<int> commands, actions;
     std::int64_t at = 0xA0200;
-    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.length) {
+    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.loaded.length) {
         starts.insert(at);
-        state.selected_object.script_offset = at;
+        state.objects.selected_object.script_offset = at;
         open_event_editor(state);
-        ASSERT_TRUE(state.script.whole && at < 0xCE802) << at;
+        ASSERT_TRUE(state.script.loaded.whole && at < 0xCE802) << at;
         const ScriptGrid& grid = state.form9.grid;
         for (int row = 1, first = 0; row + 1 < std::ssize(grid); ++row) {
             first = starts_command(grid, row) ? row : first;
@@ -197,14 +197,14 @@ TEST(DemoWorlds, LeadIntoTheOtherMaps) {
         Editor editor;
         open(*editor.state);
         EXPECT_TRUE(editor.dialogs.silent());
-        EXPECT_LE(editor.state->world_packed_size, longest_world_stream);
+        EXPECT_LE(editor.state->world.world_packed_size, longest_world_stream);
         for (const ObjectKind kind : {event_trigger, entrance}) {
-            const ObjectList& list = editor.state->objects[kind];
+            const ObjectList& list = editor.state->objects.lists[kind];
             EXPECT_GT(list.row_count, 5);
             for (int i = 0; i < list.row_count; ++i) {
                 const auto record = object_row(kind, list, i);
                 const int first_sight = 96; // roads and whatever stands on the ground
-                EXPECT_GE(editor.state->world_map.at(record[0], record[1]), first_sight) << i;
+                EXPECT_GE(editor.state->world.world_map.at(record[0], record[1]), first_sight) << i;
                 const int target = record[2] | record[3] << 8;
                 EXPECT_TRUE(kind != entrance ||
                             (target >= demo::demo_map::town && target < map_count));

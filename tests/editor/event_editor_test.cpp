@@ -46,7 +46,7 @@ TEST(EventEditor, ASaveGoesInPlaceAndTouchesNothingElse) {
 TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPoints) {
     ScriptEditor editor(script);
     Bytes image = editor.image();
-    editor.state->selected_object.script_offset = 0x40000;
+    editor.state->objects.selected_object.script_offset = 0x40000;
     editor.window.Text3 = "12345";
     save_script(*editor.state);
     put_bytes(image, 0x40000, script);
@@ -85,7 +85,8 @@ TEST(EventEditor, TheObjectWindowOpensTheScriptsOfNpcsAndTriggersAlone) {
         for (const bool object : {false, true}) {
             ScriptEditor editor;
             editor.state->form10.TabStrip1 = tab;
-            editor.state->selected_object.index = object ? std::optional<int>(0) : std::nullopt;
+            editor.state->objects.selected_object.index =
+                object ? std::optional<int>(0) : std::nullopt;
             open_event_editor_of_object(*editor.state);
             EXPECT_EQ(editor.window.visible, object && (tab == 0 || tab == 2)) << tab;
         }
@@ -101,7 +102,7 @@ TEST(EventEditor, AnOffsetThatIsTypedOpensTheEditorAnew) {
     on_script_offset_enter(*editor.state);
     EXPECT_EQ(editor.rows(), (std::vector<std::string>{"39|||Free Screen|0", "FE|||Return|0"}));
     EXPECT_EQ(editor.window.Text3, "1234");
-    EXPECT_EQ(editor.state->selected_object.script_offset, 0x1234);
+    EXPECT_EQ(editor.state->objects.selected_object.script_offset, 0x1234);
     EXPECT_EQ(editor.window.load_number, loads + 1);
     EXPECT_FALSE(editor.window.Text2_visible);
     remove_script_item(*editor.state); // nothing is remembered from before
@@ -124,7 +125,7 @@ TEST(EventEditor, AScriptThatWasNotReadWholeIsShownAndCanNotBeSaved) {
         for (std::size_t i = script_at; i < script_at + 10001; i += 2)
             image[i] = 0x3D;
         put_bytes(image, image.size() - c.tail.size(), c.tail);
-        editor.state->selected_object.script_offset = static_cast<std::int64_t>(c.offset);
+        editor.state->objects.selected_object.script_offset = static_cast<std::int64_t>(c.offset);
         open_event_editor(*editor.state);
         std::size_t commands = 0;
         for (int row = 1; row < static_cast<int>(editor.window.grid.size()); ++row)

@@ -19,7 +19,7 @@ void press(Editor& editor, const std::string& control) {
 }
 
 std::vector<Colour> pixels_of(const Editor& editor) {
-    const auto& pixels = editor.state->picture.pixels;
+    const auto& pixels = editor.state->display.picture.pixels();
     return {pixels.begin(), pixels.end()};
 }
 
@@ -48,14 +48,14 @@ TEST(Open, CancelAndFailureKeepTheOpenImageAndASecondOneLeavesTheFields) {
 
 TEST(SelectMap, DrawsNothingAndTheFirstMapLeavesTheBuildDeadUntilAHigherOneIsChosen) {
     Editor editor;
-    Colour& corner = editor.state->picture.pixels[0];
+    Colour& corner = *editor.state->display.picture.row(0);
     corner = 7;
     for (const int map : {0, town}) {
         editor.form.Picture3.fill(7);
         press(editor, "Command3");
         editor.choose(map);
         EXPECT_EQ(editor.form.Picture3[0], 0u);
-        EXPECT_EQ(editor.state->map_properties, read_record(editor.state->rom, map));
+        EXPECT_EQ(editor.state->map.map_properties, read_record(editor.state->rom, map));
         EXPECT_EQ(corner, 7u);
     }
     editor.choose(0); // works from then on
@@ -66,7 +66,7 @@ TEST(SelectMap, DrawsNothingAndTheFirstMapLeavesTheBuildDeadUntilAHigherOneIsCho
 TEST(SelectMap, AsksAboutUnsavedChangesAndLeavesTheWorldMapFirst) {
     Town editor;
     EditorState& state = editor.s;
-    const auto layers = state.layers[0].map.cells;
+    const auto layers = state.map.layers[0].map.cells;
     state.changes_saved = false;
     state.world_map_mode = state.world_map_open = editor.form.Text24_visible = true;
     editor.form.map_fields_enabled = editor.form.HScroll1.visible = false;
@@ -75,13 +75,13 @@ TEST(SelectMap, AsksAboutUnsavedChangesAndLeavesTheWorldMapFirst) {
     EXPECT_EQ(editor.dialogs.questions,
               (std::vector<std::string>{
                   "Selecting another map without saving will erase your changes, continue?"}));
-    EXPECT_EQ(std::pair(state.map_index, editor.form.Combo1), std::pair(town, 4)); // as clicked
-    EXPECT_EQ(state.layers[0].map.cells, layers);
+    EXPECT_EQ(std::pair(state.map.map_index, editor.form.Combo1), std::pair(town, 4)); // as clicked
+    EXPECT_EQ(state.map.layers[0].map.cells, layers);
     EXPECT_FALSE(state.changes_saved || state.world_map_mode || state.world_map_open);
     EXPECT_TRUE(editor.form.HScroll1.visible);
     EXPECT_FALSE(editor.form.map_fields_enabled);
     editor.choose(4); // OK
-    EXPECT_EQ(state.map_index, 4);
+    EXPECT_EQ(state.map.map_index, 4);
     EXPECT_TRUE(state.changes_saved && editor.form.map_fields_enabled);
     EXPECT_FALSE(editor.form.Text24_visible);
 }
@@ -93,10 +93,10 @@ TEST(SelectMap, WhatTheDiskRefusesToGiveIsToldAndCantBeSaved) {
         editor.choose(town);
         const bool refused = editor.disk.reads >= at;
         ASSERT_EQ(editor.dialogs.messages.size(), refused ? 1u : 0u) << at;
-        ASSERT_EQ(editor.state->map_source.has_value(), !refused);
+        ASSERT_EQ(editor.state->map.source.has_value(), !refused);
         editor.disk.fail({}, {});
         editor.choose(town); // and works once the disk does
-        ASSERT_TRUE(editor.state->map_source);
+        ASSERT_TRUE(editor.state->map.source);
         if (!refused)
             break;
     }
@@ -180,15 +180,15 @@ TEST(View, ScrollBarsFollowTheLargestLayerAndBuildsTreatThemDifferently) {
 
 TEST(View, ZoomKeepsItsBoundsAndDrawsOnlyWithAMap) {
     Editor editor;
-    editor.state->picture.pixels.fill(7);
+    editor.state->display.picture.fill(7);
     for (const char* text : {"0.5", "0.25", "0.25"}) {
         press(editor, "Command4");
         EXPECT_EQ(editor.form.Text4, text);
     }
-    EXPECT_EQ(editor.state->picture.pixels[0], 7u);
+    EXPECT_EQ(editor.state->display.picture.pixels()[0], 7u);
     editor.choose(town);
     press(editor, "Command4"); // at the bound it still draws
-    EXPECT_NE(editor.state->picture.pixels[0], 7u);
+    EXPECT_NE(editor.state->display.picture.pixels()[0], 7u);
 }
 
 TEST(View, Layer3IsMissingOpaqueOrHalfThere) {
@@ -215,11 +215,11 @@ TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
     EXPECT_FALSE(state.view_stale);
     editor.form.grid_on = true;
     on_grid_change(state);
-    EXPECT_EQ(state.picture.row(32)[5], 0xFFFFFFu);
-    EXPECT_NE(state.picture.row(33)[5], 0u); // over the picture as it stands
+    EXPECT_EQ(state.display.picture.row(32)[5], 0xFFFFFFu);
+    EXPECT_NE(state.display.picture.row(33)[5], 0u); // over the picture as it stands
     editor.form.grid_on = false;
     on_grid_change(state);
-    EXPECT_EQ(std::ranges::count(state.picture.pixels, 0u), 512 * 512); // composes black
+    EXPECT_EQ(std::ranges::count(state.display.picture.pixels(), 0u), 512 * 512); // composes black
     editor.form.Check5 = editor.form.Check6 = editor.form.Check7 = true;
     on_view_box_change(state);
     const auto at = [&](int column) {
@@ -282,7 +282,7 @@ TEST_P(Guards, ButtonsAndMouseDoNothing) {
     EXPECT_TRUE(dialogs.silent());
     EXPECT_EQ(disk.writes, 0);
     EXPECT_FALSE(state->form8.visible || state->form2.visible || state->form10.visible);
-    EXPECT_EQ(std::ranges::count(state->picture.pixels, 0u), 512 * 512);
+    EXPECT_EQ(std::ranges::count(state->display.picture.pixels(), 0u), 512 * 512);
 }
 
 INSTANTIATE_TEST_SUITE_P(WithAnImage, Guards, testing::Bool());

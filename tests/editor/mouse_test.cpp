@@ -42,7 +42,7 @@ TEST(Mouse, APaintedCellLooksLikeAFullCompositionAndChangesOneTile) {
         town.form.HScroll1.value = random.below(3);
         compose_view(town.s);
         const int x = random.below(512), y = random.below(512), size = tile_size(town.s);
-        auto expected = town.s.layers;
+        auto expected = town.s.map.layers;
         expected[static_cast<std::size_t>(layer)].map.at(town.form.HScroll1.value + x / size,
                                                          y / size) =
             static_cast<std::uint8_t>(town.form.current_tile);
@@ -50,9 +50,9 @@ TEST(Mouse, APaintedCellLooksLikeAFullCompositionAndChangesOneTile) {
         for (std::size_t i = 0; i < layer_count; ++i)
             ASSERT_EQ(town.map(i).cells, expected[i].map.cells);
         ASSERT_FALSE(town.s.changes_saved);
-        const auto painted = town.s.picture.pixels;
+        const auto painted = town.s.display.picture.pixels();
         compose_view(town.s);
-        ASSERT_TRUE(painted == town.s.picture.pixels) << round;
+        ASSERT_TRUE(painted == town.s.display.picture.pixels()) << round;
     }
 }
 
@@ -100,7 +100,7 @@ TEST(Mouse, APickTakesTheTileAndItsClickPaintsNothing) {
     EXPECT_EQ(town.form.current_tile, 5);
     EXPECT_EQ(town.map(0).cells, before.cells);
     EXPECT_TRUE(town.s.changes_saved);
-    const Formation tile = whole_formation(town.s.bitmaps, 0, 5);
+    const Formation tile = whole_formation(town.s.display.bitmaps, 0, 5);
     EXPECT_EQ(town.form.Picture3[64 * 63 + 63], tile[255]);
     EXPECT_EQ(town.form.Picture3[64 * 4 + 3], tile[16]);
 

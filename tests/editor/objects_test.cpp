@@ -64,7 +64,7 @@ struct ObjectEditor : Editor {
         save_object(s);
         EXPECT_EQ(disk.writes, 0);
     }
-    int index() const { return state->selected_object.index.value_or(-1); }
+    int index() const { return state->objects.selected_object.index.value_or(-1); }
 };
 
 TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
@@ -86,7 +86,7 @@ TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
         ObjectEditor editor(c.boxes);
         editor.form.grid_on = true;
         refresh_map(editor.s);
-        EXPECT_EQ(editor.s.picture.row(c.row * 32)[c.column * 32], c.corner) << c.boxes;
+        EXPECT_EQ(editor.s.display.picture.row(c.row * 32)[c.column * 32], c.corner) << c.boxes;
         editor.click(c.column, c.row);
         EXPECT_EQ(std::pair(editor.window.TabStrip1, editor.index()), std::pair(c.tab, c.index));
         EXPECT_EQ(editor.window.visible, c.index >= 0);
@@ -104,7 +104,7 @@ TEST(ObjectWindow, WalksRecordsByTheBarAndTheTabs) {
     const Form10& window = editor.window;
     editor.click(9, 9);
     EXPECT_EQ(window.Label10 + " " + window.Text1, "3 A0203");
-    EXPECT_EQ(editor.s.selected_object.script_offset, 0xA0203);
+    EXPECT_EQ(editor.s.objects.selected_object.script_offset, 0xA0203);
     editor.window.Text5 = "77"; // dropped without a question
     editor.scroll(1);
     EXPECT_EQ(window.Label10 + " " + window.Text5, "1 5");
@@ -154,7 +154,7 @@ TEST(Objects, AWorldLeavesNoRowsOfTheKindsThatItDoesNotRead) {
     ObjectEditor editor;
     editor.form.Combo1 = 0;
     read_world_objects(editor.s);
-    EXPECT_EQ(editor.s.objects[npc].row_count, 0);
+    EXPECT_EQ(editor.s.objects.lists[npc].row_count, 0);
 }
 
 TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
@@ -187,8 +187,8 @@ TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
         if (c.byte == 0x57)
             on_palette_text(editor.s);
         EXPECT_TRUE(editor.window.Picture1 == expected.Picture1) << c.sprite;
-        EXPECT_EQ(editor.s.selected_object.bytes[6], c.byte);
-        EXPECT_EQ(editor.s.selected_object.bytes[2], 0x38);
+        EXPECT_EQ(editor.s.objects.selected_object.bytes[6], c.byte);
+        EXPECT_EQ(editor.s.objects.selected_object.bytes[2], 0x38);
     }
     EXPECT_TRUE(editor.dialogs.silent());
 }

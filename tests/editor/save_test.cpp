@@ -22,7 +22,7 @@ void make_noise(Editor& editor, std::size_t layer, int columns, int rows) {
     Random random(6);
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column)
-            editor.s.layers[layer].map.at(column, row) = random.byte();
+            editor.s.map.layers[layer].map.at(column, row) = random.byte();
 }
 
 TEST(Save, EveryUntouchedMapComesBackByteForByte) {
@@ -31,7 +31,7 @@ TEST(Save, EveryUntouchedMapComesBackByteForByte) {
     EXPECT_EQ(editor.disk.writes, 0);
     for (int map = 0; map < rom_layout::map_count; ++map) {
         editor.choose(map);
-        if (std::ranges::any_of(editor.state->layers, &Layer::rows_missing))
+        if (std::ranges::any_of(editor.state->map.layers, &Layer::rows_missing))
             continue;
         editor.disk.writes = 0;
         save(*editor.state);
@@ -52,7 +52,7 @@ TEST(Save, AGrownLayerIsAskedAboutInTheOrderOfThePasses) {
     Bytes image = t.image();
     const int size = image[0x300300] + 256 * image[0x300301];
     ASSERT_EQ(t.dialogs.questions.size(), 2u);
-    EXPECT_EQ(t.dialogs.questions[0], grown(1, size - t.s.layers[0].layer_packed_size));
+    EXPECT_EQ(t.dialogs.questions[0], grown(1, size - t.s.map.layers[0].layer_packed_size));
     EXPECT_TRUE(t.dialogs.questions[1].starts_with("Layer 3 is "));
     EXPECT_FALSE(t.s.changes_saved);
     // Layer 1 alone has been written, behind the old end of the file.
@@ -64,7 +64,7 @@ TEST(Save, AGrownLayerIsAskedAboutInTheOrderOfThePasses) {
     save(t.s);
     EXPECT_EQ(t.dialogs.questions[2], t.dialogs.questions[0]);
     t.choose(town);
-    t.s.layers[2].layer_packed_size -= 1;
+    t.s.map.layers[2].layer_packed_size -= 1;
     save(t.s);
     EXPECT_EQ(t.dialogs.questions.back(), grown(3, 1));
 }
@@ -116,7 +116,7 @@ TEST(Save, SizesThatNoLayerHasAreToldBeforeAnythingIsWritten) {
 TEST(Save, WhatCantBeSavedIsToldBeforeAnythingIsWritten) {
     const std::pair<std::string, void (*)(Town&)> cases[] = {
         {"Layer 2 can't be saved: it is 128 tiles high, and only 64 of its rows could be loaded.",
-         [](Town& t) { t.s.layers[1].rows_missing = true; }},
+         [](Town& t) { t.s.map.layers[1].rows_missing = true; }},
         {"Layer 1 can't be saved: its stream would take more than 9001 bytes.",
          [](Town& t) {
              t.form.Text2 = "128";
@@ -159,7 +159,7 @@ void change_town(Editor& editor) {
 void change_dawn(Editor& editor) {
     open_world_of_dawn(editor.s);
     for (int i = 0; i < 20; ++i)
-        editor.s.world_map.at(7 * i, i) ^= 1;
+        editor.s.world.world_map.at(7 * i, i) ^= 1;
     editor.form.Text24 = "300300";
 }
 

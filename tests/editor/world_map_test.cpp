@@ -31,10 +31,10 @@ struct WorldEditor : Editor {
     /// Tiles that lengthen the stream by some bytes.
     void grow(int tiles) {
         for (int i = 0; i < tiles; ++i)
-            s.world_map.at(7 * i % 256, i) ^= 1;
+            s.world.world_map.at(7 * i % 256, i) ^= 1;
         s.changes_saved = false;
     }
-    Bytes stream() { return literal_compress_world_map(s.world_map.cells); }
+    Bytes stream() { return literal_compress_world_map(s.world.world_map.cells); }
     int stream_size() { return static_cast<int>(stream().size()); }
 
     /// Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
@@ -54,7 +54,8 @@ struct WorldEditor : Editor {
     void expect_picture(const char* step) const {
         for (int y = 0; y < 512; ++y)
             for (int x = 0; x < 512; ++x)
-                ASSERT_EQ(s.picture.row(y)[x], data.pixel(form, x, y)) << step << x << " " << y;
+                ASSERT_EQ(s.display.picture.row(y)[x], data.pixel(form, x, y))
+                    << step << x << " " << y;
     }
 };
 
@@ -98,7 +99,7 @@ TEST(WorldMap, EveryStepLeavesThePictureThatAPixelByPixelReferenceGives) {
         editor.click(left, x, y);
         EXPECT_EQ(form.Text20, std::to_string(form.HScroll2.value + x / 16));
         editor.expect_picture("objects");
-        EXPECT_TRUE(std::ranges::equal(editor.s.world_map.cells, editor.data.tiles));
+        EXPECT_TRUE(std::ranges::equal(editor.s.world.world_map.cells, editor.data.tiles));
     }
 }
 
@@ -121,7 +122,7 @@ TEST(WorldMap, APickTakesTheTileAndTheNextClickMayPaint) {
     editor.click(right, 100, 200); // writes what it has just picked
     EXPECT_EQ(form.current_tile, there);
     EXPECT_FALSE(editor.s.changes_saved);
-    EXPECT_TRUE(std::ranges::equal(editor.s.world_map.cells, editor.data.tiles));
+    EXPECT_TRUE(std::ranges::equal(editor.s.world.world_map.cells, editor.data.tiles));
 }
 
 TEST(WorldMap, TheChooserShowsItsSheetAlone) {
@@ -132,7 +133,7 @@ TEST(WorldMap, TheChooserShowsItsSheetAlone) {
         for (int x = 0; x < 512; ++x) {
             const bool line = y % 32 == 0 || x % 32 == 0;
             const auto pixel = editor.data.tile_pixel(y / 32 * 16 + x / 32, x / 2 % 16, y / 2 % 16);
-            ASSERT_EQ(editor.s.tile_sheet.row(y)[x], line ? 0xFFFFFF : pixel);
+            ASSERT_EQ(editor.s.display.tile_sheet.row(y)[x], line ? 0xFFFFFF : pixel);
         }
 }
 
@@ -149,11 +150,12 @@ TEST(WorldMap, OpeningGoesThroughItsMapAndComesBack) {
         EXPECT_TRUE(form.HScroll2.visible && form.VScroll2.visible);
         EXPECT_FALSE(form.HScroll1.visible || form.VScroll1.visible);
         EXPECT_TRUE(editor.s.zoom == 2.0f && form.Text4 == "1");
-        EXPECT_TRUE(form.Combo1 == world && editor.s.map_index == world);
+        EXPECT_TRUE(form.Combo1 == world && editor.s.map.map_index == world);
         EXPECT_EQ(editor.s.map_selected, world == 1);
         // Both lists are read, ticked or not, and no other one.
         for (const ObjectKind kind : {npc, chest, event_trigger, entrance, long_entrance})
-            EXPECT_EQ(editor.s.objects[kind].row_count, kind == entrance || kind == event_trigger);
+            EXPECT_EQ(editor.s.objects.lists[kind].row_count,
+                      kind == entrance || kind == event_trigger);
         editor.choose(world); // the row that is current already
         EXPECT_FALSE(editor.s.world_map_mode || editor.s.world_map_open || form.Text24_visible);
         EXPECT_TRUE(form.map_fields_enabled && form.HScroll1.visible && form.VScroll1.visible);
@@ -166,16 +168,16 @@ TEST(WorldMap, CancelShowsTheWorldWithTheFormerMapsLists) {
     WorldEditor editor;
     editor.choose(demo::demo_map::town);
     refresh_map(editor.s);
-    const int npcs = editor.s.objects[npc].row_count;
-    editor.s.world_map.at(0, 0) ^= 1; // gone before the question comes
+    const int npcs = editor.s.objects.lists[npc].row_count;
+    editor.s.world.world_map.at(0, 0) ^= 1; // gone before the question comes
     editor.s.changes_saved = false;
     editor.dialogs.answers = {false, false};
     editor.open();
     EXPECT_EQ(editor.dialogs.questions.size(), 1u);
     EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open && editor.form.HScroll2.visible);
     EXPECT_FALSE(editor.form.map_fields_enabled || editor.s.changes_saved);
-    EXPECT_TRUE(editor.form.Combo1 == 0 && editor.s.map_index == demo::demo_map::town);
-    EXPECT_TRUE(npcs > 0 && editor.s.objects[npc].row_count == npcs);
+    EXPECT_TRUE(editor.form.Combo1 == 0 && editor.s.map.map_index == demo::demo_map::town);
+    EXPECT_TRUE(npcs > 0 && editor.s.objects.lists[npc].row_count == npcs);
     editor.expect_picture("open");
     // Cancel on the way back: Save takes the map's path from then on.
     editor.choose(5);
@@ -184,7 +186,7 @@ TEST(WorldMap, CancelShowsTheWorldWithTheFormerMapsLists) {
     save(editor.s);
     EXPECT_EQ(editor.disk.log.back().offset, 0x2D9100 + 33 * demo::demo_map::town);
     editor.open(); // with its own lists alone
-    EXPECT_EQ(editor.s.objects[npc].row_count, 0);
+    EXPECT_EQ(editor.s.objects.lists[npc].row_count, 0);
 }
 
 TEST(WorldMap, WithoutAnImageTheFlagsAreSetAndNothingFollows) {
@@ -222,7 +224,7 @@ TEST(WorldMap, AClickOpensItsObjectsTheEventLast) {
         form.Check3 = last == event_trigger;
         editor.click(left, 165, 165);
         EXPECT_EQ(editor.s.form10.TabStrip1, static_cast<int>(last));
-        EXPECT_EQ(editor.s.selected_object.index.value_or(-1), last == npc ? -1 : 1);
+        EXPECT_EQ(editor.s.objects.selected_object.index.value_or(-1), last == npc ? -1 : 1);
     }
 }
 
@@ -250,7 +252,7 @@ TEST(WorldMap, ASaveTouchesItsStreamAndItsPointerAlone) {
 TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
     WorldEditor editor;
     const auto& questions = editor.dialogs.questions;
-    const int old_size = editor.s.world_packed_size;
+    const int old_size = editor.s.world.world_packed_size;
     editor.grow(3);
     editor.form.Text24 = "2f0100 ";
     editor.dialogs.answers = {false};
@@ -269,10 +271,10 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
         EXPECT_EQ(questions.size(), refused_write == 1 ? 2u : 3u);
         EXPECT_EQ(editor.s.changes_saved, refused_write == 0);
     }
-    editor.s.world_map.cells.fill(0);
+    editor.s.world.world_map.cells.fill(0);
     save(editor.s); // shorter
     EXPECT_EQ(questions.size(), 3u);
-    EXPECT_EQ(editor.s.world_packed_size, editor.stream_size());
+    EXPECT_EQ(editor.s.world.world_packed_size, editor.stream_size());
 }
 
 TEST(WorldMap, APointerThatCantNameTheLocationKeepsItsBytes) {
@@ -309,11 +311,11 @@ TEST(WorldMap, ALongerStreamIsNeitherTakenForAWorldNorWritten) {
         std::fill_n(image.bytes.begin() + 0x2F0102, 0x8000, std::uint8_t{0xFF});
         put_word(image.bytes, 0x2F0100, static_cast<std::size_t>(length));
         WorldEditor stored(0, image);
-        EXPECT_EQ(stored.s.world_map.at(0, 0), length < 0x8000 ? 0xFF : 0);
+        EXPECT_EQ(stored.s.world.world_map.at(0, 0), length < 0x8000 ? 0xFF : 0);
         WorldEditor painted;
-        painted.s.world_map.cells.fill(0);
+        painted.s.world.world_map.cells.fill(0);
         Random random(4); // with it one tile makes one byte
-        std::generate_n(painted.s.world_map.cells.begin(), 26984 + length - 0x7FFF,
+        std::generate_n(painted.s.world.world_map.cells.begin(), 26984 + length - 0x7FFF,
                         [&] { return random.byte(); });
         ASSERT_EQ(painted.stream_size(), length);
         for (WorldEditor* editor : {&stored, &painted}) {

@@ -113,12 +113,12 @@ void expect_law(ScriptEditor& editor, const Bytes& bytes) {
         if (starts_command(editor.window.grid, row))
             shown.push_back(std::stoul(editor.cell(row, 0), nullptr, 16));
     ASSERT_EQ(shown, codes);
-    ASSERT_EQ(editor.state->script.whole, walk.end != 0);
+    ASSERT_EQ(editor.state->script.loaded.whole, walk.end != 0);
     ASSERT_EQ(editor.dialogs.messages.size(), walk.end != 0 ? 0u : 1u);
     editor.dialogs.messages.clear();
     if (walk.end == 0)
         return;
-    ASSERT_EQ(editor.state->script.length, static_cast<int>(walk.end));
+    ASSERT_EQ(editor.state->script.loaded.length, static_cast<int>(walk.end));
     const EncodedScript encoded = editor.encode();
     ASSERT_FALSE(encoded.refusal) << encoded.refusal->text;
     padded.resize(walk.end);

@@ -73,7 +73,7 @@ TEST(ScriptRows, CellsCarryABlankInFrontAndTheGridASpareRow) {
     EXPECT_EQ(grid[3].cells, (Cells{"  ", " 7", " ", "Object Number"}));
     EXPECT_EQ(grid[5].cells, (Cells{" ", "", "", ""}));
     EXPECT_EQ(editor.window.Text3, "30000");
-    EXPECT_EQ(editor.state->script.length, 4);
+    EXPECT_EQ(editor.state->script.loaded.length, 4);
 }
 
 TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {

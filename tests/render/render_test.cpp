@@ -80,7 +80,7 @@ TEST_F(Compose, DrawsCellsLikeTheLiteralComposerAndNothingElse) {
         const int y0 = random.below(across), y1 = y0 + 1 + random.below(across - y0);
         const int cell_x = random.below(across), cell_y = random.below(across);
         const CellTiles tiles = random.bytes<layer_count>();
-        picture.pixels.fill(mark);
+        picture.fill(mark);
         compose_cells(bitmaps, view, x0, y0, x1, y1, picture);
         compose_one_cell(bitmaps, view, cell_x, cell_y, tiles, picture);
         compose_one_cell(bitmaps, view, from({-1, across}), cell_y, tiles, picture);

@@ -61,7 +61,7 @@ struct Town : Editor {
         if (built)
             build_tileset(s);
     }
-    LayerMap& map(std::size_t layer) { return s.layers[layer].map; }
+    LayerMap& map(std::size_t layer) { return s.map.layers[layer].map; }
 };
 
 } // namespace veldrune::test

@@ -41,7 +41,7 @@ struct ScriptEditor : Editor {
     }
     void load(const Bytes& script) {
         put_bytes(image(), script_at, script);
-        state->selected_object.script_offset = script_at;
+        state->objects.selected_object.script_offset = script_at;
         open_event_editor(*state);
     }
     void click(int row, int column) { on_script_click(*state, row, column); }

@@ -42,7 +42,7 @@ class ScriptedDialogs : public Dialogs {
     std::deque<bool> answers;
     std::deque<std::string> file_names; // for both file dialogs
 
-    void message(const std::string& text, const std::string& title) override {
+    void message(MessageKind, const std::string& text, const std::string& title) override {
         messages.push_back({text, title});
     }
     bool question(const std::string& text) override {

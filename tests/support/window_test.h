@@ -89,7 +89,7 @@ class WindowTest : public testing::Test {
         user.click("Command3");
     }
     std::uint8_t tile(int layer, int column, int row) {
-        return state->layers[static_cast<std::size_t>(layer)].map.at(column, row);
+        return state->map.layers[static_cast<std::size_t>(layer)].map.at(column, row);
     }
     /// Whether the Picture1 of a window shows that picture, pixel by pixel.
     static bool shows(const WindowDriver& driver, const PixelBuffer& picture) {
@@ -100,7 +100,7 @@ class WindowTest : public testing::Test {
                     return false;
         return true;
     }
-    bool shows_picture() { return shows(user, state->picture); }
+    bool shows_picture() { return shows(user, state->display.picture); }
     /// What works the window of that form, which becomes the active one.
     static WindowDriver driver(const QString& form) {
         QWidget* found = visible_window(form);

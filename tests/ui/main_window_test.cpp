@@ -16,7 +16,8 @@ constexpr int forest = demo::demo_map::forest;
 class MainWindowTest : public WindowTest {
   protected:
     bool is_black() {
-        return std::ranges::all_of(state->picture.pixels, [](Colour pixel) { return pixel == 0; });
+        return std::ranges::all_of(state->display.picture.pixels(),
+                                   [](Colour pixel) { return pixel == 0; });
     }
 };
 
@@ -130,10 +131,10 @@ TEST_F(TownWindowTest, TheSecondPressOfADoubleClickIsAPress) {
 
 TEST_F(TownWindowTest, ZoomGridAndViewBoxesRedraw) {
     user.click("Option4");
-    EXPECT_EQ(state->picture.row(100)[32], 0xFFFFFFu);
+    EXPECT_EQ(state->display.picture.row(100)[32], 0xFFFFFFu);
     EXPECT_TRUE(shows_picture());
     user.click("Option5");
-    EXPECT_NE(state->picture.row(100)[32], 0xFFFFFFu);
+    EXPECT_NE(state->display.picture.row(100)[32], 0xFFFFFFu);
     user.click("Command4");
     EXPECT_EQ(user.text("Text4"), "0.5");
     user.click("Command5");
@@ -163,7 +164,7 @@ TEST_F(TownWindowTest, BarsAndWheelScroll) {
                  {{0, -120}, Qt::ShiftModifier, 4, 1},
                  {{120, 0}, Qt::NoModifier, 1, 1}};
     QTest::keyClick(&user.find("Picture1"), Qt::Key_Right);
-    EXPECT_EQ(state->last_h, 1);
+    EXPECT_EQ(state->display.last_h, 1);
     for (const auto& [turn, key, h, v] : turns) {
         user.wheel("Picture1", turn, key);
         EXPECT_EQ(std::pair(form.HScroll1.value, form.VScroll1.value), std::pair(h, v));
@@ -196,7 +197,7 @@ TEST_F(TownWindowTest, TheCurrentRowCanBeChosenAgainAndTheWheelNeedsTheFocus) {
     EXPECT_EQ(form.Combo1, town);
     list.setFocus();
     user.wheel("Combo1", {0, -120});
-    EXPECT_EQ(state->map_index, town + 1);
+    EXPECT_EQ(state->map.map_index, town + 1);
 }
 
 TEST_F(MainWindowTest, TickedObjectBoxesTakeTheColourOfTheirKind) {
@@ -225,12 +226,12 @@ TEST_F(TownWindowTest, UnsavedChangesAreAskedAboutAndTheListKeepsTheClickedRow) 
         WindowDriver::move(user.find("Picture1"), QPoint(300, 300), Qt::LeftButton);
     };
     user.choose_map(forest);
-    EXPECT_EQ(state->map_index, town);
+    EXPECT_EQ(state->map.map_index, town);
     EXPECT_EQ(user.text("Combo1"), "map " + std::to_string(forest));
     EXPECT_EQ(form.Text4, "1");
     EXPECT_EQ(user.text("Label26"), mouse_place);
     user.choose_map(forest);
-    EXPECT_EQ(state->map_index, forest);
+    EXPECT_EQ(state->map.map_index, forest);
     EXPECT_EQ(answers.boxes, Messages(2, {"Selecting another map without saving will erase your "
                                           "changes, continue?",
                                           "Veldrune Map Editor"}));

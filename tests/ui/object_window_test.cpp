@@ -80,7 +80,7 @@ TEST_F(ObjectWindowTest, AnObjectIsFoundMovedSavedAndDrawnInItsNewPlace) {
     EXPECT_EQ(disk["a.smc"], expected);
 
     const auto marked = [&](int column) {
-        return state->picture.row(11 * 32)[column * 32 + 16] == 0xFF0000;
+        return state->display.picture.row(11 * 32)[column * 32 + 16] == 0xFF0000;
     };
     EXPECT_TRUE(marked(9) && !marked(12));
     user.click("Command3");

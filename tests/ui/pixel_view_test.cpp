@@ -7,7 +7,6 @@
 #include <QPoint>
 
 #include <cmath>
-#include <vector>
 
 namespace veldrune::test {
 namespace {
@@ -15,9 +14,10 @@ namespace {
 // A picture of side 8 drawn on a screen of each scaling, in a widget that lies somewhere.
 TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
     constexpr int side = 8;
-    std::vector<std::uint32_t> pixels(side * side);
-    for (std::size_t i = 0; i < pixels.size(); ++i)
-        pixels[i] = static_cast<std::uint32_t>(0x030507 * (i + 1));
+    Picture<side, side> pixels;
+    for (int i = 0; i < side * side; ++i)
+        pixels.row(0)[i] = static_cast<Colour>(0x030507 * (i + 1));
+    ScreenPicture picture(pixels);
 
     for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 3.0})
         for (const int place : {0, 7, 9, 33}) {
@@ -32,7 +32,7 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
             screen.setDevicePixelRatio(ratio);
             QPainter painter(&screen);
             painter.translate(place, place + 1);
-            draw_pixels(painter, view, pixels, QSize(side, side));
+            picture.draw(painter, view);
             painter.end();
 
             const auto left = static_cast<int>(std::lround((place + view.origin.x()) * ratio));

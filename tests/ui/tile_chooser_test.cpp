@@ -15,7 +15,7 @@ TEST_F(TileChooserTest, ATileIsTakenByAClick) {
     open_map(town);
     user.click("Command1");
     ASSERT_TRUE(both_show());
-    EXPECT_TRUE(shows(driver("Form8"), state->tile_sheet));
+    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
     EXPECT_EQ(visible_window("Form2")->frameGeometry().top(),
               visible_window("Form8")->frameGeometry().top() + 1);
 
@@ -35,7 +35,7 @@ TEST_F(TileChooserTest, TheSheetAndTheEditLayerFollowThePalette) {
     EXPECT_TRUE(driver("Form2").is_checked("Option2"));
     driver("Form2").click("Option3");
     EXPECT_TRUE(both_show());
-    EXPECT_TRUE(shows(driver("Form8"), state->tile_sheet));
+    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
     EXPECT_TRUE(user.is_checked("Option3"));
 }
 

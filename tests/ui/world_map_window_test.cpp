@@ -50,9 +50,9 @@ TEST_F(WorldMapWindowTest, BarsAndWheelScrollAndTheGridIsDrawn) {
     user.choose("Dusk");
     for (const char* bar : {"VScroll2", "HScroll2"}) {
         EXPECT_EQ(user.find<QScrollBar>(bar).maximum(), 224);
-        const auto before = state->picture.pixels;
+        const auto before = state->display.picture.pixels();
         user.find<QScrollBar>(bar).setValue(100);
-        EXPECT_NE(state->picture.pixels, before);
+        EXPECT_NE(state->display.picture.pixels(), before);
         EXPECT_TRUE(shows_picture());
     }
     user.wheel("Picture1", {0, -120});
@@ -60,11 +60,11 @@ TEST_F(WorldMapWindowTest, BarsAndWheelScrollAndTheGridIsDrawn) {
     user.wheel("Picture1", {0, 120}, Qt::ControlModifier); // no zoom on a world
     EXPECT_EQ(state->zoom, 2.0f);
     user.click("Option4");
-    EXPECT_EQ(state->picture.row(5)[16], 0xFFFFFFu);
-    const auto before = state->picture.pixels;
+    EXPECT_EQ(state->display.picture.row(5)[16], 0xFFFFFFu);
+    const auto before = state->display.picture.pixels();
     user.click("Check4");
     EXPECT_TRUE(form.Check4);
-    EXPECT_EQ(state->picture.pixels, before); // from the next drawing on
+    EXPECT_EQ(state->display.picture.pixels(), before); // from the next drawing on
     EXPECT_TRUE(shows_picture());
 }
 
@@ -80,12 +80,12 @@ TEST_F(WorldMapWindowTest, TilesAreChosenPickedAndPainted) {
     EXPECT_EQ(form.current_tile, 132);
     user.drag({{100, 100}, {120, 100}, {140, 100}, {700, 100}});
     for (const int column : {36, 37, 38})
-        EXPECT_EQ(state->world_map.at(column, 6), 132);
+        EXPECT_EQ(state->world.world_map.at(column, 6), 132);
     EXPECT_TRUE(shows_picture());
     EXPECT_FALSE(state->changes_saved);
     user.click("Option11");
     user.click_picture(5, 5);
-    EXPECT_EQ(form.current_tile, state->world_map.at(30, 0));
+    EXPECT_EQ(form.current_tile, state->world.world_map.at(30, 0));
     EXPECT_TRUE(user.find<QRadioButton>("Option11").isChecked());
 }
 
@@ -100,7 +100,7 @@ TEST_F(WorldMapWindowTest, UnsavedChangesAreAskedAboutOnTheWayBack) {
     EXPECT_FALSE(user.find("Text1").isEnabled());
     user.choose_map(demo::demo_map::town);
     EXPECT_TRUE(user.find("Text1").isEnabled() && user.find("Text14").isVisible());
-    EXPECT_EQ(state->map_index, demo::demo_map::town);
+    EXPECT_EQ(state->map.map_index, demo::demo_map::town);
     EXPECT_EQ(answers.boxes.size(), 2u);
 }
 
