@@ -2,7 +2,8 @@
 
 #include "demo/demo_image.h"
 #include "editor/build.h"
-#include "editor/objects.h"
+#include "editor/object_lists.h"
+#include "editor/overlays.h"
 #include "editor/tile_chooser.h"
 #include "objects/markers.h"
 #include "open_editor.h"

@@ -152,6 +152,21 @@ void one_cell(benchmark::State& state) {
 }
 BENCHMARK(one_cell)->ArgName("across")->Arg(32)->Arg(16)->Arg(8)->Arg(4);
 
+/// The gain of each vector unit that the processor has, over none.
+void one_cell_with(benchmark::State& state) {
+    const auto scene = make_scene(noise);
+    const auto unit = static_cast<VectorUnit>(state.range(0));
+    Formation cell;
+    for (auto _ : state) {
+        compose_cell_with(unit, scene->bitmaps, scene->view.stack, {1, 2, 3}, cell);
+        benchmark::DoNotOptimize(cell);
+    }
+}
+BENCHMARK(one_cell_with)->ArgName("unit")->Apply([](auto* benchmark) {
+    for (const VectorUnit unit : vector_units())
+        benchmark->Arg(static_cast<int>(unit));
+});
+
 /// Both layers and layer 3, by the library's decoders or by the literal ones.
 template <auto& decode_layer, auto& decode_layer3>
 void decode(benchmark::State& state) {

@@ -5,6 +5,7 @@
 #include "editor/mouse.h"
 #include "editor/save.h"
 #include "editor/world_map.h"
+#include "editor/world_view.h"
 #include "open_editor.h"
 
 namespace veldrune {

@@ -9,6 +9,7 @@
 #include "editor/tile_chooser.h"
 #include "editor/view.h"
 #include "editor/world_map.h"
+#include "editor/world_view.h"
 #include "rom/rom_layout.h"
 #include "support/editor_fixture.h"
 #include "support/object_image.h"

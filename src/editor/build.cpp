@@ -1,9 +1,13 @@
 #include "editor/build.h"
 
+#include "editor/overlays.h"
 #include "editor/view.h"
+#include "editor/view_place.h"
+#include "render/build_tiles.h"
 #include "render/enlarge.h"
 #include "rom/number_text.h"
 #include "rom/reported_access.h"
+#include "rom/rom_layout.h"
 
 namespace veldrune {
 namespace {
@@ -12,27 +16,32 @@ int built_number(const EditorState& state, std::string Form1::*field) {
     return parse_decimal_text(state.form1.*field, state.dialogs).value;
 }
 
-// The first frames of the animated tiles anew; returns where the stream of layer 3's graphics lies.
-std::int64_t refresh_anim_tiles(EditorState& state) {
-    refresh_first_frames(state.rom, built_number(state, &Form1::Text18), state.map.anim_tiles);
-    return layer3_graphics_offset(state.rom, built_number(state, &Form1::Text23));
+// Reads the first frames of the animated tiles anew. Returns the numbers that it goes by.
+TileNumbers refresh_anim_tiles(EditorState& state) {
+    TileNumbers numbers;
+    numbers.animated_tileset = built_number(state, &Form1::Text18);
+    numbers.layer3_graphics = built_number(state, &Form1::Text23);
+    refresh_first_frames(state.rom, numbers.animated_tileset, state.map.anim_tiles);
+    return numbers;
 }
 
-void load_palette(EditorState& state) {
-    const int number = built_number(state, &Form1::Text13);
-    state.display.palette = read_palette(state.rom, map_palette_offset(number));
+int tileset_number(const EditorState& state, std::string Form1::*field) {
+    const int number = built_number(state, field);
+    if (number >= rom_layout::tileset_count)
+        state.dialogs.error("There is no tileset " + std::to_string(number) + ": the highest is " +
+                            std::to_string(rom_layout::tileset_count - 1) + ".");
+    return number;
 }
 
-void build_layer_tiles(EditorState& state, const TileFormationSet& set, FormationBitmap& high,
-                       FormationBitmap& low) {
-    decode_layer_tiles(split_formations(set), state.work.characters, state.display.palette, high,
-                       low);
-}
-
-void build_layer3_tiles(EditorState& state, std::int64_t stream_offset) {
-    Layer3Graphics graphics;
-    read_layer3_graphics(state.rom, stream_offset, state.work.decompress_buffer, graphics);
-    decode_layer3_tiles(graphics, state.display.palette, state.display.bitmaps.layer3_pixels);
+// The other numbers, in the order in which texts that are none are warned of.
+void read_tile_numbers(const EditorState& state, TileNumbers& numbers) {
+    constexpr std::string Form1::*tilesets[] = {&Form1::Text8, &Form1::Text9, &Form1::Text10,
+                                                &Form1::Text11};
+    for (std::size_t group = 0; group < numbers.tilesets.size(); ++group)
+        numbers.tilesets[group] = tileset_number(state, tilesets[group]);
+    numbers.palette = built_number(state, &Form1::Text13);
+    for (const std::size_t layer : {1u, 0u})
+        numbers.formations[layer] = built_number(state, layer_controls[layer].formation);
 }
 
 // Sizes that are no numbers are told here, once a build; compositions read them silently.
@@ -58,20 +67,10 @@ void show_map(EditorState& state) {
 void build_tileset(EditorState& state) {
     state.world_map_mode = false;
     const ReadWatch reads(state.rom);
-    const std::int64_t layer3_stream = refresh_anim_tiles(state);
-    const TilesetOffsets groups = read_tilesets(state.rom, state.form1, state.dialogs);
-    load_palette(state);
-    const int set2_number = built_number(state, &Form1::Text7);
-    const int set1_number = built_number(state, &Form1::Text6);
-    TileFormationSet set1;
-    TileFormationSet set2;
-    read_formation_set(state.rom, set1_number, state.work.decompress_buffer, set1);
-    read_formation_set(state.rom, set2_number, state.work.decompress_buffer, set2);
-    read_character_graphics(state.rom, groups, state.map.anim_tiles, state.work.characters);
-    FormationBitmaps& bitmaps = state.display.bitmaps;
-    build_layer_tiles(state, set2, bitmaps.layer2_high, bitmaps.layer2_low);
-    build_layer_tiles(state, set1, bitmaps.layer1_high, bitmaps.layer1_low);
-    build_layer3_tiles(state, layer3_stream);
+    TileNumbers numbers = refresh_anim_tiles(state);
+    read_tile_numbers(state, numbers);
+    build_tiles(state.rom, numbers, state.map.anim_tiles, state.work.decompress_buffer,
+                state.display.bitmaps);
     report_read_refusal(reads, "The tiles are not drawn as the image holds them.", state.dialogs);
     show_map(state);
 }

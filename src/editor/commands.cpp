@@ -5,6 +5,7 @@
 #include "editor/object_window.h"
 #include "editor/open_image.h"
 #include "editor/save.h"
+#include "editor/view_place.h"
 #include "editor/world_map.h"
 
 namespace veldrune {

@@ -23,7 +23,6 @@ namespace veldrune {
 /// Buffers without meaning between operations.
 struct WorkSpace {
     DecompressBuffer decompress_buffer;
-    CharacterGraphics characters{};
     CompressOutput compress_output{};
 };
 

@@ -1,6 +1,6 @@
 #include "editor/map_commands.h"
 
-#include "editor/objects.h"
+#include "editor/overlays.h"
 #include "editor/select_map.h"
 #include "editor/view.h"
 #include "saving/expand.h"

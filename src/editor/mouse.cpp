@@ -1,9 +1,11 @@
 #include "editor/mouse.h"
 
 #include "editor/build.h"
-#include "editor/objects.h"
+#include "editor/object_window.h"
+#include "editor/overlays.h"
 #include "editor/view.h"
-#include "editor/world_map.h"
+#include "editor/view_place.h"
+#include "editor/world_view.h"
 #include "rom/number_text.h"
 
 namespace veldrune {
@@ -21,13 +23,11 @@ struct Cursor {
 
 Cursor locate_cursor(const EditorState& state, int x, int y) {
     const Form1& form = state.form1;
-    const int side = tile_size(state);
-    Cursor cursor{x / side, y / side, 0, 0, false, false};
     const bool world = state.world_map_mode;
-    const ScrollBar& h = world ? form.HScroll2 : form.HScroll1;
-    const ScrollBar& v = world ? form.VScroll2 : form.VScroll1;
-    cursor.column = std::int64_t{h.value} + cursor.cursor_x;
-    cursor.row = std::int64_t{v.value} + cursor.cursor_y;
+    const ViewPlace place = world ? world_place(form, state.zoom) : map_place(form, state.zoom);
+    Cursor cursor{x / place.tile_size, y / place.tile_size, 0, 0, false, false};
+    cursor.column = std::int64_t{place.h} + cursor.cursor_x;
+    cursor.row = std::int64_t{place.v} + cursor.cursor_y;
     cursor.in_picture = x >= 0 && x < view_size && y >= 0 && y < view_size;
     cursor.in_map = cursor.in_picture && (world ? WorldMap::contains(cursor.column, cursor.row)
                                                 : LayerMap::contains(cursor.column, cursor.row));

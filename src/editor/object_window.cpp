@@ -1,5 +1,6 @@
 #include "editor/object_window.h"
 
+#include "objects/markers.h"
 #include "objects/sprite_preview.h"
 #include "rom/number_text.h"
 #include "rom/reported_access.h"
@@ -95,6 +96,18 @@ void open_object(EditorState& state, ObjectKind kind, int index) {
         on_object_tab(state);
     }
     load_selected_record(state, index);
+}
+
+void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y) {
+    const ObjectKinds kinds =
+        state.world_map_mode ? ObjectKinds(world_object_kinds) : ObjectKinds(map_object_kinds);
+    for (const ObjectKind kind : kinds) {
+        const bool shown = state.form1.*object_kind_row(kind).shown;
+        const ObjectList& list = state.objects.lists[kind];
+        for (int index = 0; shown && index < list.row_count; ++index)
+            if (object_covers(kind, list, index, x, y))
+                open_object(state, kind, index);
+    }
 }
 
 void drop_object(EditorState& state) {

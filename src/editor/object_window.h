@@ -10,6 +10,10 @@ ObjectKind chosen_kind(const EditorState& state);
 /// Shows record index of a kind in the object window.
 void open_object(EditorState& state, ObjectKind kind, int index);
 
+/// A click with the object tool: opens every object on tile (x, y) whose kind is shown, one after
+/// the other, so that the last one stays. Of a world map only what it has.
+void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y);
+
 /// Drops the record: the fields are blank and disabled until another one is loaded.
 void drop_object(EditorState& state);
 

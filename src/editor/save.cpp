@@ -1,9 +1,9 @@
 #include "editor/save.h"
 
 #include "editor/open_image.h"
-#include "editor/world_map.h"
 #include "saving/save_layers.h"
 #include "saving/save_properties.h"
+#include "saving/save_world.h"
 
 namespace veldrune {
 namespace {
@@ -67,11 +67,19 @@ bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
     return true;
 }
 
+void save_world(EditorState& state) {
+    if (!save_world_map(state.rom, state.form1.Text24, state.world, state.work.compress_output,
+                        state.dialogs))
+        return;
+    state.changes_saved = true;
+    state.world.source = source_of(state.rom);
+}
+
 // Whether the copy takes over the name. After a world map it does, whatever became of the save.
 bool save_into_copy(EditorState& state) {
     if (!state.world_map_open)
         return save_map(state, save_properties_as);
-    save_world_map(state);
+    save_world(state);
     return true;
 }
 
@@ -81,7 +89,7 @@ void save(EditorState& state) {
     if (!source_of_save(state) || !may_save_foreign_map(state))
         return;
     if (state.world_map_open)
-        save_world_map(state);
+        save_world(state);
     else
         save_map(state, save_properties);
 }

@@ -1,7 +1,7 @@
 #include "editor/select_map.h"
 
-#include "editor/objects.h"
-#include "editor/view.h"
+#include "editor/object_lists.h"
+#include "editor/view_place.h"
 #include "rom/reported_access.h"
 
 namespace veldrune {
@@ -23,20 +23,6 @@ bool may_drop_changes(EditorState& state) {
         state.changes_saved = state.dialogs.question(
             "Selecting another map without saving will erase your changes, continue?");
     return state.changes_saved;
-}
-
-// Shows the map's record in the fields and keeps what later steps need of it.
-void read_map_properties(EditorState& state) {
-    const MapProperties record = read_record(state.rom, state.map.map_index);
-    state.map.map_properties = state.map.record_at_load = record;
-    show_record(state.rom, record, state.form1);
-    show_byte27_high(record, state.form1);
-    for (int layer = 0; layer < layer_count; ++layer)
-        state.map.layers[static_cast<std::size_t>(layer)].layer_offset =
-            state.rom.read_pointer24(data_pointer_offset(layer_data_number(record, layer)));
-    state.map.layer3_order = read_layer3_order(state.rom, record);
-    // Four bits, while the field and the build take five.
-    fill_anim_tile_table(state.rom, record[27] & 0x0F, state.map.anim_tiles);
 }
 
 } // namespace
@@ -64,16 +50,12 @@ void select_map(EditorState& state) {
     form.Picture3.fill(0);
     enable_map_fields(form);
     const ReadWatch reads(state.rom);
-    state.map.map_index = form.Combo1;
-    state.map.source = source_of(state.rom);
-    read_map_properties(state);
-    for (int layer = 0; layer < layer_count; ++layer)
-        load_layer(state.rom, form, layer, state.work.decompress_buffer,
-                   state.map.layers[static_cast<std::size_t>(layer)]);
+    load_map(state.rom, form.Combo1, state.work.decompress_buffer, state.map);
+    show_byte27_high(state.map.map_properties, form);
     read_object_counts(state);
     if (form.Combo1 > 0)
         state.map_selected = true;
-    show_monster_set(state.rom, state.map.map_index, form);
+    show_map_fields(state);
     report_map_refusal(reads, state.map.source, state.dialogs);
 }
 

@@ -1,7 +1,8 @@
 #include "editor/view.h"
 
-#include "editor/objects.h"
-#include "editor/world_map.h"
+#include "editor/overlays.h"
+#include "editor/view_place.h"
+#include "editor/world_view.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -21,14 +22,6 @@ int largest(const Form1& form, std::string Form1::*LayerControls::*size) {
 void set_maximum(ScrollBar& bar, int maximum) {
     bar.maximum = std::max(maximum, 0);
     bar.value = std::min(bar.value, bar.maximum);
-}
-
-Layer3Blend layer3_blend(const Form1& form) {
-    constexpr int opaque_graphics = 6; // alone of all layer 3 graphics
-    if (form.Text25 == EMPTY_LAYER_TEXT)
-        return Layer3Blend::none;
-    return decimal_number(form.Text23).value == opaque_graphics ? Layer3Blend::opaque
-                                                                : Layer3Blend::half;
 }
 
 void on_zoom_change(EditorState& state) {
@@ -57,9 +50,7 @@ void on_scroll(EditorState& state, void (*set_bar_maximum)(EditorState&)) {
 }
 
 void set_zoom(EditorState& state, float zoom) {
-    constexpr float closest = 0.25f;
-    constexpr float farthest = 2.0f;
-    if (zoom >= closest && zoom <= farthest) {
+    if (zoom >= closest_zoom && zoom <= farthest_zoom) {
         char text[16];
         state.zoom = zoom;
         state.form1.Text4.assign(text, std::to_chars(text, std::end(text), zoom).ptr);
@@ -69,32 +60,16 @@ void set_zoom(EditorState& state, float zoom) {
 
 } // namespace
 
-bool map_ready(const EditorState& state) {
-    return state.rom_open && state.map_selected;
-}
-
 bool any_layer_shown(const Form1& form) {
     return form.Check5 || form.Check6 || form.Check7;
-}
-
-void show_scroll_bars(Form1& form, bool world) {
-    form.HScroll1.visible = form.VScroll1.visible = !world;
-    form.HScroll2.visible = form.VScroll2.visible = world;
-}
-
-int cells_across(const EditorState& state) {
-    return static_cast<int>(16 * state.zoom);
-}
-
-int tile_size(const EditorState& state) {
-    return view_size / cells_across(state);
 }
 
 MapView map_view(const EditorState& state) {
     const Form1& form = state.form1;
     MapView view;
     view.stack.layer3_order = state.map.layer3_order;
-    view.stack.blend = layer3_blend(form);
+    view.stack.blend =
+        layer3_blend(form.Text25 != EMPTY_LAYER_TEXT, decimal_number(form.Text23).value);
     for (std::size_t layer = 0; layer < layer_count; ++layer) {
         const LayerControls& controls = layer_controls[layer];
         view.stack.shown[layer] = form.*controls.view;
@@ -104,7 +79,7 @@ MapView map_view(const EditorState& state) {
     }
     view.h = form.HScroll1.value;
     view.v = form.VScroll1.value;
-    view.cells_across = cells_across(state);
+    view.cells_across = cells_across(state.zoom);
     return view;
 }
 
@@ -118,12 +93,12 @@ void compose_view(EditorState& state) {
 
 void set_column_maximum(EditorState& state) {
     set_maximum(state.form1.HScroll1,
-                largest(state.form1, &LayerControls::width) - cells_across(state));
+                largest(state.form1, &LayerControls::width) - cells_across(state.zoom));
 }
 
 void set_row_maximum(EditorState& state) {
     set_maximum(state.form1.VScroll1,
-                largest(state.form1, &LayerControls::height) - cells_across(state));
+                largest(state.form1, &LayerControls::height) - cells_across(state.zoom));
 }
 
 void on_h_scroll(EditorState& state) {
@@ -154,12 +129,6 @@ void on_grid_change(EditorState& state) {
 
 void on_view_box_change(EditorState& state) {
     state.view_stale = true;
-}
-
-void draw_overlays(EditorState& state) {
-    if (state.form1.grid_on)
-        draw_grid(state.display.picture, tile_size(state));
-    draw_objects(state);
 }
 
 } // namespace veldrune

@@ -1,25 +1,14 @@
 #pragma once
 
 #include "editor/editor_state.h"
-#include "render/compose.h"
 
 namespace veldrune {
 
 /// What the next composition will show, from the fields, boxes and scroll bars as they stand.
 MapView map_view(const EditorState& state);
 
-/// Whether there is a map to build and show.
-bool map_ready(const EditorState& state);
-
 /// Whether at least one "View Layer" box is ticked.
 bool any_layer_shown(const Form1& form);
-
-/// The scroll bars of a world map or of a map, in the place of the other ones.
-void show_scroll_bars(Form1& form, bool world);
-
-/// Cells per row and column of the view, and pixels per cell side, at the present zoom.
-int cells_across(const EditorState& state);
-int tile_size(const EditorState& state);
 
 /// Composes every cell of the view.
 void compose_view(EditorState& state);
@@ -42,8 +31,5 @@ void on_grid_change(EditorState& state);
 
 /// After a change of a "View Layer" box by the user.
 void on_view_box_change(EditorState& state);
-
-/// The grid, where it is on, and the objects over the picture as it stands.
-void draw_overlays(EditorState& state);
 
 } // namespace veldrune

@@ -16,8 +16,15 @@ struct ChosenMap {
     MapProperties map_properties{};    // the record in memory, as chosen, pasted or last saved
     MapProperties record_at_load{};    // the record as the image held it when the map was chosen
     std::array<Layer, layer_count> layers;
-    int layer3_order = 0; // as compose.h has it
+    int layer3_order = 0; // 0 at the bottom, 1 right above layer 2's low tiles, 2 on top
     AnimTileTable anim_tiles{};
 };
+
+/// Loads a map, 0 to 413, from its record: the layers in the sizes that stand there, what lies
+/// outside them staying as it was, and all entries of the animated tiles.
+void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, ChosenMap& map);
+
+/// The size of a layer, 0 to 2, by the record.
+LayerSize layer_size(const MapProperties& record, int layer);
 
 } // namespace veldrune

@@ -1,21 +1,17 @@
 #include "map/layer_map.h"
 
-#include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
 #include <algorithm>
 
 namespace veldrune {
 
-void load_layer(const RomImage& rom, const Form1& form, int index, DecompressBuffer& buffer,
-                Layer& layer) {
-    const LayerControls& controls = layer_controls[index];
-    const int full_height = decimal_number(form.*controls.height).value;
-    const int width = std::min(decimal_number(form.*controls.width).value, max_layer_width);
-    const int height = std::min(full_height, max_layer_height);
+void load_layer(const RomImage& rom, LayerSize size, DecompressBuffer& buffer, Layer& layer) {
+    const int width = std::min(size.width, max_layer_width);
+    const int height = std::min(size.height, max_layer_height);
     const std::int64_t stream = std::int64_t{rom_layout::layer_data} + layer.layer_offset;
 
-    layer.rows_missing = full_height > max_layer_height;
+    layer.rows_missing = size.height > max_layer_height;
     layer.layer_packed_size = rom.read_word(stream);
     decompress_stream(rom, stream, buffer, layer_output_limit);
     for (int row = 0; row < height; ++row)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "compression/decompress.h"
-#include "forms/form1.h"
 #include "map/tile_grid.h"
 #include "rom/rom_image.h"
 
@@ -18,6 +17,12 @@ inline constexpr int max_layer_height = 64;
 /// One layer in memory: a formation number for every 16 by 16 pixel tile. A row is 129 bytes long.
 using LayerMap = TileGrid<129, 65>;
 
+/// Tiles in a row of a layer, and its rows.
+struct LayerSize {
+    int width = 0;
+    int height = 0;
+};
+
 /// A layer of the chosen map and what is kept of its loading.
 struct Layer {
     LayerMap map;
@@ -27,10 +32,8 @@ struct Layer {
 };
 
 /// Decodes the layer's stream at rom_layout::layer_data + layer.layer_offset into its LayerMap.
-/// Width and height come from the layer's fields; what lies beyond 128 by 64 tiles is not loaded,
-/// and cells outside the layer keep what they held. index is the layer's, 0 to 2.
-void load_layer(const RomImage& rom, const Form1& form, int index, DecompressBuffer& buffer,
-                Layer& layer);
+/// What lies beyond 128 by 64 tiles is not loaded, and cells outside the layer keep what they held.
+void load_layer(const RomImage& rom, LayerSize size, DecompressBuffer& buffer, Layer& layer);
 
 /// Copies width by height tiles row by row into bytes, without gaps. Tiles behind the edge of the
 /// LayerMap count 0. bytes must hold width * height bytes.

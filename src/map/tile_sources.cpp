@@ -1,6 +1,5 @@
 #include "map/tile_sources.h"
 
-#include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
 #include <algorithm>
@@ -48,19 +47,12 @@ void refresh_first_frames(const RomImage& rom, int set, AnimTileTable& table) {
     fill_first_frames(read_animated_set(rom, set), table);
 }
 
-TilesetOffsets read_tilesets(const RomImage& rom, const Form1& form, Dialogs& dialogs) {
-    constexpr std::string Form1::*controls[] = {&Form1::Text8, &Form1::Text9, &Form1::Text10,
-                                                &Form1::Text11};
+TilesetOffsets read_tilesets(const RomImage& rom, const TilesetNumbers& numbers) {
     TilesetOffsets groups;
-    for (std::size_t group = 0; group < groups.size(); ++group) {
-        const int number = parse_decimal_text(form.*controls[group], dialogs).value;
-        if (number < rom_layout::tileset_count)
+    for (std::size_t group = 0; group < groups.size(); ++group)
+        if (numbers[group] < rom_layout::tileset_count)
             groups[group] = rom_layout::tileset_graphics +
-                            rom.read_pointer24(rom_layout::tileset_pointers + 3 * number);
-        else
-            dialogs.error("There is no tileset " + std::to_string(number) + ": the highest is " +
-                          std::to_string(rom_layout::tileset_count - 1) + ".");
-    }
+                            rom.read_pointer24(rom_layout::tileset_pointers + 3 * numbers[group]);
     return groups;
 }
 

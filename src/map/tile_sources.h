@@ -1,8 +1,6 @@
 #pragma once
 
 #include "compression/decompress.h"
-#include "forms/dialogs.h"
-#include "forms/form1.h"
 #include "rom/rom_image.h"
 
 #include <array>
@@ -24,8 +22,9 @@ void refresh_first_frames(const RomImage& rom, int set, AnimTileTable& table);
 /// pointers has none, and its characters are empty.
 using TilesetOffsets = std::array<std::optional<std::int64_t>, 4>;
 
-/// Reads the tileset pointers for the numbers in Text8 to Text11. A number above 84 is told.
-TilesetOffsets read_tilesets(const RomImage& rom, const Form1& form, Dialogs& dialogs);
+using TilesetNumbers = std::array<int, 4>;
+/// Reads the tileset pointers of four numbers, each at least 0.
+TilesetOffsets read_tilesets(const RomImage& rom, const TilesetNumbers& numbers);
 
 /// A formation set as the image holds it: tile bytes of the four quadrants, 256 each, and then
 /// their attribute bytes. Quadrants: 0 top left, 1 top right, 2 bottom left, 3 bottom right.

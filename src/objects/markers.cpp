@@ -53,14 +53,14 @@ int edge(int tile, int origin, int tile_size) {
 
 } // namespace
 
-void draw_markers(ObjectKind kind, ObjectList& list, const MarkerView& view, PixelBuffer& buffer) {
+void draw_markers(ObjectKind kind, ObjectList& list, ViewPlace place, PixelBuffer& buffer) {
     const Colour colour = object_kind_row(kind).colour;
     for (int index = 0; index < list.row_count; ++index) {
         const TileArea area = outline(kind, object_row(kind, list, index));
-        const int left = edge(area.x, view.h, view.tile_size);
-        const int right = edge(area.x + area.width, view.h, view.tile_size);
-        const int top = edge(area.y, view.v, view.tile_size);
-        const int bottom = edge(area.y + area.height, view.v, view.tile_size);
+        const int left = edge(area.x, place.h, place.tile_size);
+        const int right = edge(area.x + area.width, place.h, place.tile_size);
+        const int top = edge(area.y, place.v, place.tile_size);
+        const int bottom = edge(area.y + area.height, place.v, place.tile_size);
         draw_row(buffer, left, right + 1, top, colour);
         draw_row(buffer, left, right + 1, bottom, colour);
         draw_column(buffer, right, top, bottom + 1, colour);

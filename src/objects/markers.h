@@ -2,19 +2,13 @@
 
 #include "objects/object_tables.h"
 #include "render/pixel_buffer.h"
+#include "render/view_place.h"
 
 namespace veldrune {
 
-/// How tiles lie on the picture: the tile at its top left corner and the side of a tile in pixels.
-struct MarkerView {
-    int h = 0;
-    int v = 0;
-    int tile_size = 32;
-};
-
 /// Outlines every object of the list in its kind's colour: its tile, or its run of tiles. What
 /// falls outside the picture is left out. The list counts as drawn.
-void draw_markers(ObjectKind kind, ObjectList& list, const MarkerView& view, PixelBuffer& buffer);
+void draw_markers(ObjectKind kind, ObjectList& list, ViewPlace place, PixelBuffer& buffer);
 
 /// Whether a click on tile (x, y) finds record index of the list. NPCs are found only once they
 /// have been drawn. A run down a column is found on one tile more than its outline covers.

@@ -74,6 +74,17 @@ void load_object_list(const RomImage& rom, ObjectKind kind, int map_index, Objec
         rom.read(object_offset(kind, list, 0), std::span(list.bytes).first(size));
 }
 
+bool load_object_lists(const RomImage& rom, ObjectKinds kinds, int map_index, ObjectLists& lists) {
+    const bool same = lists.map == map_index && is_from(lists.source, rom);
+    lists.map = map_index;
+    lists.source = source_of(rom);
+    for (ObjectList& list : lists.lists)
+        list.row_count = same ? list.row_count : 0;
+    for (const ObjectKind kind : kinds)
+        load_object_list(rom, kind, map_index, lists[kind]);
+    return same;
+}
+
 std::span<const std::uint8_t> object_row(ObjectKind kind, const ObjectList& list, int index) {
     const auto size = static_cast<std::size_t>(object_kind_row(kind).record_size);
     return std::span(list.bytes).subspan(static_cast<std::size_t>(index) * size, size);

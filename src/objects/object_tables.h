@@ -32,6 +32,15 @@ struct ObjectKindRow {
 };
 const ObjectKindRow& object_kind_row(ObjectKind kind);
 
+/// The kinds that a map has, and those that a world map has of the map whose lists are its own, in
+/// the order in which a click looks for them: of the objects on a tile the last one is opened.
+inline constexpr ObjectKind map_object_kinds[] = {ObjectKind::npc, ObjectKind::chest,
+                                                  ObjectKind::event_trigger, ObjectKind::entrance,
+                                                  ObjectKind::long_entrance};
+inline constexpr ObjectKind world_object_kinds[] = {ObjectKind::entrance,
+                                                    ObjectKind::event_trigger};
+using ObjectKinds = std::span<const ObjectKind>;
+
 inline constexpr int max_object_count = 255;
 inline constexpr int max_object_size = 9;
 
@@ -66,6 +75,9 @@ ObjectExtent read_object_extent(const RomImage& rom, ObjectKind kind, int map_in
 
 /// Reads the count and the rows of one kind.
 void load_object_list(const RomImage& rom, ObjectKind kind, int map_index, ObjectList& list);
+/// Reads the lists of these kinds. Where the lists hold another map or image, the rows of the other
+/// kinds go. Returns whether they held this one.
+bool load_object_lists(const RomImage& rom, ObjectKinds kinds, int map_index, ObjectLists& lists);
 
 /// The bytes of a record; index must be from 0 to list.row_count - 1.
 std::span<const std::uint8_t> object_row(ObjectKind kind, const ObjectList& list, int index);

@@ -4,14 +4,6 @@
 #include <cstdint>
 #include <cstdlib>
 
-// Where the compiler and the system can, a function so marked is compiled for each of these vector
-// units, and the program takes the widest that the processor has. The code is the same for all.
-#if defined(__x86_64__) && defined(__GLIBC__)
-#define VELDRUNE_WIDE_VECTORS __attribute__((target_clones("avx512f", "avx2", "default")))
-#else
-#define VELDRUNE_WIDE_VECTORS
-#endif
-
 namespace veldrune {
 
 namespace {
@@ -80,9 +72,8 @@ template <int layer3_order, Layer3Blend blend>
     }
 }
 
-VELDRUNE_WIDE_VECTORS
-void draw_layers(const CellLayers& cell, const LayerStack& stack, Colour* out,
-                 std::ptrdiff_t stride) {
+[[gnu::always_inline]] inline void draw_layers(const CellLayers& cell, const LayerStack& stack,
+                                               Colour* out, std::ptrdiff_t stride) {
     using enum Layer3Blend;
     const bool halved = stack.blend == half;
     switch (stack.layer3_order) {
@@ -98,6 +89,47 @@ void draw_layers(const CellLayers& cell, const LayerStack& stack, Colour* out,
     }
 }
 
+// The same code, compiled for each vector unit.
+void draw_plainly(const CellLayers& cell, const LayerStack& stack, Colour* out,
+                  std::ptrdiff_t stride) {
+    draw_layers(cell, stack, out, stride);
+}
+#if defined(__x86_64__)
+[[gnu::target("avx2")]] void draw_with_avx2(const CellLayers& cell, const LayerStack& stack,
+                                            Colour* out, std::ptrdiff_t stride) {
+    draw_layers(cell, stack, out, stride);
+}
+[[gnu::target("avx512f")]] void draw_with_avx512(const CellLayers& cell, const LayerStack& stack,
+                                                 Colour* out, std::ptrdiff_t stride) {
+    draw_layers(cell, stack, out, stride);
+}
+#endif
+
+struct VectorRow {
+    VectorUnit unit;
+    bool (*present)();
+    void (*draw)(const CellLayers& cell, const LayerStack& stack, Colour* out,
+                 std::ptrdiff_t stride);
+};
+// clang-format off
+constexpr VectorRow vector_rows[] = { // the widest last
+    {VectorUnit::none,   [] { return true; },                                    draw_plainly},
+#if defined(__x86_64__)
+    {VectorUnit::avx2,   [] { return __builtin_cpu_supports("avx2") != 0; },    draw_with_avx2},
+    {VectorUnit::avx512, [] { return __builtin_cpu_supports("avx512f") != 0; }, draw_with_avx512},
+#endif
+};
+// clang-format on
+
+const VectorRow& widest_row() {
+    const VectorRow* widest = vector_rows;
+    for (const VectorRow& row : vector_rows)
+        if (row.present())
+            widest = &row;
+    return *widest;
+}
+const VectorRow& widest = widest_row();
+
 /// Draws a cell into the picture from out on, each of its pixels scale by scale.
 template <int scale>
 void draw_enlarged(const Formation& cell, Colour* out) {
@@ -112,9 +144,23 @@ void draw_enlarged(const Formation& cell, Colour* out) {
 
 } // namespace
 
+std::vector<VectorUnit> vector_units() {
+    std::vector<VectorUnit> units;
+    for (const VectorRow& row : vector_rows)
+        if (row.present())
+            units.push_back(row.unit);
+    return units;
+}
+
 void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, const CellTiles& tiles,
                   Formation& cell) {
-    draw_layers(cell_layers(bitmaps, stack, tiles), stack, cell.data(), 16);
+    widest.draw(cell_layers(bitmaps, stack, tiles), stack, cell.data(), 16);
+}
+
+void compose_cell_with(VectorUnit unit, const FormationBitmaps& bitmaps, const LayerStack& stack,
+                       const CellTiles& tiles, Formation& cell) {
+    vector_rows[static_cast<int>(unit)].draw(cell_layers(bitmaps, stack, tiles), stack, cell.data(),
+                                             16);
 }
 
 CellTiles tiles_at(const MapView& view, int x, int y) {
@@ -144,7 +190,7 @@ void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int 
         return;
     Colour* out = buffer.row(y * view.tile_size()) + x * view.tile_size();
     if (view.cells_across == 32)
-        return draw_layers(cell_layers(bitmaps, view.stack, tiles), view.stack, out, view_size);
+        return widest.draw(cell_layers(bitmaps, view.stack, tiles), view.stack, out, view_size);
     Formation cell;
     compose_cell(bitmaps, view.stack, tiles, cell);
     switch (view.cells_across) {

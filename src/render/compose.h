@@ -5,6 +5,7 @@
 #include "render/pixel_buffer.h"
 
 #include <array>
+#include <vector>
 
 namespace veldrune {
 
@@ -14,6 +15,14 @@ enum class Layer3Blend {
     half,   // each channel is averaged with the pixel below
     opaque, // it covers the pixel below
 };
+
+/// What layer 3 does by the number of its graphics, one of which is opaque.
+constexpr Layer3Blend layer3_blend(bool has_layer3, int graphics) {
+    constexpr int opaque_graphics = 6;
+    if (!has_layer3)
+        return Layer3Blend::none;
+    return graphics == opaque_graphics ? Layer3Blend::opaque : Layer3Blend::half;
+}
 
 /// What the stacking of a cell depends on besides the formation numbers.
 struct LayerStack {
@@ -39,7 +48,6 @@ struct MapView {
 
 /// What the picture is made of and shows.
 struct MapDisplay {
-    Palette256 palette{};
     FormationBitmaps bitmaps;
     PixelBuffer picture;
     int last_h = 0; // place of the latest composition or scroll
@@ -51,6 +59,15 @@ struct MapDisplay {
 /// low, layer 2 high, layer 1 high. A pixel that nothing covers is 0.
 void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, const CellTiles& tiles,
                   Formation& cell);
+
+/// What the processor may have to work on many pixels at once. Cells are composed with the widest
+/// that it has.
+enum class VectorUnit { none, avx2, avx512 };
+/// Those that the processor has, the widest last.
+std::vector<VectorUnit> vector_units();
+/// The same as compose_cell, with a unit that the processor has.
+void compose_cell_with(VectorUnit unit, const FormationBitmaps& bitmaps, const LayerStack& stack,
+                       const CellTiles& tiles, Formation& cell);
 
 /// The formation numbers of view cell (x, y): 0 outside a layer, and for a missing layer 3.
 CellTiles tiles_at(const MapView& view, int x, int y);

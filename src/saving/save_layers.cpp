@@ -1,7 +1,7 @@
 #include "saving/save_layers.h"
 
 #include "rom/number_text.h"
-#include "rom/reported_access.h"
+#include "saving/save_stream.h"
 
 #include <optional>
 
@@ -12,18 +12,12 @@ constexpr int save_order[] = {0, 2, 1};
 constexpr int missing_layer3_side = 16; // the layer that all maps without layer 3 share
 constexpr std::int64_t max_tiles = max_layer_width * max_layer_height;
 
-struct LayerSize {
-    int width;
-    int height;
+constexpr const char* after_growth = " bytes larger than the original map. Saving";
+constexpr StreamWords layer_words[layer_count] = {
+    {"Layer 1", "Layer 1 is ", after_growth},
+    {"Layer 2", "Layer 2 is ", after_growth},
+    {"Layer 3", "Layer 3 is ", after_growth},
 };
-
-std::string layer_name(int index) {
-    return "Layer " + std::to_string(index + 1);
-}
-
-void refuse(int index, const std::string& why, Dialogs& dialogs) {
-    dialogs.error(layer_name(index) + " can't be saved: " + why);
-}
 
 bool is_missing(const Form1& form, int index) {
     return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
@@ -69,17 +63,10 @@ sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, D
         if (why.empty())
             continue;
         warn_about_size(form, index, dialogs); // a text that is no number may be the cause
-        refuse(index, why, dialogs);
+        refuse_to_save(layer_words[index], why, dialogs);
         return std::nullopt;
     }
     return sizes;
-}
-
-bool may_grow(int index, int growth, Dialogs& dialogs) {
-    return growth <= 0 ||
-           dialogs.question(layer_name(index) + " is " + std::to_string(growth) +
-                            " bytes larger than the original map. Saving this map to the oringal "
-                            "memory location will undoubtably mess something up. Continue?");
 }
 
 bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
@@ -91,13 +78,14 @@ bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Lay
     pack_layer(layer.map, size.width, size.height, source);
     const std::optional<std::size_t> length = compress_layer(source, output);
     if (!length) {
-        refuse(index,
-               "its stream would take more than " + std::to_string(layer_stream_limit) + " bytes.",
-               dialogs);
+        refuse_to_save(layer_words[index],
+                       "its stream would take more than " + std::to_string(layer_stream_limit) +
+                           " bytes.",
+                       dialogs);
         return false;
     }
-    return may_grow(index, static_cast<int>(*length) - layer.layer_packed_size, dialogs) &&
-           write_or_report(rom, location, std::span(output).first(*length), dialogs);
+    return save_stream(rom, location, std::span(output).first(*length), layer.layer_packed_size,
+                       layer_words[index], dialogs);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "editor/world_map.h"
+#include "editor/world_view.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"
 

@@ -40,6 +40,18 @@ void build_world_sheet(WorldGraphics graphics, const Palette256& palette, WorldS
 
 } // namespace
 
+std::int32_t load_world(const RomImage& rom, World which, DecompressBuffer& buffer,
+                        OpenWorld& world) {
+    const WorldRow& row = world_row(which);
+    const std::int32_t map = offset_of_address(rom.read_pointer24(row.map_pointer));
+    const std::int32_t graphics = offset_of_address(rom.read_pointer24(row.graphics_pointer));
+    world.world = which;
+    world.source = source_of(rom);
+    world.world_packed_size = read_world_map(rom, map, buffer, world.world_map);
+    read_world_sheet(rom, graphics, read_palette(rom, row.palette), buffer, world.world_sheet);
+    return map;
+}
+
 int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
                    WorldMap& map) {
     decompress_stream(rom, stream_offset, buffer, world_map_output_limit);

@@ -48,6 +48,11 @@ inline constexpr std::size_t world_characters_at = 1024;
 inline constexpr std::size_t world_character_rows_at = 9216;
 inline constexpr std::size_t world_graphics_size = 9344;
 
+/// Reads a world as its two pointers have it, and draws its sheet. Returns the file offset of the
+/// stream of its tiles.
+std::int32_t load_world(const RomImage& rom, World which, DecompressBuffer& buffer,
+                        OpenWorld& world);
+
 /// Unpacks the stream of tiles at a file offset and returns its length field. A stream longer than
 /// longest_world_stream gives tile 0 everywhere.
 int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,

@@ -1,5 +1,6 @@
 #include "editor/commands.h"
 #include "editor/view.h"
+#include "render/build_tiles.h"
 #include "support/editor_fixture.h"
 
 #include <gtest/gtest.h>
@@ -99,6 +100,36 @@ TEST(SelectMap, WhatTheDiskRefusesToGiveIsToldAndCantBeSaved) {
         ASSERT_TRUE(editor.state->map.source);
         if (!refused)
             break;
+    }
+}
+
+TEST(Build, SaysWhichTilesetsThereAreNone) {
+    Town editor;
+    editor.form.Text9 = "85";
+    editor.form.Text10 = "2147483647";
+    editor.form.Text11 = "x";
+    press(editor, "Command3");
+    EXPECT_EQ(editor.dialogs.messages,
+              (Messages{{"There is no tileset 85: the highest is 84.", "Error"},
+                        {"There is no tileset 2147483647: the highest is 84.", "Error"},
+                        no_number("x", "decimal")}));
+}
+
+TEST(Build, ShowsWhatAMapsRecordAloneMakes) {
+    const auto map = std::make_unique<ChosenMap>();
+    const auto display = std::make_unique<MapDisplay>();
+    const auto buffer = std::make_unique<DecompressBuffer>();
+    for (const int number : {0, 1, town, 4, 5, 300, 413}) {
+        Town editor;
+        editor.choose(number);
+        zoom_out(editor.s);
+        press(editor, "Command3");
+        load_map(editor.s.rom, number, *buffer, *map);
+        build_tiles(editor.s.rom, tile_numbers(map->record_at_load), map->anim_tiles, *buffer,
+                    display->bitmaps);
+        const MapView view = record_view(*map, 32);
+        compose_cells(display->bitmaps, view, 0, 0, 32, 32, display->picture);
+        EXPECT_TRUE(display->picture == editor.s.display.picture) << number;
     }
 }
 

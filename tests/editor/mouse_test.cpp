@@ -1,4 +1,5 @@
 #include "editor/view.h"
+#include "editor/view_place.h"
 #include "support/editor_fixture.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +42,7 @@ TEST(Mouse, APaintedCellLooksLikeAFullCompositionAndChangesOneTile) {
         town.s.zoom = 0.25f * static_cast<float>(1 << random.below(3));
         town.form.HScroll1.value = random.below(3);
         compose_view(town.s);
-        const int x = random.below(512), y = random.below(512), size = tile_size(town.s);
+        const int x = random.below(512), y = random.below(512), size = tile_size(town.s.zoom);
         auto expected = town.s.map.layers;
         expected[static_cast<std::size_t>(layer)].map.at(town.form.HScroll1.value + x / size,
                                                          y / size) =

@@ -1,7 +1,8 @@
 #include "editor/build.h"
 #include "editor/mouse.h"
+#include "editor/object_lists.h"
 #include "editor/object_window.h"
-#include "editor/objects.h"
+#include "editor/overlays.h"
 #include "editor/save.h"
 #include "objects/sprite_preview.h"
 #include "support/editor_fixture.h"
@@ -153,7 +154,7 @@ TEST(ObjectWindow, IsBlankOutsideOfTheRows) {
 TEST(Objects, AWorldLeavesNoRowsOfTheKindsThatItDoesNotRead) {
     ObjectEditor editor;
     editor.form.Combo1 = 0;
-    read_world_objects(editor.s);
+    read_object_lists(editor.s, world_object_kinds);
     EXPECT_EQ(editor.s.objects.lists[npc].row_count, 0);
 }
 

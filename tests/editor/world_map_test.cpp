@@ -3,6 +3,7 @@
 #include "editor/tile_chooser.h"
 #include "editor/view.h"
 #include "editor/world_map.h"
+#include "editor/world_view.h"
 #include "support/world_image.h"
 
 #include <gtest/gtest.h>

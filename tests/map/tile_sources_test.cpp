@@ -92,20 +92,11 @@ TEST(TileSources, CharactersComeFromTheirGroups) {
     }
 }
 
-TEST(TileSources, ATilesetBeyondTheTableIsToldAndMissing) {
+TEST(TileSources, ATilesetBeyondTheTableIsMissing) {
     Image image;
     image.rom.write(rom_layout::tileset_pointers + 3 * 84, pointer24_bytes(0x1234));
-    Form1 form;
-    form.Text8 = "84";
-    form.Text9 = "85";
-    form.Text10 = "2147483647";
-    form.Text11 = "x";
     const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
-    EXPECT_EQ(read_tilesets(image.rom, form, image.dialogs), expected);
-    EXPECT_EQ(image.dialogs.messages,
-              (Messages{{"There is no tileset 85: the highest is 84.", "Error"},
-                        {"There is no tileset 2147483647: the highest is 84.", "Error"},
-                        no_number("x", "decimal")}));
+    EXPECT_EQ(read_tilesets(image.rom, {84, 85, 2147483647, 0}), expected);
 }
 
 TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
@@ -151,22 +142,19 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     image.stream(rom_layout::layer_data + 0x10, bytes);
     auto buffer = std::make_unique<DecompressBuffer>();
     // clang-format off
-    const struct { const char *width, *height; int columns, rows; bool rows_missing; } cases[] = {
-        {"128",        "64",   128, 64, false},
-        {"16",         "16",   16,  16, false},
-        {"x",          "16",   0,   0,  false},
-        {"64",         "128",  64,  64, true},
-        {"2147483647", "9999", 128, 64, true},
+    const struct { LayerSize size; int columns, rows; bool rows_missing; } cases[] = {
+        {{128, 64},          128, 64, false},
+        {{16, 16},           16,  16, false},
+        {{0, 16},            0,   0,  false},
+        {{64, 128},          64,  64, true},
+        {{2147483647, 9999}, 128, 64, true},
     };
     // clang-format on
     for (const auto& c : cases) {
-        Form1 form;
-        form.Text1 = c.width;
-        form.Text3 = c.height;
         Layer layer;
         layer.layer_offset = 0x10;
         layer.map.cells.fill(0xEE);
-        load_layer(image.rom, form, 1, *buffer, layer);
+        load_layer(image.rom, c.size, *buffer, layer);
         EXPECT_EQ(layer.layer_packed_size, image.rom.read_word(rom_layout::layer_data + 0x10));
         EXPECT_EQ(layer.rows_missing, c.rows_missing);
         for (int row = 0; row < LayerMap::rows; ++row)

@@ -64,9 +64,12 @@ TEST_F(Compose, StacksTheLayersOfACell) {
         {{{false, false, true}, 0, half}, {0x643214, 0x643214, 0x643214, 0x643214, 0x643214}},
     };
     for (const auto& [stack, pixels] : cases) {
-        Formation cell;
-        compose_cell(bitmaps, stack, {1, 2, 3}, cell);
-        EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), cell.begin())) << stack.layer3_order;
+        for (const VectorUnit unit : vector_units()) {
+            Formation cell;
+            compose_cell_with(unit, bitmaps, stack, {1, 2, 3}, cell);
+            EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), cell.begin()))
+                << stack.layer3_order << " with vector unit " << static_cast<int>(unit);
+        }
     }
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "editor/editor_state.h"
+
+namespace veldrune {
+
+/// The last step of every drawing of a map: reads the object lists anew and outlines the objects of
+/// the kinds that are shown.
+void draw_objects(EditorState& state);
+
+/// The grid, where it is on, and the objects over the picture of a map as it stands.
+void draw_overlays(EditorState& state);
+
+/// Outlines the objects of a world map, whose lists are read when it is opened.
+void draw_world_objects(EditorState& state);
+
+} // namespace veldrune

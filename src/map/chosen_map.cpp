@@ -1,0 +1,43 @@
+#include "map/chosen_map.h"
+
+namespace veldrune {
+namespace {
+
+using enum RecordField;
+
+struct SizeFields {
+    RecordField width;
+    RecordField height;
+};
+constexpr SizeFields size_fields[layer_count] = {
+    {layer1_width, layer1_height}, {layer2_width, layer2_height}, {layer3_width, layer3_height}};
+
+int tiles_of_code(std::uint32_t code) {
+    return 16 << code;
+}
+
+} // namespace
+
+LayerSize layer_size(const MapProperties& record, int layer) {
+    const SizeFields& fields = size_fields[layer];
+    return {tiles_of_code(record_value(record, fields.width)),
+            tiles_of_code(record_value(record, fields.height))};
+}
+
+void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, ChosenMap& map) {
+    const MapProperties record = read_record(rom, map_index);
+    map.map_index = map_index;
+    map.source = source_of(rom);
+    map.map_properties = map.record_at_load = record;
+    map.layer3_order = read_layer3_order(rom, record);
+    // Four bits of byte 27, while the field and the build take five.
+    fill_anim_tile_table(rom, record[27] & 0x0F, map.anim_tiles);
+    for (int layer = 0; layer < layer_count; ++layer) {
+        Layer& loaded = map.layers[static_cast<std::size_t>(layer)];
+        loaded.layer_offset =
+            rom.read_pointer24(data_pointer_offset(layer_data_number(record, layer)));
+        load_layer(rom, layer_size(record, layer), buffer, loaded);
+    }
+}
+
+} // namespace veldrune

@@ -1,0 +1,22 @@
+#include "saving/save_stream.h"
+
+#include "rom/reported_access.h"
+
+namespace veldrune {
+
+void refuse_to_save(const StreamWords& words, const std::string& why, Dialogs& dialogs) {
+    dialogs.error(std::string(words.name) + " can't be saved: " + why);
+}
+
+bool save_stream(RomImage& rom, std::int64_t location, std::span<const std::uint8_t> stream,
+                 int former_size, const StreamWords& words, Dialogs& dialogs) {
+    const int growth = static_cast<int>(stream.size()) - former_size;
+    if (growth > 0 &&
+        !dialogs.question(words.before_growth + std::to_string(growth) + words.after_growth +
+                          " this map to the oringal memory location will "
+                          "undoubtably mess something up. Continue?"))
+        return false;
+    return write_or_report(rom, location, stream, dialogs);
+}
+
+} // namespace veldrune

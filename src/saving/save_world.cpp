@@ -1,0 +1,61 @@
+#include "saving/save_world.h"
+
+#include "rom/number_text.h"
+#include "rom/reported_access.h"
+#include "saving/save_stream.h"
+
+namespace veldrune {
+namespace {
+
+constexpr StreamWords world_words = {"The world map", "The map youre trying to save is ",
+                                     " larger than the original map saving"};
+
+// Why location can't be named by a pointer, or an empty text.
+std::string pointer_obstacle(std::int32_t location, const std::string& location_text) {
+    const auto address = static_cast<std::uint32_t>(location - rom_layout::header_size);
+    if (format_hex(address).size() != 6)
+        return "Map Data Location must be 6 digits long";
+    if (address_of_offset(location) > last_address)
+        return "No pointer reaches " + location_text +
+               ". The pointer to the world map stays as it was.";
+    return "";
+}
+
+bool write_pointer(RomImage& rom, World world, std::int32_t location,
+                   const std::string& location_text, Dialogs& dialogs) {
+    const std::string obstacle = pointer_obstacle(location, location_text);
+    if (obstacle.empty())
+        return write_or_report(rom, world_row(world).map_pointer,
+                               pointer24_bytes(address_of_offset(location)), dialogs);
+    dialogs.error(obstacle);
+    return true;
+}
+
+} // namespace
+
+bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
+                    CompressOutput& output, Dialogs& dialogs) {
+    if (world.world_packed_size > longest_world_stream) {
+        refuse_to_save(world_words,
+                       "what the image holds could not be read, and an empty map would take its "
+                       "place.",
+                       dialogs);
+        return false;
+    }
+    const auto length = compress_world_map(world.world_map.cells, output);
+    if (!length || *length > longest_world_stream) {
+        refuse_to_save(world_words,
+                       "its stream would take more than " + std::to_string(longest_world_stream) +
+                           " bytes, which the game can't read.",
+                       dialogs);
+        return false;
+    }
+    const std::int32_t location = parse_hex_text(location_text, dialogs);
+    if (!save_stream(rom, location, std::span(output).first(*length), world.world_packed_size,
+                     world_words, dialogs))
+        return false;
+    world.world_packed_size = static_cast<int>(*length);
+    return write_pointer(rom, world.world, location, location_text, dialogs);
+}
+
+} // namespace veldrune

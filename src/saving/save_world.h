@@ -1,0 +1,19 @@
+#pragma once
+
+#include "compression/compress.h"
+#include "forms/dialogs.h"
+#include "rom/rom_image.h"
+#include "world_map/world_map.h"
+
+#include <string>
+
+namespace veldrune {
+
+/// Packs a world that has been read and writes its stream at the file offset in location_text,
+/// asking first where it has grown, and then the pointer to it. A place that no pointer can name is
+/// reported and leaves the pointer as it was. False where nothing or not all was written: the user
+/// cancelled, or was told why.
+bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
+                    CompressOutput& output, Dialogs& dialogs);
+
+} // namespace veldrune
