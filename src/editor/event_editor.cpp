@@ -9,8 +9,8 @@
 namespace veldrune {
 namespace {
 
-// The desk for an operation, which may change the grid.
-ScriptDesk desk_of(EditorState& state) {
+// The desk for an operation that may change the grid, which is counted: the view shows it anew.
+ScriptDesk count_work_on_desk(EditorState& state) {
     ++state.form9.work_number;
     return {state.form9, state.script.entry, state.rom, state.dialogs};
 }
@@ -59,7 +59,7 @@ bool may_save_script(EditorState& state) {
 
 void refuse(EditorState& state, const CellRefusal& refusal) {
     const ScriptRow& row = row_at(state.form9.grid, refusal.row);
-    refuse_cell(desk_of(state), refusal, row.cells[refusal.column]);
+    refuse_cell(count_work_on_desk(state), refusal, row.cells[refusal.column]);
 }
 
 } // namespace
@@ -103,30 +103,30 @@ ScriptRows remembered_rows(const EditorState& state) {
 
 void on_script_click(EditorState& state, int row, int column) {
     if (stands_open(state))
-        click_cell(desk_of(state), row, column);
+        click_cell(count_work_on_desk(state), row, column);
 }
 
 void on_script_enter(EditorState& state) {
     if (!stands_open(state))
         return;
     const ReadWatch reads(state.rom);
-    enter_text(desk_of(state));
+    enter_text(count_work_on_desk(state));
     reading_failed(reads, state.dialogs); // a dialogue that was shown
 }
 
 void on_script_escape(EditorState& state) {
     if (stands_open(state))
-        escape_entry(desk_of(state));
+        escape_entry(count_work_on_desk(state));
 }
 
 void add_script_item(EditorState& state) {
     if (stands_open(state))
-        add_item(desk_of(state));
+        add_item(count_work_on_desk(state));
 }
 
 void remove_script_item(EditorState& state) {
     if (stands_open(state))
-        remove_item(desk_of(state));
+        remove_item(count_work_on_desk(state));
 }
 
 void on_script_offset_enter(EditorState& state) {
@@ -139,7 +139,7 @@ void on_script_offset_enter(EditorState& state) {
 void save_script(EditorState& state) {
     if (!stands_open(state))
         return;
-    end_entry(desk_of(state));
+    end_entry(count_work_on_desk(state));
     if (!may_save_script(state))
         return;
     const EncodedScript script = encode_script(state.form9.grid, state.dialogs);

@@ -49,36 +49,54 @@ struct ScriptEditor : Editor {
         window.Text2 = text;
         on_script_enter(*state);
     }
-    void type(const std::vector<std::string>& texts) {
-        for (const std::string& text : texts)
-            type(text);
+    /// Steps parted by blanks. "+": Add Item, "-": Remove Item, "esc", "save", "@r,c": a click;
+    /// anything else is typed, "_" for a blank and "/" for a line break.
+    void act(const std::string& steps) {
+        std::istringstream words(steps);
+        for (std::string step; words >> step;)
+            if (step == "+")
+                add_script_item(*state);
+            else if (step == "-")
+                remove_script_item(*state);
+            else if (step == "esc")
+                on_script_escape(*state);
+            else if (step == "save")
+                save_script(*state);
+            else if (step[0] == '@')
+                click(std::stoi(step.substr(1)), std::stoi(step.substr(step.find(',') + 1)));
+            else {
+                std::ranges::replace(step, '_', ' ');
+                std::ranges::replace(step, '/', '\n');
+                type(step);
+            }
     }
     EncodedScript encode() { return encode_script(window.grid, dialogs); }
-    const std::string& cell(int row, int column) {
+    std::string& cell(int row, int column) {
         return window.grid.at(static_cast<std::size_t>(row))
             .cells.at(static_cast<std::size_t>(column));
     }
-    /// The grid without header and spare row: "primary|secondary|tertiary|explanation|height",
-    /// cells without blanks at their ends, and "/" for a line break.
-    std::vector<std::string> rows() const {
-        std::vector<std::string> lines;
-        for (std::size_t row = 1; row + 1 < window.grid.size(); ++row) {
-            std::string line;
-            for (const std::string& cell : window.grid[row].cells)
-                line += trimmed(cell) + "|";
-            lines.push_back(line + std::to_string(window.grid[row].height));
-        }
-        return lines;
+    /// A row as "primary.secondary.tertiary explanation@height", cells without blanks at their
+    /// ends, "/" for a line break; or its values alone.
+    std::string row(int at, bool values_alone = false) {
+        std::string text =
+            trimmed(cell(at, 0)) + "." + trimmed(cell(at, 1)) + "." + trimmed(cell(at, 2));
+        if (!values_alone)
+            text += " " + trimmed(cell(at, 3));
+        const int height = row_at(window.grid, at).height;
+        return height == 0 ? text : text + "@" + std::to_string(height);
     }
-    static std::string trimmed(const std::string& cell) {
-        std::string text;
-        for (const char c : cell)
-            if (c != '\r')
-                text += c == '\n' ? '/' : c;
-        const std::size_t first = text.find_first_not_of(' ');
-        return first == std::string::npos
-                   ? ""
-                   : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    /// The rows from one on without the spare row, with "; " between them.
+    std::string rows(bool values_alone = false) {
+        std::string all;
+        for (int at = 1; at + 1 < std::ssize(window.grid); ++at)
+            all += (at == 1 ? "" : "; ") + row(at, values_alone);
+        return all;
+    }
+    static std::string trimmed(std::string text) {
+        std::erase(text, '\r');
+        std::ranges::replace(text, '\n', '/');
+        text.erase(0, text.find_first_not_of(' '));
+        return text.erase(text.find_last_not_of(' ') + 1);
     }
 };
 
