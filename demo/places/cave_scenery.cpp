@@ -1,0 +1,157 @@
+#include "demo/places/outdoor_art.h"
+#include "demo/places/scenery.h"
+
+namespace veldrune::demo {
+namespace {
+
+constexpr Ramp ground{ink(1, 1), 5};
+constexpr Ramp rock{ink(1, 6), 5};
+constexpr Ramp moss{ink(1, 11), 4};
+constexpr Pixel deep = ink(1, 15);
+
+Picture draw_floor(int, int, int kind) {
+    static constexpr std::array<int, 2> slabs[] = {{2, 3}, {11, 1}, {7, 8}, {14, 11}, {3, 13}};
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const Stone stone = stone_at(x, y, slabs, 16);
+        const bool crack = stone.depth < 9 && (stone.number + kind) % 3 != 0;
+        const bool lit = stone.depth < 26 && stone.light > 1 && stone.number == kind;
+        return ground[crack ? 1 : lit ? 3 : 2];
+    });
+    if (kind == 2)
+        p.draw(sprite(1, {".44.", "4332", "3321", ".11."}), 9, 4);
+    if (kind == 0)
+        p.draw(sprite(1, {"43.", "321", ".1."}), 4, 10);
+    return p;
+}
+
+Picture draw_wall(int row, bool west, bool east) {
+    static constexpr std::array<int, 2> columns[] = {{3, 2},   {14, 6}, {25, 1},  {8, 15}, {20, 18},
+                                                     {30, 16}, {2, 26}, {14, 28}, {26, 28}};
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // from the top of the wall, 0 to 31
+        const Stone stone = stone_at(2 * x, height, columns, 32);
+        int shade = stone.depth < 14 ? 0 : 2 + (stone.light > 2) - (stone.light < -3);
+        shade += height < 3 ? 1 : height > 25 ? -1 : 0;
+        shade += !west && x < 2 ? 1 : 0;
+        shade -= !east && x > 12 ? 1 : 0;
+        return height == 31 ? ground[0] : rock[shade];
+    });
+    return p;
+}
+
+/// Moss that thins out towards its edges.
+Picture draw_moss(Shape shape, int variant) {
+    Picture p = draw_floor(0, 0, 3);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        int depth = 0;
+        for (const int step : {1, 2, 4})
+            depth +=
+                shape.inside(std::max(x - step, 0), y) + shape.inside(std::min(x + step, 15), y) +
+                shape.inside(x, std::max(y - step, 0)) + shape.inside(x, std::min(y + step, 15));
+        if (!shape.inside(x, y) || !dither(x, y, 2 * depth - 7))
+            return 0;
+        return moss[(x * 3 + y * 5 + variant) % 11 == 0 ? 3 : (x + y * 2) % 7 < 3 ? 1 : 2];
+    });
+    return p;
+}
+
+Picture draw_top(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        if (!shape.inside(x, y))
+            return y > 8 && !(shape.mask & 4) ? rock[y > 13 ? 4 : 3] : ground[0];
+        int edge = 8; // steps to the nearest side that falls off
+        for (int step = 1; step < 8 && edge == 8; ++step)
+            for (const auto& [dx, dy] : {std::pair{step, 0},
+                                         {-step, 0},
+                                         {0, step},
+                                         {0, -step},
+                                         {step, step},
+                                         {-step, -step},
+                                         {step, -step},
+                                         {-step, step}})
+                if (const int i = std::clamp(x + dx, 0, 15), j = std::clamp(y + dy, 0, 15);
+                    !shape.inside(i, j))
+                    edge = std::min(edge, step);
+        if (edge == 1)
+            return rock[4 - (y < 4 ? 2 : 0)];
+        return edge < 4                                  ? rock[edge == 2 ? 2 : 1]
+               : edge < 7 && dither(x, y, 20 - 3 * edge) ? rock[0]
+                                                         : deep;
+    });
+    return p;
+}
+
+Picture draw_crystals(int row) {
+    // Prisms: foot, top, half width and lean.
+    static constexpr std::array<int, 5> prisms[] = {
+        {5, 14, 8, 2, -1}, {11, 14, 7, 2, 1}, {8, 15, 1, 3, 0}};
+    const Ramp glow{ink(row, 1), 6};
+    Picture p(16, 32);
+    for (const auto& [cx, foot, top, half, lean] : prisms)
+        p.fill(0, 12 + top, 16, foot - top + 4,
+               [&, c = cx, f = foot + 14, t = top + 12, h = half, l = lean](int x, int y) -> Pixel {
+                   const int dx = x - c - l * (f - y) / 5;
+                   const int reach = std::min(h, y - t);
+                   if (dx < -reach || dx > reach || y > f + 2)
+                       return 0;
+                   if (dx == reach || y == f + 2)
+                       return glow[0];
+                   return glow[dx == -reach        ? 4
+                               : dx < 0            ? 3
+                               : dx == 0           ? 5
+                               : (y + dx) % 5 == 0 ? 3
+                                                   : 1];
+               });
+    return p;
+}
+
+Picture draw_stalagmite() {
+    // Cones: foot, top and half width at the foot.
+    static constexpr std::array<int, 4> cones[] = {{4, 28, 18, 3}, {12, 29, 15, 3}, {8, 30, 3, 5}};
+    const Ramp stone{ink(4, 1), 6};
+    Picture p(16, 32);
+    for (const auto& [cx, foot, top, half] : cones)
+        p.fill(0, top, 16, foot - top + 1,
+               [&, c = cx, f = foot, t = top, h = half](int x, int y) -> Pixel {
+                   const int reach = h * (y - t) / (f - t);
+                   const int dx = x - c;
+                   if (dx < -reach || dx > reach)
+                       return 0;
+                   const int groove = (y + dx * 2 + 40) % 9 == 0;
+                   return dx == reach || y == f
+                              ? stone[0]
+                              : stone[4 - (dx + reach) * 4 / (2 * reach + 1) - groove];
+               });
+    return p;
+}
+
+Picture draw_mushrooms() {
+    return sprite(6,
+                  {"................", "....2222........", "...244442.......", "..24554442......",
+                   "..2444554212....", "...22bb22.2442..", "....bba..245542.", "....bba..244442.",
+                   ".222bba...2ba2..", "24442ba....ba...", "2455422....ba...", ".22b2aa....ba...",
+                   "...ba..11..aa1..", "..1aa1.....111..", "..1111..........", "................"});
+}
+
+// clang-format off
+constexpr WallArt walls{2, draw_floor, draw_wall, draw_top};
+constexpr GroundArt grounds[] = {
+    {"gm", "gm", draw_moss, 2},
+    {"~",  "~",  outdoor::draw_water},
+    {"O",  "O",  outdoor::draw_pit},
+};
+constexpr PropArt props[] = {
+    {'c', [] { return draw_crystals(2); }, 16}, {'v', [] { return draw_crystals(3); }, 16},
+    {'i', draw_stalagmite, 16}, {'m', draw_mushrooms},
+    {'r', [] { return outdoor::draw_rock(false); }}, {'R', [] { return outdoor::draw_rock(true); }},
+};
+// clang-format on
+
+} // namespace
+
+const PlaceArt cave_art{outdoor::water_frames, cavern_plan, &walls, grounds, props};
+
+} // namespace veldrune::demo

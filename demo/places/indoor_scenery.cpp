@@ -1,0 +1,290 @@
+#include "demo/places/indoor_art.h"
+#include "demo/places/scenery.h"
+
+namespace veldrune::demo {
+namespace {
+
+using namespace indoor;
+
+Picture marble_floor(int x, int y, int variant) {
+    const bool inlaid = ((x + y) & 1) != 0;
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int i, int j) {
+        if (i == 15 || j == 15)
+            return inlaid ? panel[0] : floor[1];
+        if (i == 0 || j == 0)
+            return inlaid ? panel[2] : floor[4];
+        const bool vein = (i * 2 + j + variant * 7) % 29 == 0 && scatter(i, j, variant, 3) != 0;
+        return inlaid ? panel[vein ? 2 : 1] : floor[vein ? 2 : 3];
+    });
+    return p;
+}
+
+Picture plank_floor(int x, int y, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int i, int j) {
+        const int board = j / 8 + 2 * (y & 1);
+        const int along = (16 * (x & 3) + i + 27 * board) % 64;
+        if (j % 8 == 7 || along == 0)
+            return floor[1];
+        const bool nail = (along == 2 || along == 62) && (j % 8 == 2 || j % 8 == 5);
+        const bool grain = (j % 8 == 3 && along % 23 < 9) || (j % 8 == 5 && (along + 9) % 31 < 8);
+        return floor[2 - (nail || grain) + (j % 8 == 0 && board % 2 == 0)];
+    });
+    return p;
+}
+
+/// Courses of blocks under a moulding.
+Picture castle_wall(int row, bool west, bool east) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // 0 to 47
+        if (height < 5)
+            return wall[height == 0 ? 4 : height < 3 ? 3 : height == 3 ? 1 : 0];
+        if (height > 41)
+            return wall[height == 42 ? 4 : height < 46 ? 2 : 0];
+        const int course = (height - 5) / 8, in = (height - 5) % 8;
+        const int lx = (x + (course & 1) * 8) & 15;
+        if (in == 7 || lx == 15)
+            return wall[0];
+        int shade = 2 + (in == 0 || lx == 0) - (height < 10) +
+                    (scatter(course, (x + (course & 1) * 8) / 16, 2, 3) == 0 && in > 0 && in < 6 &&
+                     lx > 1 && lx < 13);
+        shade += (!west && x < 2) - (!east && x > 13);
+        return wall[shade];
+    });
+    return p;
+}
+
+/// Plaster over wooden panels.
+Picture house_wall(int row, bool west, bool east) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const int height = 16 * row + y; // 0 to 47
+        if (height < 4)
+            return panel[height == 0 ? 3 : height == 3 ? 0 : 2];
+        if (height < 32)
+            return wall[(height < 7 ? 1 : 3) - (!east && x > 13) + (!west && x < 2) -
+                        (height == 31)];
+        if (height == 32 || height > 44)
+            return panel[height == 32 ? 3 : height == 45 ? 3 : height == 46 ? 1 : 0];
+        const int lx = x % 8;
+        return panel[lx == 7        ? 0
+                     : lx == 0      ? 3
+                     : height == 34 ? 0
+                     : height == 43 ? 3
+                                    : 2 - (lx > 4)];
+    });
+    return p;
+}
+
+Picture dark_top(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        const auto off = [&](int dx, int dy) {
+            static constexpr int sides[2][2] = {{8, 2}, {1, 4}};
+            const bool out_x = x + dx < 0 || x + dx > 15, out_y = y + dy < 0 || y + dy > 15;
+            const bool gone_x = out_x && (shape.mask & sides[0][dx > 0]) == 0;
+            const bool gone_y = out_y && (shape.mask & sides[1][dy > 0]) == 0;
+            const int corner = dx > 0 ? (dy > 0 ? 32 : 16) : (dy > 0 ? 64 : 128);
+            return gone_x || gone_y || (out_x && out_y && (shape.mask & corner) == 0);
+        };
+        for (int step = 1; step <= 4; ++step)
+            for (const int dx : {-step, 0, step})
+                for (const int dy : {-step, 0, step})
+                    if ((dx != 0 || dy != 0) && off(dx, dy))
+                        return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
+        return Pixel{0}; // nothing: the night sky may show
+    });
+    return p;
+}
+
+Picture draw_steps() {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [](int, int y) {
+        static constexpr int shades[] = {4, 3, 3, 1, 0};
+        return floor[shades[y % 5]];
+    });
+    return p;
+}
+
+/// Cloth on the floor with a golden hem.
+Picture draw_carpet(Shape shape, int) {
+    Picture p(16, 16);
+    p.fill(0, 0, 16, 16, [&](int x, int y) {
+        int edge = 9;
+        const auto side = [&](int bit, int distance) {
+            if ((shape.mask & bit) == 0)
+                edge = std::min(edge, distance);
+        };
+        side(8, x), side(2, 15 - x), side(1, y), side(4, 15 - y);
+        side(128, std::max(x, y)), side(16, std::max(15 - x, y));
+        side(64, std::max(x, 15 - y)), side(32, std::max(15 - x, 15 - y));
+        if (edge < 1)
+            return carpet[0];
+        if (edge < 4)
+            return gold[edge == 1 ? 3 : edge == 2 ? 2 : 0];
+        const int diamond = std::abs(x - 8) + std::abs(y - 8);
+        return carpet[edge == 4 ? 1 : diamond == 4 ? 3 : diamond < 2 ? 4 : 2];
+    });
+    return p;
+}
+
+Plan mirrored(const Plan& half) {
+    Plan plan(2 * half.width, half.height, '#');
+    for (int y = 0; y < half.height; ++y)
+        for (int x = 0; x < half.width; ++x)
+            plan.at(x, y) = plan.at(plan.width - 1 - x, y) = half.at(x, y);
+    // What is two tiles wide stands on the left one in both halves.
+    for (int y = 0; y < plan.height; ++y)
+        for (int x = half.width; x + 1 < plan.width; ++x)
+            if (plan.at(x, y) == '_')
+                std::swap(plan.at(x, y), plan.at(x + 1, y)), ++x;
+    return plan;
+}
+
+// clang-format off
+Plan throne_hall() {
+    Plan plan = mirrored(drawn_plan({
+        "################",
+        "################",
+        "###.............",
+        "###.............",
+        "###t.g.v_.g.v_.t",
+        "###......kkkkkkk",
+        "###......kkkkkkk",
+        "###......kkkkkkk",
+        "###......kkkkkkk",
+        "###.K....SSSSSSS",
+        "###...........kk",
+        "###..C_.....L.kk",
+        "###...........kk",
+        "###...........kk",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###..C_.......kk",
+        "###...........kk",
+        "###...........kk",
+        "###...........kk",
+        "###.........L.kk",
+        "###...........kk",
+        "###..C_.......kk",
+        "###...........kk",
+        "###...........kk",
+        "###.K.......K.kk",
+        "############..kk",
+        "############..kk",
+        "#...........#.kk",
+        "#...........#.kk",
+        "#t.v_.g.v_.t#.kk",
+        "#...........#.kk",
+        "#K..........#.kk",
+        "#...........#.kk",
+        "#...kkkkkkk...kk",
+        "#...kkUkkkkkkkkk",
+        "#...kkkkkkk...kk",
+        "#..h....h...#.kk",
+        "#.o.........#.kk",
+        "#..x.......K#.kk",
+        "#############.kk",
+        "#############.kk",
+        "#.............kk",
+        "#.............kk",
+        "#.t.g.v_.g.v_.kk",
+        "#.............kk",
+        "#.............kk",
+        "#.K...........kk",
+        "#.............kk",
+        "#.............kk",
+        "#...C_....C_..kk",
+        "#.............kk",
+        "#.............kk",
+        "#...........L.kk",
+        "#.............kk",
+        "#.............kk",
+        "#...C_....C_..kk",
+        "#.............kk",
+        "#.............kk",
+        "#.K...........kk",
+        "#.............kk",
+        "##############kk",
+        "##############kk",
+    }));
+    plan.at(15, 7) = 'X';
+    std::swap(plan.at(23, 36), plan.at(25, 36)); // a table is three tiles wide
+    return plan;
+}
+
+Plan cottage() {
+    return drawn_plan({
+        "################################",
+        "#..............##..............#",
+        "#..............##..............#",
+        "#B_B_.w_H__.w_q##B_B_.w_.a_B_.P#",
+        "#..............................#",
+        "#..............................#",
+        "#.xo...........................#",
+        "#....kkkkkkk........T__...kkkk.#",
+        "#....kkkkkkk..............kkkk.#",
+        "#....kkUkkkk.......h.h....kkkk.#",
+        "#....kjkkjkk..............kkkk.#",
+        "#....kkkkkkk...................#",
+        "#P.............##P.............#",
+        "#.............x##............xo#",
+        "######...#######################",
+        "######...#######################",
+        "#..............##..............#",
+        "#..............##..............#",
+        "#w_.d_...q_.d_P##J_J_.w_.J_.a_.#",
+        "#..............................#",
+        "#..............................#",
+        "#..............................#",
+        "#..kkkkkkk..........T__..T__...#",
+        "#..kkkkkkk.....................#",
+        "#..kkkkkkk..d_.....h.h..h.h....#",
+        "#..kkkkkkk.....##.............o#",
+        "#..............##o............x#",
+        "#Pc...........P##.xo..........x#",
+        "################################",
+        "################################",
+        "################################",
+        "################################",
+    });
+}
+constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
+constexpr PropArt props[] = {
+    {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},
+    {'C', draw_column, 56},    {'X', draw_throne, 24},   {'K', draw_armour, 16},     {'L', draw_candelabrum, 16},
+    {'T', draw_table},         {'U', draw_table},        {'h', draw_chair}, {'j', draw_chair},          {'d', draw_bed},
+    {'B', draw_bookshelf, 16}, {'J', draw_jar_shelf, 16}, {'w', draw_window},        {'a', draw_painting},
+    {'H', draw_hearth},        {'q', draw_clock, 16},    {'c', draw_chest},          {'P', draw_potted_plant, 16},
+    {'o', draw_barrel, 8},     {'x', draw_crate, 8},
+};
+constexpr Furnishing hall_furniture[] = {
+    {'t', 1, true},  {'v', 2, true},  {'g', 1, true},  {'g', 1, true},  {'C', 2, false},
+    {'C', 2, false}, {'K', 1, false}, {'L', 1, false}, {'T', 3, false}};
+constexpr Furnishing house_furniture[] = {
+    {'w', 2, true},  {'B', 2, true},  {'H', 3, true},  {'q', 1, true},  {'J', 2, true},  {'T', 3, false},
+    {'h', 1, false}, {'d', 2, false}, {'o', 1, false}, {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
+// clang-format on
+
+constexpr WallArt hall_walls{3, marble_floor, castle_wall, dark_top};
+constexpr WallArt house_walls{3, plank_floor, house_wall, dark_top};
+
+Plan castle_plan(int layout, int width, int height, Random& random) {
+    return layout == 0 ? throne_hall()
+                       : rooms_plan(width, height, hall_walls.height, hall_furniture, random);
+}
+
+Plan interior_plan(int layout, int width, int height, Random& random) {
+    return layout == 0 ? cottage()
+                       : rooms_plan(width, height, house_walls.height, house_furniture, random);
+}
+
+} // namespace
+
+const PlaceArt castle_art{flame_frames, castle_plan, &hall_walls, grounds, props};
+const PlaceArt interior_art{flame_frames, interior_plan, &house_walls, grounds, props};
+
+} // namespace veldrune::demo

@@ -1,0 +1,115 @@
+#include "demo/worlds/world_image.h"
+
+#include "compression/compress.h"
+#include "demo/worlds/world_land.h"
+#include "demo/worlds/world_tiles.h"
+#include "world_map/world_map.h"
+#include "world_map/worlds.h"
+
+#include <memory>
+#include <stdexcept>
+
+namespace veldrune::demo {
+namespace {
+
+constexpr std::int32_t streams_start = 0x2EB600;
+constexpr std::int32_t streams_end = 0x300000;
+constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
+
+/// Streams one after the other, with some room behind each, and the pointers to them.
+class StreamArea {
+  public:
+    explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
+    void add(std::int32_t pointer, std::span<const std::uint8_t> bytes) {
+        const auto stream = std::make_unique<CompressOutput>();
+        const auto size = compress_world_map(bytes, *stream);
+        if (!size || *size > longest_world_stream ||
+            next_ + static_cast<std::int32_t>(*size) > streams_end)
+            throw std::length_error("a world of the demo image does not pack");
+        writer_.put(next_, std::span(*stream).first(*size));
+        writer_.put_pointer(pointer, static_cast<std::int32_t>(address_of_offset(next_)));
+        next_ += static_cast<std::int32_t>(*size) + spare;
+    }
+
+  private:
+    ImageWriter& writer_;
+    std::int32_t next_ = streams_start;
+};
+
+Bytes tile_numbers(const Land& land) {
+    Bytes numbers;
+    for (int y = 0; y < world_tiles; ++y)
+        for (int x = 0; x < world_tiles; ++x)
+            numbers.push_back(tile_number(land, x, y));
+    return numbers;
+}
+
+void write_palette(ImageWriter& writer, std::int32_t offset, World world) {
+    const WorldColours colours = world_colours(world);
+    for (int i = 0; i < 256; ++i)
+        writer.put_word(offset + 2 * i, colour_word(colours[static_cast<std::size_t>(i)]));
+}
+
+void write_world(ImageWriter& writer, StreamArea& streams, World world, const Land& land) {
+    const WorldRow& row = world_row(world);
+    streams.add(row.graphics_pointer, WorldTiles(world).graphics());
+    streams.add(row.map_pointer, tile_numbers(land));
+    write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
+}
+
+Kind kind_behind(Sight sight) {
+    switch (sight) {
+    case Sight::castle:
+        return Kind::castle;
+    case Sight::tower:
+    case Sight::cave:
+    case Sight::ruin:
+        return Kind::cave;
+    default:
+        return Kind::town;
+    }
+}
+
+/// Every place leads into a map of its kind, each into another region from first_region on.
+void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
+    constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
+    int region = first_region;
+    for (const Place& place : land.places) {
+        const Sight sight = land.sight(place.x, place.y);
+        const int map = demo_map::town + kind_count * (region++ % regions) +
+                        static_cast<int>(kind_behind(sight));
+        const Place landing = site_of(sites, map).edge(Facing::down).landing;
+        const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
+        for (int gate = 0; gate < gates; ++gate)
+            objects.entrances.push_back(
+                {place.x + gate, place.y + gates - 1, map, landing.x, landing.y});
+    }
+}
+
+void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
+    constexpr std::size_t distance = 14; // tiles of road
+    for (std::size_t i = distance / 2; i < land.roads.size(); i += distance)
+        objects.triggers.push_back(
+            {land.roads[i].x, land.roads[i].y,
+             scenes.script_of(Part::sign, world, static_cast<int>(i / distance))});
+}
+
+} // namespace
+
+void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects> maps,
+                  const Sites& sites, Scenes& scenes) {
+    constexpr int first_regions[] = {0, 40};
+    StreamArea streams(writer);
+    const Land dawn = make_dawn(seed);
+    const Land lands[] = {dawn, make_dusk(seed, dawn)};
+    for (const World world : {World::dawn, World::dusk}) {
+        const auto number = static_cast<std::size_t>(world);
+        const int map = world_row(world).map;
+        MapObjects& objects = maps[static_cast<std::size_t>(map)];
+        write_world(writer, streams, world, lands[number]);
+        lead_into_maps(lands[number], first_regions[number], sites, objects);
+        lie_in_wait(lands[number], map, scenes, objects);
+    }
+}
+
+} // namespace veldrune::demo
