@@ -1,42 +1,11 @@
 #pragma once
 
-#include "demo/drawing/palettes.h"
-#include "demo/drawing/random.h"
+#include "demo/drawing/plan.h"
 #include "demo/drawing/tile_pool.h"
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace veldrune::demo {
-
-/// What stands where: one letter for every tile of a map. Outside it reads as its border.
-struct Plan {
-    int width;
-    int height;
-    std::string letters;
-
-    Plan(int w, int h, char fill)
-        : width(w), height(h), letters(static_cast<std::size_t>(w * h), fill) {}
-    char& at(int x, int y) { return letters[static_cast<std::size_t>(y * width + x)]; }
-    char at(int x, int y) const {
-        return letters[static_cast<std::size_t>(std::clamp(y, 0, height - 1) * width +
-                                                std::clamp(x, 0, width - 1))];
-    }
-    bool is(int x, int y, std::string_view kinds) const {
-        return kinds.find(at(x, y)) != std::string_view::npos;
-    }
-    void rect(int x, int y, int w, int h, char letter);
-};
-
-/// The part of a tile that its ground covers, given which of the eight tiles around are of the
-/// same ground. Edges lie up to 3 pixels inside and wave; corners are rounded.
-struct Shape {
-    std::uint8_t mask; // north, east, south, west in bits 0-3; NE, SE, SW, NW in bits 4-7
-    bool inside(int x, int y) const;
-    /// How many pixels above (x, y) the ground ends; limit where it does not end before.
-    int from_top(int x, int y, int limit) const;
-};
 
 enum class Level { low, high };
 
@@ -77,8 +46,5 @@ class MapCanvas {
     int height_;
     std::vector<Cell> cells_;
 };
-
-/// The shape of a plan's tile among its neighbours in members.
-Shape shape_at(const Plan& plan, int x, int y, std::string_view members);
 
 } // namespace veldrune::demo

@@ -1,3 +1,5 @@
+#include "demo/assets/plans/cottage.h"
+#include "demo/assets/plans/hall.h"
 #include "demo/places/indoor_art.h"
 #include "demo/places/scenery.h"
 
@@ -130,128 +132,7 @@ Picture draw_carpet(Shape shape, int) {
     return p;
 }
 
-Plan mirrored(const Plan& half) {
-    Plan plan(2 * half.width, half.height, '#');
-    for (int y = 0; y < half.height; ++y)
-        for (int x = 0; x < half.width; ++x)
-            plan.at(x, y) = plan.at(plan.width - 1 - x, y) = half.at(x, y);
-    // What is two tiles wide stands on the left one in both halves.
-    for (int y = 0; y < plan.height; ++y)
-        for (int x = half.width; x + 1 < plan.width; ++x)
-            if (plan.at(x, y) == '_')
-                std::swap(plan.at(x, y), plan.at(x + 1, y)), ++x;
-    return plan;
-}
-
 // clang-format off
-Plan throne_hall() {
-    Plan plan = mirrored(drawn_plan({
-        "################",
-        "################",
-        "###.............",
-        "###.............",
-        "###t.g.v_.g.v_.t",
-        "###......kkkkkkk",
-        "###......kkkkkkk",
-        "###......kkkkkkk",
-        "###......kkkkkkk",
-        "###.K....SSSSSSS",
-        "###...........kk",
-        "###..C_.....L.kk",
-        "###...........kk",
-        "###...........kk",
-        "###...........kk",
-        "###...........kk",
-        "###.........L.kk",
-        "###..C_.......kk",
-        "###...........kk",
-        "###...........kk",
-        "###...........kk",
-        "###.........L.kk",
-        "###...........kk",
-        "###..C_.......kk",
-        "###...........kk",
-        "###...........kk",
-        "###.K.......K.kk",
-        "############..kk",
-        "############..kk",
-        "#...........#.kk",
-        "#...........#.kk",
-        "#t.v_.g.v_.t#.kk",
-        "#...........#.kk",
-        "#K..........#.kk",
-        "#...........#.kk",
-        "#...kkkkkkk...kk",
-        "#...kkUkkkkkkkkk",
-        "#...kkkkkkk...kk",
-        "#..h....h...#.kk",
-        "#.o.........#.kk",
-        "#..x.......K#.kk",
-        "#############.kk",
-        "#############.kk",
-        "#.............kk",
-        "#.............kk",
-        "#.t.g.v_.g.v_.kk",
-        "#.............kk",
-        "#.............kk",
-        "#.K...........kk",
-        "#.............kk",
-        "#.............kk",
-        "#...C_....C_..kk",
-        "#.............kk",
-        "#.............kk",
-        "#...........L.kk",
-        "#.............kk",
-        "#.............kk",
-        "#...C_....C_..kk",
-        "#.............kk",
-        "#.............kk",
-        "#.K...........kk",
-        "#.............kk",
-        "##############kk",
-        "##############kk",
-    }));
-    plan.at(15, 7) = 'X';
-    std::swap(plan.at(23, 36), plan.at(25, 36)); // a table is three tiles wide
-    return plan;
-}
-
-Plan cottage() {
-    return drawn_plan({
-        "################################",
-        "#..............##..............#",
-        "#..............##..............#",
-        "#B_B_.w_H__.w_q##B_B_.w_.a_B_.P#",
-        "#..............................#",
-        "#..............................#",
-        "#.xo...........................#",
-        "#....kkkkkkk........T__...kkkk.#",
-        "#....kkkkkkk..............kkkk.#",
-        "#....kkUkkkk.......h.h....kkkk.#",
-        "#....kjkkjkk..............kkkk.#",
-        "#....kkkkkkk...................#",
-        "#P.............##P.............#",
-        "#.............x##............xo#",
-        "######...#######################",
-        "######...#######################",
-        "#..............##..............#",
-        "#..............##..............#",
-        "#w_.d_...q_.d_P##J_J_.w_.J_.a_.#",
-        "#..............................#",
-        "#..............................#",
-        "#..............................#",
-        "#..kkkkkkk..........T__..T__...#",
-        "#..kkkkkkk.....................#",
-        "#..kkkkkkk..d_.....h.h..h.h....#",
-        "#..kkkkkkk.....##.............o#",
-        "#..............##o............x#",
-        "#Pc...........P##.xo..........x#",
-        "################################",
-        "################################",
-        "################################",
-        "################################",
-    });
-}
 constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
 constexpr PropArt props[] = {
     {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},
@@ -273,12 +154,12 @@ constexpr WallArt hall_walls{3, marble_floor, castle_wall, dark_top};
 constexpr WallArt house_walls{3, plank_floor, house_wall, dark_top};
 
 Plan castle_plan(int layout, int width, int height, Random& random) {
-    return layout == 0 ? throne_hall()
+    return layout == 0 ? Plan(assets::hall)
                        : rooms_plan(width, height, hall_walls.height, hall_furniture, random);
 }
 
 Plan interior_plan(int layout, int width, int height, Random& random) {
-    return layout == 0 ? cottage()
+    return layout == 0 ? Plan(assets::cottage)
                        : rooms_plan(width, height, house_walls.height, house_furniture, random);
 }
 

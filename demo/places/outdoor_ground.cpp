@@ -1,3 +1,4 @@
+#include "demo/drawing/random.h"
 #include "demo/places/outdoor_art.h"
 
 #include <utility>

@@ -103,14 +103,6 @@ void furnish(Plan& plan, const Room& room, int wall_height, std::span<const Furn
 
 } // namespace
 
-Plan drawn_plan(std::initializer_list<std::string_view> rows) {
-    Plan plan(static_cast<int>(rows.begin()->size()), static_cast<int>(rows.size()), '.');
-    plan.letters.clear();
-    for (const std::string_view row : rows)
-        plan.letters.append(row);
-    return plan;
-}
-
 Plan village_plan(int layout, int width, int height, Random& random) {
     Plan plan(width, height, '.');
     for (int road = std::min(height / 2 + 1, 17); road < height; road += 24) {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "demo/drawing/map_canvas.h"
+#include "demo/drawing/plan.h"
+#include "demo/drawing/random.h"
 
 namespace veldrune::demo {
-
-/// A plan from its rows.
-Plan drawn_plan(std::initializer_list<std::string_view> rows);
 
 /// Plans by rule. The layout decides about details, such as which trees grow.
 Plan village_plan(int layout, int width, int height, Random& random);

@@ -1,5 +1,7 @@
 #include "demo/places/scenery.h"
 
+#include "demo/drawing/random.h"
+
 namespace veldrune::demo {
 namespace {
 

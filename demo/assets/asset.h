@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace veldrune::demo {
+
+/// The lines of a text under demo/assets, which the build embeds and checks.
+using AssetText = std::span<const std::string_view>;
+
+/// What can be wrong with a line of an asset.
+enum class Trouble {
+    none,
+    too_long,
+    too_short,
+    unknown_letter,
+    unknown_word,
+    no_number,
+    too_much_on_the_line,
+    wrong_count_of_lines
+};
+
+/// The first line that can't be read, counted from 1.
+struct Fault {
+    int line = 0;
+    Trouble trouble = Trouble::none;
+    constexpr Trouble on(int number) const { return number == line ? trouble : Trouble::none; }
+};
+
+/// Only a line without trouble is a complete type: a compiler that meets another one names it.
+template <Trouble>
+struct AssetLine;
+template <>
+struct AssetLine<Trouble::none> {};
+
+/// Empty lines and those that begin with ';' are for people.
+constexpr bool is_note(std::string_view line) {
+    return line.empty() || line.front() == ';';
+}
+
+/// Gives every line that is no note to trouble_of, until one has trouble; at the end asks what is
+/// missing().
+constexpr Fault first_fault(AssetText text, auto&& trouble_of, auto&& missing) {
+    int number = 0;
+    for (const std::string_view line : text) {
+        ++number;
+        if (const Trouble trouble = is_note(line) ? Trouble::none : trouble_of(line);
+            trouble != Trouble::none)
+            return {number, trouble};
+    }
+    return {number, missing()};
+}
+
+/// Takes the first word off a line, and the blanks around it.
+constexpr std::string_view take_word(std::string_view& line) {
+    const auto skip = [&] {
+        line.remove_prefix(line.find_first_not_of(' ') == line.npos ? line.size()
+                                                                    : line.find_first_not_of(' '));
+    };
+    skip();
+    const std::string_view word = line.substr(0, line.find(' '));
+    line.remove_prefix(word.size());
+    skip();
+    return word;
+}
+
+} // namespace veldrune::demo
