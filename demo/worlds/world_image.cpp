@@ -1,6 +1,8 @@
 #include "demo/worlds/world_image.h"
 
 #include "compression/compress.h"
+#include "demo/assets/worlds/dawn.h"
+#include "demo/assets/worlds/dusk.h"
 #include "demo/worlds/world_land.h"
 #include "demo/worlds/world_tiles.h"
 #include "world_map/world_map.h"
@@ -100,8 +102,7 @@ void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects>
                   const Sites& sites, Scenes& scenes) {
     constexpr int first_regions[] = {0, 40};
     StreamArea streams(writer);
-    const Land dawn = make_dawn(seed);
-    const Land lands[] = {dawn, make_dusk(seed, dawn)};
+    const Land lands[] = {enlarge(Sketch(assets::dawn), seed), enlarge(Sketch(assets::dusk), seed)};
     for (const World world : {World::dawn, World::dusk}) {
         const auto number = static_cast<std::size_t>(world);
         const int map = world_row(world).map;

@@ -11,7 +11,7 @@ namespace veldrune::demo {
 inline constexpr int world_tiles = 256; // in a row, and rows
 
 /// What a corner of a tile is. A tile mixes two neighbours at the most: deep and shallow water,
-/// shallow water and grass, or grass and one kind behind it.
+/// shallow water and grass, or grass and one of the kinds after it.
 enum class Ground : std::uint8_t { deep, shallow, grass, forest, desert, mountain };
 
 /// What stands on a tile, if anything.
@@ -38,8 +38,8 @@ enum class Sight : std::uint8_t {
 struct Land {
     std::vector<Ground> grounds = std::vector<Ground>(world_tiles * world_tiles);
     std::vector<Sight> sights = std::vector<Sight>(world_tiles * world_tiles);
-    std::vector<Place> places; // the settlements, castles, towers and caves
-    std::vector<Place> roads;  // tiles of roads, in the order in which they were built
+    std::vector<Place> places; // the settlements, castles, towers, ruins and caves
+    std::vector<Place> roads;  // tiles of roads
 
     /// Beyond the edge lies deep water.
     Ground ground(int x, int y) const {
@@ -63,9 +63,8 @@ struct Land {
 inline constexpr int noise_range = 1024;
 int wave(int x, int y, int size, std::uint32_t seed);
 
-/// The world of Dawn, and that of Dusk: the same, broken into plates that have drifted apart, with
-/// wastes in the place of woods.
-Land make_dawn(std::uint32_t seed);
-Land make_dusk(std::uint32_t seed, const Land& dawn);
+/// A sketch in full size. The seed moves its coasts and edges a little.
+struct Sketch;
+Land enlarge(const Sketch& sketch, std::uint32_t seed);
 
 } // namespace veldrune::demo
