@@ -65,4 +65,15 @@ constexpr std::string_view take_word(std::string_view& line) {
     return word;
 }
 
+/// A decimal number; -1 where there is none.
+constexpr int number_of(std::string_view digits) {
+    int number = digits.empty() ? -1 : 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9' || number > 99999)
+            return -1;
+        number = 10 * number + digit - '0';
+    }
+    return number;
+}
+
 } // namespace veldrune::demo

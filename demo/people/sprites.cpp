@@ -132,9 +132,10 @@ Picture draw_person(int number) {
 /// Every second one of a kind hops.
 Picture draw_small(int number) {
     const int kinds = static_cast<int>(std::size(small_ones));
-    Picture p(16, 16);
+    Picture p(16, 16), hopping(16, 16);
     draw_half(p, small_ones[number % kinds], 0);
-    return number < kinds ? p : part(mirrored(p, true, false), 1, 15);
+    hopping.fill(0, 0, 16, 15, [&](int x, int y) { return p.at(15 - x, y + 1); });
+    return number < kinds ? p : hopping;
 }
 
 void put_palettes(ImageWriter& writer) {
