@@ -50,30 +50,26 @@ constexpr int read_rows(std::string_view line, std::array<int, 3>& rows) {
 
 /// A picture ends with the next note.
 constexpr Fault check_pictures(AssetText text) {
-    int colours = 0, number = 0;
+    int colours = 0;
     std::size_t width = 0;
-    const auto trouble_of = [&](std::string_view line) {
+    return first_fault_at(text, [&](std::size_t i) {
+        const std::string_view line = text[i];
+        if (is_note(line) || names_a_picture(line)) {
+            std::array<int, 3> rows{};
+            colours = is_note(line) ? 0 : 15 * read_rows(line, rows);
+            width = 0;
+            return colours == 0 && !is_note(line) ? Trouble::no_number : Trouble::none;
+        }
         width = width == 0 ? line.size() : width;
         if (colours == 0)
-            return Trouble::no_number;
+            return Trouble::no_name;
         if (line.size() != width)
             return line.size() < width ? Trouble::too_short : Trouble::too_long;
         for (const char letter : line)
             if (const int pixel = pixel_number(letter); pixel < 0 || pixel > colours)
                 return Trouble::unknown_letter;
         return Trouble::none;
-    };
-    for (const std::string_view line : text) {
-        ++number;
-        std::array<int, 3> rows{};
-        if (names_a_picture(line) || is_note(line)) {
-            colours = is_note(line) ? 0 : 15 * read_rows(line, rows);
-            width = 0;
-        } else if (const Trouble trouble = trouble_of(line); trouble != Trouble::none) {
-            return {number, trouble};
-        }
-    }
-    return {};
+    });
 }
 
 /// The first, second, ... picture of a name; the compiler complains where there is none.
