@@ -83,7 +83,7 @@ struct KindArt {
     explicit KindArt(int kind)
         : art(*place_arts[kind]), blocks(palette(static_cast<Kind>(kind), 0)),
           scenery(art, blocks) {
-        characters.add_animated(art.animated());
+        characters.add_animated(art.animated);
     }
 };
 

@@ -17,7 +17,7 @@ enum class Trouble {
     unknown_letter,
     unknown_word,
     no_number,
-    too_much_on_the_line,
+    no_name,
     wrong_count_of_lines
 };
 
@@ -39,17 +39,21 @@ constexpr bool is_note(std::string_view line) {
     return line.empty() || line.front() == ';';
 }
 
+/// The first line of whose index trouble_at knows something.
+constexpr Fault first_fault_at(AssetText text, auto&& trouble_at) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (const Trouble trouble = trouble_at(i); trouble != Trouble::none)
+            return {static_cast<int>(i + 1), trouble};
+    return {};
+}
+
 /// Gives every line that is no note to trouble_of, until one has trouble; at the end asks what is
 /// missing().
 constexpr Fault first_fault(AssetText text, auto&& trouble_of, auto&& missing) {
-    int number = 0;
-    for (const std::string_view line : text) {
-        ++number;
-        if (const Trouble trouble = is_note(line) ? Trouble::none : trouble_of(line);
-            trouble != Trouble::none)
-            return {number, trouble};
-    }
-    return {number, missing()};
+    const Fault fault = first_fault_at(text, [&](std::size_t i) {
+        return is_note(text[i]) ? Trouble::none : trouble_of(text[i]);
+    });
+    return fault.line != 0 ? fault : Fault{static_cast<int>(text.size()), missing()};
 }
 
 /// Takes the first word off a line, and the blanks around it.
@@ -63,6 +67,17 @@ constexpr std::string_view take_word(std::string_view& line) {
     line.remove_prefix(word.size());
     skip();
     return word;
+}
+
+/// A decimal number; -1 where there is none.
+constexpr int number_of(std::string_view digits) {
+    int number = digits.empty() ? -1 : 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9' || number > 99999)
+            return -1;
+        number = 10 * number + digit - '0';
+    }
+    return number;
 }
 
 } // namespace veldrune::demo

@@ -1,16 +1,12 @@
 #pragma once
 
+#include "demo/drawing/colour_list.h"
 #include "demo/drawing/pixel_art.h"
 
 #include <array>
 #include <cstdint>
 
 namespace veldrune::demo {
-
-/// Red, green and blue, 0 to 31.
-struct Rgb {
-    int r, g, b;
-};
 
 /// Eight rows of 16 colours. Value 0 of a row is never drawn; row 0 holds the four rows of four
 /// colours of layer 3.

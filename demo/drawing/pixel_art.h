@@ -58,10 +58,6 @@ struct Picture {
     }
 };
 
-/// height rows of a picture from top on.
-Picture part(const Picture& picture, int top, int height);
-Picture mirrored(const Picture& picture, bool across, bool upside_down);
-
 /// A small picture in one palette row: each hexadecimal digit is the value of a pixel.
 Picture sprite(int row, std::initializer_list<std::string_view> lines);
 
@@ -69,9 +65,6 @@ Picture sprite(int row, std::initializer_list<std::string_view> lines);
 struct Puff {
     int x, y, radius;
 };
-
-/// Leaves in clusters, lit from the upper left; later puffs lie before earlier ones.
-void draw_foliage(Picture& picture, std::span<const Puff> puffs, Ramp ramp);
 
 /// Round stones around centres that repeat every size pixels: the distance in pixels times 16 from
 /// the joint to the next stone, and the light on the stone from -8 to 8.

@@ -36,17 +36,17 @@ constexpr bool explains_a_letter(std::string_view line) {
     return line.size() > 1 && line[1] == ' ';
 }
 constexpr Fault check_plans(AssetText text) {
-    std::array<bool, 128> known{};
+    std::array<bool, 256> known{};
     std::size_t width = 0, height = 0;
     const auto trouble_of = [&](std::string_view line) {
         if (explains_a_letter(line)) {
-            known[line[0] & 127] = true;
+            known[line[0] & 255u] = true;
             return Trouble::none;
         }
         width = height++ == 0 ? line.size() : width;
         if (line.size() != width)
             return line.size() < width ? Trouble::too_short : Trouble::too_long;
-        const auto drawn = [&](char letter) { return known[letter & 127]; };
+        const auto drawn = [&](char letter) { return known[letter & 255u]; };
         return std::ranges::all_of(line, drawn) ? Trouble::none : Trouble::unknown_letter;
     };
     return first_fault(text, trouble_of, [&] {

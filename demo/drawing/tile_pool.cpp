@@ -118,14 +118,14 @@ void CharacterPool::remember(const Block& shape, int number) {
         numbers_.try_emplace(flipped(shape, flips), number, flips);
 }
 
-void CharacterPool::add_animated(const std::array<Picture, 4>& frames) {
-    const int number = animated_base + static_cast<int>(animated_.size()) / 512 * 4;
-    for (const Picture& frame : frames)
+void CharacterPool::add_animated(std::span<const DrawnPicture, 4> frames) {
+    for (const DrawnPicture& frame : frames)
         for (int quadrant = 0; quadrant < 4; ++quadrant) {
-            const Block shape = shape_of(block_at(frame, quadrant % 2 * 8, quadrant / 2 * 8));
+            const Picture drawn = frame.draw();
+            const Block shape = shape_of(block_at(drawn, quadrant % 2 * 8, quadrant / 2 * 8));
             append_planes(animated_, shape);
             if (&frame == &frames.front())
-                remember(shape, number + quadrant);
+                remember(shape, animated_base + quadrant);
         }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/drawing/drawn_picture.h"
 #include "demo/drawing/palettes.h"
 #include "demo/drawing/pixel_art.h"
 
@@ -65,8 +66,8 @@ class CharacterPool {
   public:
     static constexpr int still_count = 640;
     CharacterPool();
-    /// Pictures of 16 by 16 pixels for the frames of the next animated tile.
-    void add_animated(const std::array<Picture, 4>& frames);
+    /// Pictures of 16 by 16 pixels for the frames of the animated tile.
+    void add_animated(std::span<const DrawnPicture, 4> frames);
     Character find(const Block& block);
 
     /// 32 bytes a character.

@@ -1,5 +1,6 @@
 #include "demo/people/sprites.h"
 
+#include "demo/assets/palettes/people.h"
 #include "demo/drawing/tile_pool.h"
 #include "rom/rom_layout.h"
 
@@ -83,20 +84,13 @@ constexpr Half small_ones[] = {
     "18e999ee" "188888ee" ".1111144" "...13444" "...13f44" "...13444" "...13344" "....1111",
 };
 
-struct Colours {
-    Rgb skin[3], hair[3], dress[3], trim[2];
-};
-constexpr Colours colours[] = {
-    {{{20,12,9}, {26,18,13}, {30,24,19}}, {{7,4,3},  {12,7,4}, {17,11,6}},  {{4,6,15},  {8,12,23}, {14,19,29}},  {{20,14,4},  {29,25,11}}},
-    {{{20,12,9}, {26,18,13}, {30,24,19}}, {{16,10,3},{24,18,6},{30,26,12}}, {{12,3,5},  {20,5,7},  {27,11,11}},  {{20,14,4},  {29,25,11}}},
-    {{{15,9,6},  {21,14,9},  {26,19,13}}, {{4,4,6},  {7,7,10}, {11,11,15}}, {{3,9,5},   {6,15,8},  {12,21,11}},  {{14,15,18}, {24,25,27}}},
-    {{{9,5,4},   {14,8,6},   {18,12,8}},  {{3,3,4},  {6,5,6},  {9,8,9}},    {{16,7,3},  {24,12,4}, {30,19,8}},   {{20,14,4},  {29,25,11}}},
-    {{{20,12,9}, {26,18,13}, {30,24,19}}, {{13,13,15},{20,20,21},{27,27,28}}, {{9,4,13}, {14,8,20}, {20,14,26}}, {{14,15,18}, {24,25,27}}},
-    {{{20,12,9}, {26,18,13}, {30,24,19}}, {{12,3,2}, {20,7,3}, {26,13,6}},  {{3,10,12}, {5,17,18}, {12,24,24}},  {{20,14,4},  {29,25,11}}},
-    {{{15,9,6},  {21,14,9},  {26,19,13}}, {{7,4,3},  {12,7,4}, {17,11,6}},  {{16,12,4}, {23,19,7}, {29,26,13}},  {{11,9,8},   {18,16,14}}},
-    {{{20,12,9}, {26,18,13}, {30,24,19}}, {{9,7,7},  {15,12,11},{21,18,16}}, {{12,13,16}, {20,20,22}, {26,26,27}}, {{20,14,4}, {29,25,11}}},
-};
 // clang-format on
+
+consteval std::array<Rgb, 15> row(std::string_view name) {
+    return colours<15>(assets::people, name);
+}
+constexpr std::array<Rgb, 15> rows[] = {row("blue"),   row("red"),  row("green"), row("orange"),
+                                        row("violet"), row("teal"), row("ochre"), row("linen")};
 
 /// Draws rows of a half and its mirror image, the first at y.
 void draw_half(Picture& p, Half half, int y) {
@@ -132,22 +126,22 @@ Picture draw_person(int number) {
 /// Every second one of a kind hops.
 Picture draw_small(int number) {
     const int kinds = static_cast<int>(std::size(small_ones));
-    Picture p(16, 16);
+    Picture p(16, 16), hopping(16, 16);
     draw_half(p, small_ones[number % kinds], 0);
-    return number < kinds ? p : part(mirrored(p, true, false), 1, 15);
+    hopping.fill(0, 0, 16, 15, [&](int x, int y) { return p.at(15 - x, y + 1); });
+    return number < kinds ? p : hopping;
 }
 
 void put_palettes(ImageWriter& writer) {
     for (int number = 0; number < palette_count; ++number) {
-        const auto& [skin, hair, dress, trim] = colours[number % 8];
-        const Rgb row[16] = {{0, 0, 0}, {5, 3, 6},    skin[0],      skin[1],  skin[2],  hair[0],
-                             hair[1],   hair[2],      dress[0],     dress[1], dress[2], trim[0],
-                             trim[1],   {19, 23, 28}, {30, 30, 29}, {2, 1, 3}};
         const int light = number < 8 ? 4 : 3; // the second half is for the night
-        for (int i = 0; i < 16; ++i)
-            writer.put_word(rom_layout::sprite_palettes + 32 * number + 2 * i,
-                            colour_word({row[i].r * light / 4, row[i].g * light / 4,
-                                         row[i].b * (light + 1) / 5}));
+        const std::int32_t place = rom_layout::sprite_palettes + 32 * number;
+        writer.put_word(place, colour_word({0, 0, 0}));
+        for (int i = 1; i < 16; ++i) {
+            const Rgb c = rows[number % 8][static_cast<std::size_t>(i - 1)];
+            writer.put_word(place + 2 * i,
+                            colour_word({c.r * light / 4, c.g * light / 4, c.b * (light + 1) / 5}));
+        }
     }
 }
 

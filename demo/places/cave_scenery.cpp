@@ -1,3 +1,4 @@
+#include "demo/assets/pictures/caverns.h"
 #include "demo/places/outdoor_art.h"
 #include "demo/places/scenery.h"
 
@@ -9,6 +10,10 @@ constexpr Ramp rock{ink(1, 6), 5};
 constexpr Ramp moss{ink(1, 11), 4};
 constexpr Pixel deep = ink(1, 15);
 
+consteval DrawnPicture cavern(std::string_view name) {
+    return picture(assets::caverns, name);
+}
+
 Picture draw_floor(int, int, int kind) {
     static constexpr std::array<int, 2> slabs[] = {{2, 3}, {11, 1}, {7, 8}, {14, 11}, {3, 13}};
     Picture p(16, 16);
@@ -19,9 +24,9 @@ Picture draw_floor(int, int, int kind) {
         return ground[crack ? 1 : lit ? 3 : 2];
     });
     if (kind == 2)
-        p.draw(sprite(1, {".44.", "4332", "3321", ".11."}), 9, 4);
+        p.draw(cavern("big_stone").draw(), 9, 4);
     if (kind == 0)
-        p.draw(sprite(1, {"43.", "321", ".1."}), 4, 10);
+        p.draw(cavern("small_stone").draw(), 4, 10);
     return p;
 }
 
@@ -84,58 +89,6 @@ Picture draw_top(Shape shape, int) {
     return p;
 }
 
-Picture draw_crystals(int row) {
-    // Prisms: foot, top, half width and lean.
-    static constexpr std::array<int, 5> prisms[] = {
-        {5, 14, 8, 2, -1}, {11, 14, 7, 2, 1}, {8, 15, 1, 3, 0}};
-    const Ramp glow{ink(row, 1), 6};
-    Picture p(16, 32);
-    for (const auto& [cx, foot, top, half, lean] : prisms)
-        p.fill(0, 12 + top, 16, foot - top + 4,
-               [&, c = cx, f = foot + 14, t = top + 12, h = half, l = lean](int x, int y) -> Pixel {
-                   const int dx = x - c - l * (f - y) / 5;
-                   const int reach = std::min(h, y - t);
-                   if (dx < -reach || dx > reach || y > f + 2)
-                       return 0;
-                   if (dx == reach || y == f + 2)
-                       return glow[0];
-                   return glow[dx == -reach        ? 4
-                               : dx < 0            ? 3
-                               : dx == 0           ? 5
-                               : (y + dx) % 5 == 0 ? 3
-                                                   : 1];
-               });
-    return p;
-}
-
-Picture draw_stalagmite() {
-    // Cones: foot, top and half width at the foot.
-    static constexpr std::array<int, 4> cones[] = {{4, 28, 18, 3}, {12, 29, 15, 3}, {8, 30, 3, 5}};
-    const Ramp stone{ink(4, 1), 6};
-    Picture p(16, 32);
-    for (const auto& [cx, foot, top, half] : cones)
-        p.fill(0, top, 16, foot - top + 1,
-               [&, c = cx, f = foot, t = top, h = half](int x, int y) -> Pixel {
-                   const int reach = h * (y - t) / (f - t);
-                   const int dx = x - c;
-                   if (dx < -reach || dx > reach)
-                       return 0;
-                   const int groove = (y + dx * 2 + 40) % 9 == 0;
-                   return dx == reach || y == f
-                              ? stone[0]
-                              : stone[4 - (dx + reach) * 4 / (2 * reach + 1) - groove];
-               });
-    return p;
-}
-
-Picture draw_mushrooms() {
-    return sprite(6,
-                  {"................", "....2222........", "...244442.......", "..24554442......",
-                   "..2444554212....", "...22bb22.2442..", "....bba..245542.", "....bba..244442.",
-                   ".222bba...2ba2..", "24442ba....ba...", "2455422....ba...", ".22b2aa....ba...",
-                   "...ba..11..aa1..", "..1aa1.....111..", "..1111..........", "................"});
-}
-
 // clang-format off
 constexpr WallArt walls{2, draw_floor, draw_wall, draw_top};
 constexpr GroundArt grounds[] = {
@@ -144,14 +97,14 @@ constexpr GroundArt grounds[] = {
     {"O",  "O",  outdoor::draw_pit},
 };
 constexpr PropArt props[] = {
-    {'c', [] { return draw_crystals(2); }, 16}, {'v', [] { return draw_crystals(3); }, 16},
-    {'i', draw_stalagmite, 16}, {'m', draw_mushrooms},
-    {'r', [] { return outdoor::draw_rock(false); }}, {'R', [] { return outdoor::draw_rock(true); }},
+    {'c', cavern("crystals"), 16},   {'v', cavern("crystals").in_row(3), 16},
+    {'i', cavern("stalagmite"), 16}, {'m', cavern("mushrooms")},
+    {'r', outdoor::outdoor_picture("stone")},           {'R', outdoor::outdoor_picture("rock")},
 };
 // clang-format on
 
 } // namespace
 
-const PlaceArt cave_art{outdoor::water_frames, cavern_plan, &walls, grounds, props};
+const PlaceArt cave_art{outdoor::water, cavern_plan, &walls, grounds, props};
 
 } // namespace veldrune::demo

@@ -1,12 +1,18 @@
+#include "demo/assets/pictures/indoors.h"
 #include "demo/assets/plans/cottage.h"
 #include "demo/assets/plans/hall.h"
-#include "demo/places/indoor_art.h"
+#include "demo/drawing/random.h"
 #include "demo/places/scenery.h"
 
 namespace veldrune::demo {
 namespace {
 
-using namespace indoor;
+constexpr Ramp floor{ink(1, 1), 5}, wall{ink(1, 6), 5}, panel{ink(1, 11), 4};
+constexpr Ramp carpet{ink(2, 1), 5}, gold{ink(2, 6), 4};
+
+consteval DrawnPicture indoor(std::string_view name) {
+    return picture(assets::indoors, name);
+}
 
 Picture marble_floor(int x, int y, int variant) {
     const bool inlaid = ((x + y) & 1) != 0;
@@ -101,15 +107,6 @@ Picture dark_top(Shape shape, int) {
     return p;
 }
 
-Picture draw_steps() {
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [](int, int y) {
-        static constexpr int shades[] = {4, 3, 3, 1, 0};
-        return floor[shades[y % 5]];
-    });
-    return p;
-}
-
 /// Cloth on the floor with a golden hem.
 Picture draw_carpet(Shape shape, int) {
     Picture p(16, 16);
@@ -135,12 +132,14 @@ Picture draw_carpet(Shape shape, int) {
 // clang-format off
 constexpr GroundArt grounds[] = {{"kXUj", "kXUj", draw_carpet}};
 constexpr PropArt props[] = {
-    {'t', draw_torch},         {'g', draw_banner},       {'v', draw_stained_window}, {'S', draw_steps},
-    {'C', draw_column, 56},    {'X', draw_throne, 24},   {'K', draw_armour, 16},     {'L', draw_candelabrum, 16},
-    {'T', draw_table},         {'U', draw_table},        {'h', draw_chair}, {'j', draw_chair},          {'d', draw_bed},
-    {'B', draw_bookshelf, 16}, {'J', draw_jar_shelf, 16}, {'w', draw_window},        {'a', draw_painting},
-    {'H', draw_hearth},        {'q', draw_clock, 16},    {'c', draw_chest},          {'P', draw_potted_plant, 16},
-    {'o', draw_barrel, 8},     {'x', draw_crate, 8},
+    {'t', indoor("torch")},           {'g', indoor("banner")},        {'v', indoor("stained_window")},
+    {'S', indoor("steps")},           {'C', indoor("column"), 56},    {'X', indoor("throne"), 24},
+    {'K', indoor("armour"), 16},      {'L', indoor("candelabrum"), 16},
+    {'T', indoor("table")},           {'U', indoor("table")},         {'h', indoor("chair")},
+    {'j', indoor("chair")},           {'d', indoor("bed")},           {'B', indoor("bookshelf"), 16},
+    {'J', indoor("jar_shelf"), 16},   {'w', indoor("window")},        {'a', indoor("painting")},
+    {'H', indoor("hearth")},          {'q', indoor("clock"), 16},     {'c', indoor("chest")},
+    {'P', indoor("potted_plant"), 16}, {'o', indoor("barrel"), 8},    {'x', indoor("crate"), 8},
 };
 constexpr Furnishing hall_furniture[] = {
     {'t', 1, true},  {'v', 2, true},  {'g', 1, true},  {'g', 1, true},  {'C', 2, false},
@@ -148,10 +147,11 @@ constexpr Furnishing hall_furniture[] = {
 constexpr Furnishing house_furniture[] = {
     {'w', 2, true},  {'B', 2, true},  {'H', 3, true},  {'q', 1, true},  {'J', 2, true},  {'T', 3, false},
     {'h', 1, false}, {'d', 2, false}, {'o', 1, false}, {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
-// clang-format on
 
+constexpr std::array flames = pictures<4>(assets::indoors, "flame");
 constexpr WallArt hall_walls{3, marble_floor, castle_wall, dark_top};
 constexpr WallArt house_walls{3, plank_floor, house_wall, dark_top};
+// clang-format on
 
 Plan castle_plan(int layout, int width, int height, Random& random) {
     return layout == 0 ? Plan(assets::hall)
@@ -165,7 +165,7 @@ Plan interior_plan(int layout, int width, int height, Random& random) {
 
 } // namespace
 
-const PlaceArt castle_art{flame_frames, castle_plan, &hall_walls, grounds, props};
-const PlaceArt interior_art{flame_frames, interior_plan, &house_walls, grounds, props};
+const PlaceArt castle_art{flames, castle_plan, &hall_walls, grounds, props};
+const PlaceArt interior_art{flames, interior_plan, &house_walls, grounds, props};
 
 } // namespace veldrune::demo

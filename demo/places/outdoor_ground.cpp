@@ -6,44 +6,14 @@
 namespace veldrune::demo::outdoor {
 namespace {
 
-constexpr Ramp water{ink(water_row, 1), 6};
+constexpr Ramp waves{ink(water_row, 1), 6};
 constexpr Ramp bank{ink(water_row, 7), 4};
 constexpr Ramp shore_grass{ink(water_row, 11), 5};
 constexpr Ramp cobble_grass{ink(stone_row, 11), 5};
 
-// Marks on grass, by value in the ground row: blades, tufts and flowers.
-const Picture& mark(int number) {
-    static const std::array<Picture, 10> marks{
-        sprite(ground_row, {"4.", "2."}),
-        sprite(ground_row, {".4.", "4.4", ".2."}),
-        sprite(ground_row, {"5..4", ".44.", ".22."}),
-        sprite(ground_row, {"2.2", ".2."}),
-        sprite(ground_row, {".c.", "cdc", ".c.", ".2."}),
-        sprite(ground_row, {"d.", "2d", ".2"}),
-        sprite(ground_row, {".e.", "ede", ".e.", ".2."}),
-        sprite(ground_row, {".f.", "fcf", ".f.", ".2."}),
-        sprite(ground_row, {"22"}),
-        sprite(ground_row, {"4"}),
-    };
-    return marks[static_cast<std::size_t>(number)];
-}
-
-struct Mark {
-    int number, x, y;
-};
-// clang-format off
-constexpr Mark grass_marks[12][6] = {
-    {{1,2,3}, {3,9,8}, {0,13,2}, {3,4,12}},
-    {{0,3,2}, {1,10,5}, {3,2,10}, {0,12,13}},
-    {{2,9,3}, {2,2,9}, {1,11,10}, {3,6,13}},
-    {{1,6,2}, {0,2,8}, {3,10,12}, {1,12,7}},
-    {{8,3,3}, {8,11,6}, {9,6,10}, {8,5,13}, {9,13,2}}, {}, {}, {}, // 5 to 7 mirror 4
-    {{4,2,3}, {4,9,8}, {5,12,2}, {1,4,11}},
-    {{5,3,4}, {5,10,3}, {5,7,10}, {0,12,12}, {1,2,11}},
-    {{6,10,2}, {6,3,8}, {1,4,2}, {0,11,12}},
-    {{7,3,2}, {7,10,9}, {4,4,10}, {1,11,3}},
-};
-// clang-format on
+constexpr std::array meadow = pictures<8>(assets::outdoors, "grass");
+constexpr DrawnPicture plain_meadow = meadow[4];
+constexpr std::array flowers = pictures<4>(assets::outdoors, "flowers");
 
 /// Grass as it looks in the palette row of grass.
 Pixel grass_pixel(const Picture& tile, int x, int y, Ramp ramp) {
@@ -74,7 +44,7 @@ bool far_edge(Shape shape, int x, int y) {
 }
 
 Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
-    static const Picture plain = draw_grass(plain_grass);
+    static const Picture plain = plain_meadow.draw();
     Picture picture(16, 16);
     picture.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         return shape.inside(x, y) ? inside(x, y) : grass_rim(shape, plain, x, y, grass_ramp);
@@ -84,23 +54,27 @@ Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
 
 } // namespace
 
-Picture draw_grass(int variant) {
-    if (variant > plain_grass && variant < 8)
-        return mirrored(draw_grass(plain_grass), variant & 1, variant & 2);
-    Picture picture(16, 16, grass[2]);
-    for (const Mark& m : grass_marks[variant])
-        if (m.x != 0)
-            picture.draw(mark(m.number), m.x, m.y);
-    return picture;
+Picture draw_grass(Shape, int variant) {
+    return meadow[static_cast<std::size_t>(variant)].draw();
+}
+
+Picture draw_plain_grass(Shape, int) {
+    return plain_meadow.draw();
+}
+
+Picture draw_flowers(Shape, int variant) {
+    return flowers[static_cast<std::size_t>(variant)].draw();
 }
 
 Picture draw_path(Shape shape, int variant) {
-    // Each lies within one quadrant.
-    static constexpr Mark pebbles[3][2] = {
+    // Each pebble lies within one quadrant.
+    struct Pebble {
+        std::size_t number;
+        int x, y;
+    };
+    static constexpr std::array pebbles = pictures<3>(assets::outdoors, "pebble");
+    static constexpr Pebble places[3][2] = {
         {{0, 2, 3}, {1, 11, 10}}, {{1, 12, 3}, {2, 3, 11}}, {{2, 10, 2}, {2, 2, 13}}};
-    static const Picture pebble[3] = {sprite(ground_row, {".aa.", "a998", ".77."}),
-                                      sprite(ground_row, {"aa", "87"}),
-                                      sprite(ground_row, {"8..", ".88"})};
     Picture picture = draw_ground(shape, grass, [&](int x, int y) {
         const int edge = lit_edge(shape, x, y);
         return soil[edge == 3 && far_edge(shape, x, y) ? 4 : edge];
@@ -109,9 +83,9 @@ Picture draw_path(Shape shape, int variant) {
         return shape.inside(x, y) && shape.inside(x + 7, y) && shape.inside(x, y + 7) &&
                shape.inside(x + 7, y + 7) && lit_edge(shape, x, y) > 2;
     };
-    for (const Mark& m : pebbles[variant % 3])
-        if (whole(m.x & 8, m.y & 8))
-            picture.draw(pebble[m.number], m.x, m.y);
+    for (const Pebble& pebble : places[variant % 3])
+        if (whole(pebble.x & 8, pebble.y & 8))
+            picture.draw(pebbles[pebble.number].draw(), pebble.x, pebble.y);
     return picture;
 }
 
@@ -127,57 +101,65 @@ Picture draw_paving(Shape shape, int variant) {
     });
 }
 
-std::array<Picture, 4> water_frames() {
-    // Crests: place, length and height of the light; they drift from frame to frame.
-    static constexpr std::array<int, 4> crests[] = {
-        {1, 2, 5, 4}, {9, 5, 4, 3}, {4, 9, 6, 4}, {12, 12, 4, 3}, {0, 14, 3, 3}};
-    std::array<Picture, 4> frames{Picture(16, 16, water[2]), Picture(16, 16, water[2]),
-                                  Picture(16, 16, water[2]), Picture(16, 16, water[2])};
-    for (int f = 0; f < 4; ++f)
-        for (const auto& [x, y, length, light] : crests)
-            for (int i = 0; i < length; ++i) {
-                Picture& frame = frames[static_cast<std::size_t>(f)];
-                const int bend = i == 0 || i == length - 1 ? 1 : 0;
-                frame.set((x + i + 2 * f) & 15, y + bend, water[light]);
-                frame.set((x + i + 2 * f) & 15, (y + bend + 1) & 15, water[1]);
-            }
-    return frames;
-}
-
 Picture draw_water(Shape shape, int) {
-    static const Picture still = water_frames()[0];
+    static const Picture still = water.front().draw();
     return draw_ground(shape, shore_grass, [&](int x, int y) {
         const int t = shape.from_top(x, y, 11);
         if (t <= 7)
             return bank[t == 1 ? 3 : t >= 6 ? 0 : 1 + scatter(x / 2, 0, 5, 2) - (t > 3)];
         if (t <= 10)
-            return water[t == 8 ? 0 : t == 9 ? 4 : 1];
+            return waves[t == 8 ? 0 : t == 9 ? 4 : 1];
         if (far_edge(shape, x, y))
-            return water[5];
+            return waves[5];
         const int edge = lit_edge(shape, x, y);
-        return edge < 3 ? (edge == 1 ? bank[0] : water[0]) : still.at(x, y);
+        return edge < 3 ? (edge == 1 ? bank[0] : waves[0]) : still.at(x, y);
     });
 }
 
 Picture draw_tall_grass(Shape shape, int variant) {
-    Picture picture = draw_grass(plain_grass);
+    static const Picture blades = outdoor_picture("blades").draw();
+    Picture picture = plain_meadow.draw();
     for (int row = 0; row < 4; ++row)
         for (int i = 0; i < 4; ++i) {
             const int x = i * 4 + (row & 1) * 2 + scatter(i, row, variant, 2);
             const int y = row * 4 + 2;
             if (!shape.inside(x, y))
                 continue;
-            picture.draw(sprite(ground_row, {"5..4", "4.4.", "2442", ".22."}), x - 1, y - 2);
+            picture.draw(blades, x - 1, y - 2);
         }
     return picture;
 }
 
-Picture draw_bridge() {
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int x, int y) {
-        const int shade = x % 5 == 4 ? 0 : x % 5 == 0 ? 3 : 2;
-        return wood[y < 2 || y > 13 ? (y == 0 || y == 13 || y == 14 ? 3 : 0)
-                                    : shade - (y == 2 || scatter(x / 5, y, 4, 9) == 0)];
+Picture draw_field(Shape shape, int variant) {
+    Picture p = draw_path(shape, 3);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        return shape.inside(x, y) ? soil[y % 8 == 0   ? 0
+                                         : y % 8 < 3  ? 1
+                                         : y % 8 == 7 ? 1
+                                                      : 2]
+                                  : Pixel{0};
+    });
+    static const Picture plant = outdoor_picture("plant").draw();
+    static const Picture sprout = outdoor_picture("sprout").draw();
+    for (const int y : {2, 10})
+        for (const int x : {1, 9})
+            p.draw(variant == 0 ? sprout : plant, x + (variant == 0 ? 1 : 0),
+                   y + (variant == 0 ? 2 : 0));
+    return p;
+}
+
+Picture draw_pit(Shape shape, int) {
+    const Ramp rock = soil;
+    Picture p = draw_path(shape, 3);
+    p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
+        if (!shape.inside(x, y))
+            return 0;
+        const int t = shape.from_top(x, y, 15);
+        if (t == 15)
+            return ink(ground_row, 15);
+        const int shade = t < 3 ? 3 : t < 7 ? 2 : t < 11 ? 1 : 0;
+        return dither(x, y, t > 11 ? 16 - 3 * (t - 11) : 16) ? rock[shade - (x % 5 == 0)]
+                                                             : ink(ground_row, 15);
     });
     return p;
 }

@@ -1,5 +1,6 @@
+#include "demo/assets/pictures/houses.h"
+#include "demo/assets/pictures/indoors.h"
 #include "demo/assets/plans/town.h"
-#include "demo/places/indoor_art.h"
 #include "demo/places/outdoor_art.h"
 #include "demo/places/scenery.h"
 
@@ -8,31 +9,26 @@ namespace {
 
 using namespace outdoor;
 
-Picture meadow(Shape, int variant) {
-    return draw_grass(variant);
-}
-Picture foot_grass(Shape, int) {
-    return draw_grass(plain_grass);
-}
-Picture flowers(Shape, int variant) {
-    return draw_grass(first_flowers + variant);
+consteval DrawnPicture house(std::string_view name) {
+    return picture(assets::houses, name);
 }
 
-template <int row, int variant>
-Picture crown() {
-    return part(draw_tree(row, variant), 0, 48);
+/// What hides who stands behind a tree, and what one stands on.
+consteval PropArt crown(char letter, DrawnPicture tree) {
+    return {letter, tree.part(0, 48), 48, 0, 16, 16};
 }
-template <int row, int variant>
-Picture foot() {
-    return part(draw_tree(row, variant), 40, 24);
+consteval PropArt foot(char letter, DrawnPicture tree) {
+    return {letter, tree.part(40, 24), 0, 1, 16};
 }
+constexpr DrawnPicture tree = outdoor_picture("tree"), young_tree = outdoor_picture("young_tree"),
+                       conifer = outdoor_picture("conifer"), blossom = tree.in_row(blue_house_row);
 
 // clang-format off
 constexpr GroundArt grounds[] = {
     // letters  joins    draw            variants layer patch feet
-    {"",        "",      meadow,         8},
-    {",",       "",      flowers,        4,       1,    3},
-    {"TYBP",    "",      foot_grass,     1,       1,    1,    true},
+    {"",        "",      draw_grass,     8},
+    {",",       "",      draw_flowers,   4,       1,    3},
+    {"TYBP",    "",      draw_plain_grass, 1,       1,    1,    true},
     {"\"",      "\"",    draw_tall_grass},
     {":g",      ":=cg",  draw_path,      3},
     {"cFM",     "cFM",   draw_paving,    2},
@@ -42,19 +38,16 @@ constexpr GroundArt grounds[] = {
     {"f",       "f",     draw_fence,     1,       0},
 };
 constexpr PropArt props[] = {
-    // letter, picture, high, layer, left, up
-    {'T', crown<tree_row, 0>, 48, 0, 16, 16},       {'T', foot<tree_row, 0>, 0, 1, 16},
-    {'Y', crown<tree_row, 1>, 48, 0, 16, 16},       {'Y', foot<tree_row, 1>, 0, 1, 16},
-    {'B', crown<blue_house_row, 0>, 48, 0, 16, 16}, {'B', foot<blue_house_row, 0>, 0, 1, 16},
-    {'P', [] { return part(draw_conifer(red_house_row), 0, 48); }, 48, 0, 16, 16},
-    {'P', [] { return part(draw_conifer(red_house_row), 40, 24); }, 0, 1, 16},
-    {'H', [] { return draw_house({red_house_row, 80, true, false}); }, 56},
-    {'I', [] { return draw_house({blue_house_row, 112, true, true}); }, 56},
-    {'J', [] { return draw_house({blue_house_row, 80, false, false}); }, 56},
-    {'F', draw_fountain, 24}, {'w', draw_well, 24}, {'M', draw_stall, 24}, {'L', draw_lamp, 16},
-    {'n', draw_sign}, {'p', draw_flower_bed}, {'o', indoor::draw_barrel, 8}, {'=', draw_bridge},
-    {'b', draw_bush}, {'s', draw_stump},
-    {'r', [] { return draw_rock(false); }}, {'R', [] { return draw_rock(true); }},
+    crown('T', tree),       foot('T', tree),
+    crown('Y', young_tree), foot('Y', young_tree),
+    crown('B', blossom),    foot('B', blossom),
+    crown('P', conifer),    foot('P', conifer),
+    // letter, picture, pixels that hide
+    {'H', house("timbered_house"), 56}, {'I', house("gabled_house"), 56}, {'J', house("plain_house"), 56},
+    {'F', house("fountain"), 24}, {'w', house("well"), 24}, {'M', house("stall"), 24},
+    {'L', house("lamp"), 16}, {'n', house("sign")}, {'p', house("flower_bed")}, {'=', house("bridge")},
+    {'o', picture(assets::indoors, "barrel"), 8}, {'b', outdoor_picture("bush")},
+    {'s', outdoor_picture("stump")}, {'r', outdoor_picture("stone")}, {'R', outdoor_picture("rock")},
 };
 
 Plan town_plan(int layout, int width, int height, Random& random) {
@@ -66,7 +59,7 @@ Plan town_plan(int layout, int width, int height, Random& random) {
 
 } // namespace
 
-const PlaceArt town_art{water_frames, town_plan, nullptr, grounds, props};
-const PlaceArt forest_art{water_frames, woodland_plan, nullptr, grounds, props};
+const PlaceArt town_art{water, town_plan, nullptr, grounds, props};
+const PlaceArt forest_art{water, woodland_plan, nullptr, grounds, props};
 
 } // namespace veldrune::demo

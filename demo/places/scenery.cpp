@@ -35,7 +35,7 @@ constexpr int wall_key = -1, floor_key = -2, top_key = -3; // grounds have their
 
 Scenery::Scenery(const PlaceArt& art, BlockTable& table) : art_(art), table_(table) {
     for (const PropArt& prop : art.props)
-        props_.emplace(prop.letter, std::pair{&prop, cut(table, prop.draw())});
+        props_.emplace(prop.letter, std::pair{&prop, cut(table, prop.picture.draw())});
 }
 
 template <class Draw>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/drawing/drawn_picture.h"
 #include "demo/drawing/map_canvas.h"
 #include "demo/places/plans.h"
 
@@ -23,7 +24,7 @@ struct GroundArt {
 /// An object: its lower left is that of the tile of its letter, moved to the left and up.
 struct PropArt {
     char letter;
-    Picture (*draw)();
+    DrawnPicture picture;
     int high = 0; // pixels from the top that hide who stands behind
     int layer = 0;
     int left = 0;
@@ -42,7 +43,7 @@ struct WallArt {
 
 /// All that the maps of one kind of place are made with.
 struct PlaceArt {
-    std::array<Picture, 4> (*animated)(); // the frames of its animated tile
+    std::span<const DrawnPicture, 4> animated; // the frames of its animated tile
     Plan (*plan)(int layout, int width, int height, Random& random);
     const WallArt* walls;               // none out of doors
     std::span<const GroundArt> grounds; // in the order of painting
