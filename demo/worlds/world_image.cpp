@@ -18,7 +18,7 @@ constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
 constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
 
-/// Streams one after the other, with some room behind each, and the pointers to them.
+// Streams one after the other, with some room behind each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -54,25 +54,16 @@ void write_palette(ImageWriter& writer, std::int32_t offset, World world) {
 
 void write_world(ImageWriter& writer, StreamArea& streams, World world, const Land& land) {
     const WorldRow& row = world_row(world);
-    streams.add(row.graphics_pointer, WorldTiles(world).graphics());
+    streams.add(row.graphics_pointer, world_graphics(world));
     streams.add(row.map_pointer, tile_numbers(land));
     write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
 }
 
 Kind kind_behind(Sight sight) {
-    switch (sight) {
-    case Sight::castle:
-        return Kind::castle;
-    case Sight::tower:
-    case Sight::cave:
-    case Sight::ruin:
-        return Kind::cave;
-    default:
-        return Kind::town;
-    }
+    return sight == Sight::castle ? Kind::castle : sight < Sight::castle ? Kind::town : Kind::cave;
 }
 
-/// Every place leads into a map of its kind, each into another region from first_region on.
+// Every place leads into a map of its kind, each into another region from first_region on.
 void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
     constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
     int region = first_region;
@@ -102,7 +93,7 @@ void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects>
                   const Sites& sites, Scenes& scenes) {
     constexpr int first_regions[] = {0, 40};
     StreamArea streams(writer);
-    const Land lands[] = {enlarge(Sketch(assets::dawn), seed), enlarge(Sketch(assets::dusk), seed)};
+    const Land lands[] = {enlarge(assets::dawn, seed), enlarge(assets::dusk, seed)};
     for (const World world : {World::dawn, World::dusk}) {
         const auto number = static_cast<std::size_t>(world);
         const int map = world_row(world).map;

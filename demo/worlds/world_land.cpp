@@ -14,7 +14,7 @@ void for_all(int side, auto&& step) {
             step(x, y);
 }
 
-/// The ground of the sketch nearby: edges wander by up to three tiles.
+// The ground of the sketch nearby: edges wander by up to three tiles.
 Ground ground_near(const Sketch& sketch, int x, int y, std::uint32_t seed) {
     constexpr int unit = 16; // of a tile
     const auto wander = [&](std::uint32_t purpose) {
@@ -33,7 +33,7 @@ int neighbours_like(const Land& land, int x, int y, auto&& wanted) {
     return count;
 }
 
-/// Takes away what is too small or too thin for its edges to be drawn well.
+// Takes away what is too small or too thin for its edges to be drawn well.
 void smooth(Land& land, Ground first, Ground last, Ground other) {
     const auto is_kind = [&](Ground g) { return g >= first && g <= last; };
     for (int round = 0; round < 3; ++round) {
@@ -45,7 +45,7 @@ void smooth(Land& land, Ground first, Ground last, Ground other) {
     }
 }
 
-/// Parts what can't be drawn on one tile: by grass on land, by shallows at the coast.
+// Parts what can't be drawn on one tile: by grass on land, by shallows at the coast.
 void part_grounds(Land& land) {
     for_all(world_tiles, [&](int x, int y) {
         const Ground here = land.ground(x, y);
@@ -68,8 +68,8 @@ void lay_grounds(Land& land, const Sketch& sketch, std::uint32_t seed) {
     smooth(land, deep, deep, shallow);
 }
 
-/// Goes from one place to another at its right (across) or below it: straight out of both, with a
-/// bend halfway.
+// Goes from one place to another at its right (across) or below it: straight out of both, with a
+// bend halfway.
 void walk(Place from, Place to, bool across, auto&& step) {
     const int turn = across ? (from.x + to.x) / 2 : (from.y + to.y) / 2;
     int& along = across ? from.x : from.y;
@@ -83,7 +83,7 @@ void walk(Place from, Place to, bool across, auto&& step) {
     }
 }
 
-/// Goes from the end that a way has in each cell to those in the neighbours that it is joined to.
+// Goes from the end that a way has in each cell to those in the neighbours that it is joined to.
 void for_links(auto&& is_joined, auto&& end, auto&& step) {
     for_all(Sketch::side, [&](int column, int row) {
         for (const Place& way : {Place{1, 0}, {0, 1}}) {
@@ -94,7 +94,7 @@ void for_links(auto&& is_joined, auto&& end, auto&& step) {
     });
 }
 
-/// The middle of a cell. Where a road or river runs straight through, it may lie one tile aside.
+// The middle of a cell. Where a road or river runs straight through, it may lie one tile aside.
 Place middle(const Sketch& sketch, Place at, auto&& has_way) {
     const bool winds = sketch.at(at.x, at.y) == '+' || sketch.at(at.x, at.y) == 'r';
     const bool across = has_way(at.x - 1, at.y) || has_way(at.x + 1, at.y);
@@ -103,7 +103,7 @@ Place middle(const Sketch& sketch, Place at, auto&& has_way) {
             Sketch::cell * at.y + 1 + (winds && !down ? scatter(at.x, at.y, 64, 2) : 0)};
 }
 
-/// Rivers run one corner wide, into the sea where they meet it.
+// Rivers run one corner wide, into the sea where they meet it.
 void dig_rivers(Land& land, const Sketch& sketch) {
     const auto has_river = [&](int x, int y) { return sketch.has_river(x, y); };
     const auto is_joined = [&](Place a, Place b) {
@@ -131,7 +131,7 @@ void build_bridge(Land& land, Place at, bool across) {
     land.set(at.x + across, at.y + !across, across ? Sight::bridge_right : Sight::bridge_bottom);
 }
 
-/// A place stands on grass, but a cave opens to the south at the foot of a range.
+// A place stands on grass, but a cave opens to the south at the foot of a range.
 void build_place(Land& land, Place at, Sight sight) {
     const int side = sight == Sight::castle ? 2 : 1;
     cover(land, {at.x - 1, at.y - 1}, {at.x + side + 1, at.y + side + 1}, Ground::grass);
@@ -155,7 +155,7 @@ void build_places(Land& land, const Sketch& sketch) {
     });
 }
 
-/// Roads join what stands side by side and lead to the gates of places, which lie below them.
+// Roads join what stands side by side and lead to the gates of places, which lie below them.
 void build_roads(Land& land, const Sketch& sketch) {
     const auto has_road = [&](int x, int y) { return sketch.has_road(x, y); };
     const auto is_joined = [&](Place a, Place b) {
@@ -175,7 +175,7 @@ void build_roads(Land& land, const Sketch& sketch) {
     });
 }
 
-/// Puts big peaks into wide ranges.
+// Puts big peaks into wide ranges.
 void place_peaks(Land& land) {
     for_all(world_tiles, [&](int x, int y) {
         bool room = scatter(x, y, 71, 3) != 0;
@@ -206,7 +206,8 @@ int wave(int x, int y, int size, std::uint32_t seed) {
     return (upper / noise_range * (noise_range - t) + lower / noise_range * t) / noise_range;
 }
 
-Land enlarge(const Sketch& sketch, std::uint32_t seed) {
+Land enlarge(AssetText text, std::uint32_t seed) {
+    const Sketch sketch{Plan(text)};
     Land land;
     lay_grounds(land, sketch, seed);
     dig_rivers(land, sketch);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/assets/asset.h"
 #include "demo/drawing/place.h"
 
 #include <array>
@@ -46,7 +47,10 @@ struct Land {
         return contains(x, y) ? grounds[index(x, y)] : Ground::deep;
     }
     Sight sight(int x, int y) const { return contains(x, y) ? sights[index(x, y)] : Sight::taken; }
-    void set(int x, int y, Ground ground) { grounds[index(x, y)] = ground; }
+    void set(int x, int y, Ground ground) {
+        if (contains(x, y))
+            grounds[index(x, y)] = ground;
+    }
     void set(int x, int y, Sight sight) { sights[index(x, y)] = sight; }
     /// The corners of a tile: upper left, upper right, lower left, lower right.
     std::array<Ground, 4> corners(int x, int y) const {
@@ -63,8 +67,7 @@ struct Land {
 inline constexpr int noise_range = 1024;
 int wave(int x, int y, int size, std::uint32_t seed);
 
-/// A sketch in full size. The seed moves its coasts and edges a little.
-struct Sketch;
-Land enlarge(const Sketch& sketch, std::uint32_t seed);
+/// The world that a text of demo/assets/worlds sketches. The seed moves coasts and edges a little.
+Land enlarge(AssetText text, std::uint32_t seed);
 
 } // namespace veldrune::demo

@@ -12,13 +12,13 @@ struct Sketch {
     static constexpr std::string_view known = "~-.t:^r+=VTHCWOR";
     Plan plan;
 
-    explicit Sketch(AssetText text) : plan(text) {}
     char at(int column, int row) const { return plan.at(column, row); }
     /// What stands on land takes the ground at its left, or grass by the water.
     Ground ground(int column, int row) const {
         constexpr std::string_view grounds = "~-.t:^"; // in the order of Ground
         const std::size_t kind = grounds.find(at(column, row));
         return kind != grounds.npos ? static_cast<Ground>(kind)
+               : column == 0        ? Ground::grass
                                     : std::max(ground(column - 1, row), Ground::grass);
     }
     bool is_sea(int column, int row) const { return ground(column, row) <= Ground::shallow; }
