@@ -16,6 +16,7 @@ enum class Trouble {
     too_short,
     unknown_letter,
     unknown_word,
+    unknown_place,
     no_number,
     no_name,
     wrong_count_of_lines

@@ -18,9 +18,16 @@ enum class Part {
     sign, counter, well, throne, bed, shelf, hearth, arrival, door, pool, glow,
     chest,
 };
+inline constexpr std::string_view part_names[] = { // in the same order
+    "guard", "merchant", "innkeeper", "villager", "child", "elder", "king", "queen", "courtier", "knight", "cook",
+    "scholar", "guest", "traveller", "hunter", "miner", "hermit", "pet", "wild", "bat", "crystal",
+    "sign", "counter", "well", "throne", "bed", "shelf", "hearth", "arrival", "door", "pool", "glow",
+    "chest",
+};
 // clang-format on
 inline constexpr int npc_parts = static_cast<int>(Part::sign);
 inline constexpr int part_count = static_cast<int>(Part::chest) + 1;
+static_assert(std::size(part_names) == part_count);
 
 /// A rule of where a part is played: (dx, dy) from a letter of the plan. '*' is any floor, '^' a
 /// nook between walls.

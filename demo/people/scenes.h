@@ -15,6 +15,7 @@ class Scenes {
 
   private:
     ScriptBook& scripts_;
+    std::array<std::vector<std::string>, part_count> sources_;
 };
 
 } // namespace veldrune::demo

@@ -1,9 +1,11 @@
 #include "demo/people/script_book.h"
 
+#include "demo/people/scene_text.h"
 #include "events/command_table.h"
 
 #include <charconv>
 #include <stdexcept>
+#include <utility>
 
 namespace veldrune::demo {
 namespace {
@@ -29,17 +31,19 @@ int ScriptBook::script(const std::string& source) {
 }
 
 void ScriptBook::assemble(std::string_view source) {
-    while (true) {
-        source.remove_prefix(std::min(source.find_first_not_of(' '), source.size()));
-        if (source.empty())
-            return;
-        const bool text = source.front() == '`';
-        const std::size_t end = std::min(source.find_first_of(text ? "`" : " `", 1), source.size());
-        if (text)
-            put_dialogue(source.substr(1, end - 1));
-        else
-            assemble_word(source.substr(0, end));
-        source.remove_prefix(text ? end + 1 : end);
+    std::string dialogue;
+    while (!source.empty()) {
+        std::string_view line = source.substr(0, source.find('\n'));
+        source.remove_prefix(std::min(line.size() + 1, source.size()));
+        if (is_spoken(line)) {
+            dialogue.append(line.substr(2));
+            if (is_spoken(source))
+                dialogue += '\n';
+            else
+                put_dialogue(std::exchange(dialogue, {}));
+        }
+        while (!is_spoken(line) && !line.empty())
+            assemble_word(take_word(line));
     }
 }
 

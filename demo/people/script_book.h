@@ -4,12 +4,12 @@
 
 namespace veldrune::demo {
 
-/// The event scripts of the image, from sources of words parted by blanks:
+/// The event scripts of the image, from sources of lines; their words are parted by blanks:
 ///   7F 0050      a byte; two bytes, the lowest first
-///   `text`       the number of a dialogue
 ///   10[CE 82]    a queue: command, number of bytes, actions, their end
 ///   :name @name  a place in this source, and a pointer to it
-///   ::name       a place that the sources behind know too
+///   ::name       a place that the sources after it know too
+///   | text       a line of a dialogue, which ends with the last such line: its number
 class ScriptBook {
   public:
     ScriptBook(ImageWriter& writer, DialogueBook& dialogues)
