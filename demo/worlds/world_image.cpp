@@ -8,6 +8,7 @@
 #include "world_map/world_map.h"
 #include "world_map/worlds.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -79,12 +80,15 @@ void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapO
     }
 }
 
+// Something waits on roads, well away from all else that does.
 void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
-    constexpr std::size_t distance = 14; // tiles of road
-    for (std::size_t i = distance / 2; i < land.roads.size(); i += distance)
-        objects.triggers.push_back(
-            {land.roads[i].x, land.roads[i].y,
-             scenes.script_of(Part::sign, world, static_cast<int>(i / distance))});
+    constexpr int distance = 10; // tiles
+    int number = 0;
+    for (const Place& at : land.roads)
+        if (std::ranges::none_of(objects.triggers, [&](const Trigger& other) {
+                return std::max(std::abs(at.x - other.x), std::abs(at.y - other.y)) < distance;
+            }))
+            objects.triggers.push_back({at.x, at.y, scenes.script_of(Part::sign, world, number++)});
 }
 
 } // namespace
