@@ -15,6 +15,12 @@ void Picture::draw(const Picture& top, int x, int y) {
     fill(x, y, top.width, top.height, [&](int i, int j) { return top.at(i - x, j - y); });
 }
 
+Picture tile_of(const Picture& picture, int column, int row) {
+    Picture tile(16, 16);
+    tile.draw(picture, -16 * column, -16 * row);
+    return tile;
+}
+
 Picture sprite(int row, std::initializer_list<std::string_view> lines) {
     Picture picture(static_cast<int>(lines.begin()->size()), static_cast<int>(lines.size()));
     int y = 0;

@@ -58,6 +58,9 @@ struct Picture {
     }
 };
 
+/// One of the tiles of 16 by 16 pixels that a picture consists of.
+Picture tile_of(const Picture& picture, int column, int row);
+
 /// A small picture in one palette row: each hexadecimal digit is the value of a pixel.
 Picture sprite(int row, std::initializer_list<std::string_view> lines);
 

@@ -14,41 +14,10 @@ consteval DrawnPicture cavern(std::string_view name) {
     return picture(assets::caverns, name);
 }
 
-Picture draw_floor(int, int, int kind) {
-    static constexpr std::array<int, 2> slabs[] = {{2, 3}, {11, 1}, {7, 8}, {14, 11}, {3, 13}};
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int x, int y) {
-        const Stone stone = stone_at(x, y, slabs, 16);
-        const bool crack = stone.depth < 9 && (stone.number + kind) % 3 != 0;
-        const bool lit = stone.depth < 26 && stone.light > 1 && stone.number == kind;
-        return ground[crack ? 1 : lit ? 3 : 2];
-    });
-    if (kind == 2)
-        p.draw(cavern("big_stone").draw(), 9, 4);
-    if (kind == 0)
-        p.draw(cavern("small_stone").draw(), 4, 10);
-    return p;
-}
-
-Picture draw_wall(int row, bool west, bool east) {
-    static constexpr std::array<int, 2> columns[] = {{3, 2},   {14, 6}, {25, 1},  {8, 15}, {20, 18},
-                                                     {30, 16}, {2, 26}, {14, 28}, {26, 28}};
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int x, int y) {
-        const int height = 16 * row + y; // from the top of the wall, 0 to 31
-        const Stone stone = stone_at(2 * x, height, columns, 32);
-        int shade = stone.depth < 14 ? 0 : 2 + (stone.light > 2) - (stone.light < -3);
-        shade += height < 3 ? 1 : height > 25 ? -1 : 0;
-        shade += !west && x < 2 ? 1 : 0;
-        shade -= !east && x > 12 ? 1 : 0;
-        return height == 31 ? ground[0] : rock[shade];
-    });
-    return p;
-}
-
 /// Moss that thins out towards its edges.
 Picture draw_moss(Shape shape, int variant) {
-    Picture p = draw_floor(0, 0, 3);
+    static const Picture floor = cavern("rock_floor").draw();
+    Picture p = tile_of(floor, 0, 3);
     p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         int depth = 0;
         for (const int step : {1, 2, 4})
@@ -90,7 +59,7 @@ Picture draw_top(Shape shape, int) {
 }
 
 // clang-format off
-constexpr WallArt walls{2, draw_floor, draw_wall, draw_top};
+constexpr WallArt walls{2, cavern("rock_wall"), cavern("rock_floor"), 4, draw_top};
 constexpr GroundArt grounds[] = {
     {"gm", "gm", draw_moss, 2},
     {"~",  "~",  outdoor::draw_water},

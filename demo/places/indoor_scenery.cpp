@@ -1,89 +1,15 @@
 #include "demo/assets/pictures/indoors.h"
 #include "demo/assets/plans/cottage.h"
 #include "demo/assets/plans/hall.h"
-#include "demo/drawing/random.h"
 #include "demo/places/scenery.h"
 
 namespace veldrune::demo {
 namespace {
 
-constexpr Ramp floor{ink(1, 1), 5}, wall{ink(1, 6), 5}, panel{ink(1, 11), 4};
-constexpr Ramp carpet{ink(2, 1), 5}, gold{ink(2, 6), 4};
+constexpr Ramp wall{ink(1, 6), 5}, carpet{ink(2, 1), 5}, gold{ink(2, 6), 4};
 
 consteval DrawnPicture indoor(std::string_view name) {
     return picture(assets::indoors, name);
-}
-
-Picture marble_floor(int x, int y, int variant) {
-    const bool inlaid = ((x + y) & 1) != 0;
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int i, int j) {
-        if (i == 15 || j == 15)
-            return inlaid ? panel[0] : floor[1];
-        if (i == 0 || j == 0)
-            return inlaid ? panel[2] : floor[4];
-        const bool vein = (i * 2 + j + variant * 7) % 29 == 0 && scatter(i, j, variant, 3) != 0;
-        return inlaid ? panel[vein ? 2 : 1] : floor[vein ? 2 : 3];
-    });
-    return p;
-}
-
-Picture plank_floor(int x, int y, int) {
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int i, int j) {
-        const int board = j / 8 + 2 * (y & 1);
-        const int along = (16 * (x & 3) + i + 27 * board) % 64;
-        if (j % 8 == 7 || along == 0)
-            return floor[1];
-        const bool nail = (along == 2 || along == 62) && (j % 8 == 2 || j % 8 == 5);
-        const bool grain = (j % 8 == 3 && along % 23 < 9) || (j % 8 == 5 && (along + 9) % 31 < 8);
-        return floor[2 - (nail || grain) + (j % 8 == 0 && board % 2 == 0)];
-    });
-    return p;
-}
-
-/// Courses of blocks under a moulding.
-Picture castle_wall(int row, bool west, bool east) {
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int x, int y) {
-        const int height = 16 * row + y; // 0 to 47
-        if (height < 5)
-            return wall[height == 0 ? 4 : height < 3 ? 3 : height == 3 ? 1 : 0];
-        if (height > 41)
-            return wall[height == 42 ? 4 : height < 46 ? 2 : 0];
-        const int course = (height - 5) / 8, in = (height - 5) % 8;
-        const int lx = (x + (course & 1) * 8) & 15;
-        if (in == 7 || lx == 15)
-            return wall[0];
-        int shade = 2 + (in == 0 || lx == 0) - (height < 10) +
-                    (scatter(course, (x + (course & 1) * 8) / 16, 2, 3) == 0 && in > 0 && in < 6 &&
-                     lx > 1 && lx < 13);
-        shade += (!west && x < 2) - (!east && x > 13);
-        return wall[shade];
-    });
-    return p;
-}
-
-/// Plaster over wooden panels.
-Picture house_wall(int row, bool west, bool east) {
-    Picture p(16, 16);
-    p.fill(0, 0, 16, 16, [&](int x, int y) {
-        const int height = 16 * row + y; // 0 to 47
-        if (height < 4)
-            return panel[height == 0 ? 3 : height == 3 ? 0 : 2];
-        if (height < 32)
-            return wall[(height < 7 ? 1 : 3) - (!east && x > 13) + (!west && x < 2) -
-                        (height == 31)];
-        if (height == 32 || height > 44)
-            return panel[height == 32 ? 3 : height == 45 ? 3 : height == 46 ? 1 : 0];
-        const int lx = x % 8;
-        return panel[lx == 7        ? 0
-                     : lx == 0      ? 3
-                     : height == 34 ? 0
-                     : height == 43 ? 3
-                                    : 2 - (lx > 4)];
-    });
-    return p;
 }
 
 Picture dark_top(Shape shape, int) {
@@ -149,8 +75,8 @@ constexpr Furnishing house_furniture[] = {
     {'h', 1, false}, {'d', 2, false}, {'o', 1, false}, {'x', 1, false}, {'P', 1, false}, {'c', 1, false}};
 
 constexpr std::array flames = pictures<4>(assets::indoors, "flame");
-constexpr WallArt hall_walls{3, marble_floor, castle_wall, dark_top};
-constexpr WallArt house_walls{3, plank_floor, house_wall, dark_top};
+constexpr WallArt hall_walls{3, indoor("castle_wall"), indoor("marble"), 4, dark_top};
+constexpr WallArt house_walls{3, indoor("house_wall"), indoor("planks"), 1, dark_top};
 // clang-format on
 
 Plan castle_plan(int layout, int width, int height, Random& random) {

@@ -164,4 +164,14 @@ Picture draw_pit(Shape shape, int) {
     return p;
 }
 
+Picture draw_hedge(Shape shape, int) {
+    static const Picture hedge = outdoor_picture("hedge").draw();
+    return tile_of(hedge, shape.mask % 4, shape.mask / 4 % 4);
+}
+
+Picture draw_fence(Shape shape, int) {
+    static const Picture fence = outdoor_picture("fence").draw();
+    return tile_of(fence, shape.mask % 4, shape.mask / 4 % 4);
+}
+
 } // namespace veldrune::demo::outdoor

@@ -55,6 +55,13 @@ int Scenery::wall_row(const Plan& plan, int x, int y) const {
     return 0;
 }
 
+Picture Scenery::floor_tile(int x, int y, int variant) const {
+    const int variants = art_.walls->floor_variants;
+    const Picture floor = art_.walls->floor.draw();
+    const int columns = floor.width / 16, rows = floor.height / 16 / variants;
+    return tile_of(floor, x % columns, y % rows + variant % variants * rows);
+}
+
 void Scenery::paint_room(MapCanvas& canvas, const Plan& plan, int x, int y) {
     const WallArt& walls = *art_.walls;
     if (plan.is(x, y, "#")) {
@@ -69,7 +76,7 @@ void Scenery::paint_room(MapCanvas& canvas, const Plan& plan, int x, int y) {
     if (const int row = wall_row(plan, x, y); row != 0) {
         const bool west = wall_row(plan, x - 1, y) == row, east = wall_row(plan, x + 1, y) == row;
         canvas.ground(1, x, y, tile({wall_key, row, west, east}, [&] {
-                          return walls.wall(row - 1, west, east);
+                          return tile_of(walls.wall.draw(), west + 2 * east, row - 1);
                       }));
         return;
     }
@@ -77,7 +84,7 @@ void Scenery::paint_room(MapCanvas& canvas, const Plan& plan, int x, int y) {
     const bool left = plan.is(x - 1, y, "#") || wall_row(plan, x - 1, y) != 0;
     const int variant = scatter(x, y, 8, 4);
     canvas.ground(1, x, y, tile({floor_key, x % 4 + y % 4 * 4, above + left * 2, variant}, [&] {
-                      return shadowed(walls.floor(x % 4, y % 4, variant), above, left);
+                      return shadowed(floor_tile(x, y, variant), above, left);
                   }));
 }
 

@@ -34,10 +34,11 @@ struct PropArt {
 /// How rooms and caverns look. In a plan '#' is solid; the tiles below it show the wall.
 struct WallArt {
     int height; // tiles
-    /// A floor tile: x and y count tiles modulo 4, variant is 0 to 3.
-    Picture (*floor)(int x, int y, int variant);
-    /// A tile of a wall: row 0 is the uppermost; whether the wall goes on to the west and east.
-    Picture (*wall)(int row, bool west, bool east);
+    /// Four tiles wide: a wall by itself, one that goes on to the west, to the east, to both.
+    DrawnPicture wall;
+    /// The tiles of a floor, which repeat; its variants lie one below the other.
+    DrawnPicture floor;
+    int floor_variants;
     Picture (*top)(Shape shape, int variant);
 };
 
@@ -63,6 +64,7 @@ class Scenery {
     using Key = std::array<int, 4>;
     /// Row of a wall on (x, y), counted from 1 at the top; 0 where there is none.
     int wall_row(const Plan& plan, int x, int y) const;
+    Picture floor_tile(int x, int y, int variant) const;
     void paint_room(MapCanvas& canvas, const Plan& plan, int x, int y);
     void paint_ground(MapCanvas& canvas, const Plan& plan, int number);
     void paint_props(MapCanvas& canvas, const Plan& plan, int x, int y);
