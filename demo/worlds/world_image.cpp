@@ -17,9 +17,9 @@ namespace {
 
 constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
-constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
+constexpr std::int32_t spare = 0x400; // after every stream, for it to grow
 
-// Streams one after the other, with some room behind each, and the pointers to them.
+// Streams one after the other, with some room after each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -60,7 +60,7 @@ void write_world(ImageWriter& writer, StreamArea& streams, World world, const La
     write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
 }
 
-Kind kind_behind(Sight sight) {
+Kind kind_inside(Sight sight) {
     return sight == Sight::castle ? Kind::castle : sight < Sight::castle ? Kind::town : Kind::cave;
 }
 
@@ -71,7 +71,7 @@ void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapO
     for (const Place& place : land.places) {
         const Sight sight = land.sight(place.x, place.y);
         const int map = demo_map::town + kind_count * (region++ % regions) +
-                        static_cast<int>(kind_behind(sight));
+                        static_cast<int>(kind_inside(sight));
         const Place landing = site_of(sites, map).edge(Facing::down).landing;
         const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
         for (int gate = 0; gate < gates; ++gate)
