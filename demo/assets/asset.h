@@ -18,7 +18,7 @@ enum class Trouble {
     unknown_word,
     unknown_place,
     no_number,
-    no_name,
+    no_end,
     wrong_count_of_lines
 };
 
@@ -40,6 +40,11 @@ constexpr bool is_note(std::string_view line) {
     return line.empty() || line.front() == ';';
 }
 
+/// Lines that begin with "= " say what the lines after them are.
+constexpr bool is_heading(std::string_view line) {
+    return line.starts_with("= ");
+}
+
 /// The first line of whose index trouble_at knows something.
 constexpr Fault first_fault_at(AssetText text, auto&& trouble_at) {
     for (std::size_t i = 0; i < text.size(); ++i)
@@ -59,14 +64,16 @@ constexpr Fault first_fault(AssetText text, auto&& trouble_of, auto&& missing) {
 
 /// Takes the first word off a line, and the blanks around it.
 constexpr std::string_view take_word(std::string_view& line) {
-    const auto skip = [&] {
-        line.remove_prefix(line.find_first_not_of(' ') == line.npos ? line.size()
-                                                                    : line.find_first_not_of(' '));
-    };
-    skip();
-    const std::string_view word = line.substr(0, line.find(' '));
-    line.remove_prefix(word.size());
-    skip();
+    std::size_t start = 0;
+    while (start < line.size() && line[start] == ' ')
+        ++start;
+    std::size_t end = start;
+    while (end < line.size() && line[end] != ' ')
+        ++end;
+    const std::string_view word = line.substr(start, end - start);
+    while (end < line.size() && line[end] == ' ')
+        ++end;
+    line.remove_prefix(end);
     return word;
 }
 

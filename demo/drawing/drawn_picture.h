@@ -5,8 +5,8 @@
 
 namespace veldrune::demo {
 
-/// A picture as a text of demo/assets/pictures draws it. A line of words, its name and up to three
-/// palette rows, comes before its lines of pixels.
+/// A picture as a text of demo/assets/pictures draws it. A heading comes before its lines of
+/// pixels.
 struct DrawnPicture {
     AssetText lines;
     std::array<int, 3> rows{};
@@ -15,6 +15,8 @@ struct DrawnPicture {
     constexpr DrawnPicture in_row(int row) const { return {lines, {row, rows[1], rows[2]}}; }
     /// height rows of its pixels from top on.
     constexpr DrawnPicture part(std::size_t top, std::size_t height) const {
+        if (top + height > lines.size())
+            throw "the picture is not so high";
         return {lines.subspan(top, height), rows};
     }
     Picture draw() const;
@@ -32,41 +34,51 @@ constexpr int pixel_number(char letter) {
     return letter == '.' ? 0 : -1;
 }
 
-constexpr bool names_a_picture(std::string_view line) {
-    return line.find(' ') != line.npos && !is_note(line);
-}
-
-/// Reads a picture's palette rows; returns how many there are, 0 where they can't be read.
-constexpr int read_rows(std::string_view line, std::array<int, 3>& rows) {
-    int count = 0;
-    for (take_word(line); !line.empty(); ++count) {
+/// The line above a picture: "=", its name, its size in pixels, and its palette rows.
+struct PictureHeading {
+    std::string_view name;
+    std::size_t width = 0, height = 0;
+    int row_count = 0;
+    std::array<int, 3> rows{};
+};
+constexpr Trouble read_heading(std::string_view line, PictureHeading& heading) {
+    take_word(line);
+    heading = {take_word(line)};
+    const std::string_view size = take_word(line);
+    const std::size_t middle = std::min(size.find('x'), size.size() - 1);
+    const int width = number_of(size.substr(0, middle)),
+              height = number_of(size.substr(middle + 1));
+    if (width < 1 || height < 1 || line.empty())
+        return Trouble::no_number;
+    heading.width = static_cast<std::size_t>(width);
+    heading.height = static_cast<std::size_t>(height);
+    while (!line.empty()) {
         const int row = number_of(take_word(line));
-        if (row < 0 || row > 7 || count == 3)
-            return 0;
-        rows[static_cast<std::size_t>(count)] = row;
+        if (row < 0 || row > 7 || heading.row_count == 3)
+            return Trouble::no_number;
+        heading.rows[static_cast<std::size_t>(heading.row_count++)] = row;
     }
-    return count;
+    return Trouble::none;
 }
 
-/// A picture ends with the next note.
 constexpr Fault check_pictures(AssetText text) {
-    int colours = 0;
-    std::size_t width = 0;
+    PictureHeading heading;
+    std::size_t left = 0; // lines of pixels that are still to come
     return first_fault_at(text, [&](std::size_t i) {
         const std::string_view line = text[i];
-        if (is_note(line) || names_a_picture(line)) {
-            std::array<int, 3> rows{};
-            colours = is_note(line) ? 0 : 15 * read_rows(line, rows);
-            width = 0;
-            return colours == 0 && !is_note(line) ? Trouble::no_number : Trouble::none;
+        if (is_note(line) || is_heading(line)) {
+            if (left != 0)
+                return Trouble::wrong_count_of_lines;
+            const Trouble trouble = is_note(line) ? Trouble::none : read_heading(line, heading);
+            left = is_note(line) ? 0 : heading.height;
+            return trouble;
         }
-        width = width == 0 ? line.size() : width;
-        if (colours == 0)
-            return Trouble::no_name;
-        if (line.size() != width)
-            return line.size() < width ? Trouble::too_short : Trouble::too_long;
+        if (left == 0 || (left-- > 1 && i + 1 == text.size()))
+            return Trouble::wrong_count_of_lines;
+        if (line.size() != heading.width)
+            return line.size() < heading.width ? Trouble::too_short : Trouble::too_long;
         for (const char letter : line)
-            if (const int pixel = pixel_number(letter); pixel < 0 || pixel > colours)
+            if (const int pixel = pixel_number(letter); pixel < 0 || pixel > 15 * heading.row_count)
                 return Trouble::unknown_letter;
         return Trouble::none;
     });
@@ -74,16 +86,11 @@ constexpr Fault check_pictures(AssetText text) {
 
 /// The first, second, ... picture of a name; the compiler complains where there is none.
 consteval DrawnPicture picture(AssetText text, std::string_view name, int number = 0) {
+    PictureHeading heading;
     for (std::size_t i = 0; i < text.size(); ++i)
-        if (std::string_view line = text[i];
-            names_a_picture(line) && take_word(line) == name && number-- == 0) {
-            std::size_t end = i + 1;
-            while (end < text.size() && !is_note(text[end]))
-                ++end;
-            DrawnPicture found{text.subspan(i + 1, end - i - 1)};
-            read_rows(text[i], found.rows);
-            return found;
-        }
+        if (is_heading(text[i]) && read_heading(text[i], heading) == Trouble::none &&
+            heading.name == name && number-- == 0)
+            return {text.subspan(i + 1, heading.height), heading.rows};
     throw "no picture has this name";
 }
 template <std::size_t count>

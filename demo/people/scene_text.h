@@ -4,41 +4,51 @@
 #include "demo/people/cast.h"
 
 #include <algorithm>
+#include <array>
 
 namespace veldrune::demo {
 
-// A scene of a text of demo/assets/scripts begins with a line of '= ' and its part, or common. The
-// language of its other lines is that of ScriptBook; besides there are %f, %i, %n, {town} and
-// {next}.
+// In a text of demo/assets/scripts the heading of a scene is its part, or "common". The other lines
+// are in the language of ScriptBook; besides there are %f, %i, %n, {town} and {next}.
 
-constexpr bool begins_scene(std::string_view line) {
-    return line.starts_with("= ");
-}
 constexpr bool is_spoken(std::string_view line) {
     return line.starts_with("| ");
 }
 
+/// The letters that the game has a code for.
+inline constexpr std::array<bool, 256> spoken_letters = [] {
+    std::array<bool, 256> letters{};
+    for (const unsigned char letter : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                                       "abcdefghijklmnopqrstuvwxyz"
+                                                       "0123456789 !?:\"'-.,;#+()%~@="))
+        letters[letter] = true;
+    return letters;
+}();
 constexpr bool can_be_spoken(std::string_view text) {
-    for (std::string_view name : {"> ", "{town}", "{next}"})
-        if (const std::size_t at = text.find(name); at != text.npos && (at == 0 || name[0] == '{'))
-            return can_be_spoken(text.substr(0, at)) &&
-                   can_be_spoken(text.substr(at + name.size()));
-    return std::ranges::all_of(text, [](char letter) {
-        return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z') ||
-               (letter >= '0' && letter <= '9') ||
-               std::string_view(" !?:\"'-.,;#+()%~@=").find(letter) != std::string_view::npos;
-    });
+    if (text.starts_with("> ")) // an option
+        text.remove_prefix(2);
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '{' && (text.substr(i, 6) == "{town}" || text.substr(i, 6) == "{next}"))
+            i += 5;
+        else if (!spoken_letters[text[i] & 255u])
+            return false;
+    return true;
 }
 
-/// Two or four hexadecimal digits, some of which % and a letter may stand for.
+/// Two or four hexadecimal digits; %f and %i stand for two, %n for one.
 constexpr bool is_value(std::string_view word) {
     int digits = 0;
-    for (std::size_t i = 0; i < word.size(); ++i, ++digits)
-        if (word[i] == '%' && ++i < word.size() && (word[i] == 'f' || word[i] == 'i'))
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        const char letter = word[i], after = i + 1 < word.size() ? word[i + 1] : ' ';
+        if (letter == '%' && (after == 'f' || after == 'i' || after == 'n')) {
+            digits += after == 'n' ? 1 : 2;
+            ++i;
+        } else if ((letter >= '0' && letter <= '9') || (letter >= 'A' && letter <= 'F')) {
             ++digits;
-        else if (std::string_view("0123456789ABCDEFn").find(word[i]) == std::string_view::npos ||
-                 (word[i] == 'n') != (i > 0 && word[i - 1] == '%'))
+        } else {
             return false;
+        }
+    }
     return digits == 2 || digits == 4;
 }
 
@@ -52,9 +62,9 @@ constexpr bool has_place(AssetText text, std::string_view mark, std::string_view
 /// The scene around a line.
 constexpr AssetText scene_around(AssetText text, std::size_t line) {
     std::size_t first = line, end = line + 1;
-    while (first > 0 && !begins_scene(text[first]))
+    while (first > 0 && !is_heading(text[first]))
         --first;
-    while (end < text.size() && !begins_scene(text[end]))
+    while (end < text.size() && !is_heading(text[end]))
         ++end;
     return text.subspan(first, end - first);
 }
@@ -87,12 +97,21 @@ constexpr Trouble trouble_of_words(AssetText text, std::size_t number) {
     return queue ? Trouble::too_short : Trouble::none;
 }
 
+constexpr bool ends_scene(AssetText text, std::size_t number) {
+    for (++number; number < text.size() && !is_heading(text[number]); ++number)
+        if (!is_note(text[number]))
+            return false;
+    return true;
+}
+
 constexpr Fault check_scripts(AssetText text) {
     return first_fault_at(text, [&](std::size_t i) {
         const std::string_view line = text[i];
         if (is_note(line))
             return Trouble::none;
-        if (begins_scene(line))
+        if (ends_scene(text, i) && !line.ends_with("FE"))
+            return Trouble::no_end;
+        if (is_heading(line))
             return line == "= common" || std::ranges::count(part_names, line.substr(2)) == 1
                        ? Trouble::none
                        : Trouble::unknown_word;

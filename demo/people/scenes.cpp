@@ -108,7 +108,7 @@ Scenes::Scenes(ScriptBook& scripts) : scripts_(scripts) {
     for (const std::string_view line : assets::scenes) {
         const auto part =
             std::ranges::find(part_names, line.substr(std::min<std::size_t>(2, line.size())));
-        if (begins_scene(line)) {
+        if (is_heading(line)) {
             scenes = part == std::end(part_names)
                          ? &common
                          : &sources_[static_cast<std::size_t>(part - part_names)];

@@ -16,7 +16,10 @@ constexpr DrawnPicture face = picture(assets::figures, "face");
 constexpr std::array heads = pictures<8>(assets::figures, "head");
 constexpr std::array bodies = pictures<6>(assets::figures, "body");
 constexpr std::array small_ones = pictures<14>(assets::figures, "small");
-constexpr int body_top = 13;
+constexpr int body_top = 13, body_height = 11;
+static_assert(std::ranges::all_of(bodies, [](const DrawnPicture& body) {
+    return body.lines.size() == body_height;
+}));
 constexpr std::size_t rows_of_child[] = {0, 1, 5, 6, 9, 10}; // of a body
 
 consteval std::array<Rgb, 15> row(std::string_view name) {
@@ -29,7 +32,7 @@ constexpr std::array<Rgb, 15> rows[] = {row("blue"),   row("red"),  row("green")
 void draw_half(Picture& p, AssetText lines, int y) {
     static constexpr std::string_view shaded = "34679ac"; // step one down in the shadow
     for (const std::string_view line : lines) {
-        for (int x = 0; x < 8; ++x) {
+        for (int x = 0; x < std::ssize(line); ++x) {
             const char letter = line[static_cast<std::size_t>(x)];
             const int value = pixel_number(letter);
             const bool shadow = x < 6 && shaded.find(letter) != std::string_view::npos;

@@ -38,17 +38,10 @@ Picture draw_top(Shape shape, int) {
             return y > 8 && !(shape.mask & 4) ? rock[y > 13 ? 4 : 3] : ground[0];
         int edge = 8; // steps to the nearest side that falls off
         for (int step = 1; step < 8 && edge == 8; ++step)
-            for (const auto& [dx, dy] : {std::pair{step, 0},
-                                         {-step, 0},
-                                         {0, step},
-                                         {0, -step},
-                                         {step, step},
-                                         {-step, -step},
-                                         {step, -step},
-                                         {-step, step}})
-                if (const int i = std::clamp(x + dx, 0, 15), j = std::clamp(y + dy, 0, 15);
-                    !shape.inside(i, j))
-                    edge = std::min(edge, step);
+            for (const int dx : {-step, 0, step})
+                for (const int dy : {-step, 0, step})
+                    if (!shape.inside(std::clamp(x + dx, 0, 15), std::clamp(y + dy, 0, 15)))
+                        edge = step;
         if (edge == 1)
             return rock[4 - (y < 4 ? 2 : 0)];
         return edge < 4                                  ? rock[edge == 2 ? 2 : 1]
