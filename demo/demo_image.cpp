@@ -1,13 +1,13 @@
 #include "demo/demo_image.h"
 
-#include "demo/image_writer.h"
-#include "demo/item_names.h"
-#include "demo/layer3_art.h"
-#include "demo/population.h"
-#include "demo/scenery.h"
-#include "demo/scenes.h"
-#include "demo/sprites.h"
-#include "demo/world_image.h"
+#include "demo/image/image_writer.h"
+#include "demo/people/item_names.h"
+#include "demo/people/population.h"
+#include "demo/people/scenes.h"
+#include "demo/people/sprites.h"
+#include "demo/places/layer3_art.h"
+#include "demo/places/scenery.h"
+#include "demo/worlds/world_image.h"
 #include "map/map_properties.h"
 #include "rom/rom_layout.h"
 
@@ -83,7 +83,7 @@ struct KindArt {
     explicit KindArt(int kind)
         : art(*place_arts[kind]), blocks(palette(static_cast<Kind>(kind), 0)),
           scenery(art, blocks) {
-        characters.add_animated(art.animated());
+        characters.add_animated(art.animated);
     }
 };
 

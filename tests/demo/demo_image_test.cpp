@@ -1,6 +1,6 @@
 // What the demo image promises to the tests, the benchmarks and whoever tries the editor on it.
 
-#include "demo/dialogue_book.h"
+#include "demo/people/dialogue_book.h"
 #include "dialogue/dialogue_text.h"
 #include "editor/world_map.h"
 #include "objects/markers.h"

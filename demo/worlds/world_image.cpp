@@ -1,0 +1,111 @@
+#include "demo/worlds/world_image.h"
+
+#include "compression/compress.h"
+#include "demo/assets/worlds/dawn.h"
+#include "demo/assets/worlds/dusk.h"
+#include "demo/worlds/world_land.h"
+#include "demo/worlds/world_tiles.h"
+#include "world_map/world_map.h"
+#include "world_map/worlds.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+
+namespace veldrune::demo {
+namespace {
+
+constexpr std::int32_t streams_start = 0x2EB600;
+constexpr std::int32_t streams_end = 0x300000;
+constexpr std::int32_t spare = 0x400; // after every stream, for it to grow
+
+// Streams one after the other, with some room after each, and the pointers to them.
+class StreamArea {
+  public:
+    explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
+    void add(std::int32_t pointer, std::span<const std::uint8_t> bytes) {
+        const auto stream = std::make_unique<CompressOutput>();
+        const auto size = compress_world_map(bytes, *stream);
+        if (!size || *size > longest_world_stream ||
+            next_ + static_cast<std::int32_t>(*size) > streams_end)
+            throw std::length_error("a world of the demo image does not pack");
+        writer_.put(next_, std::span(*stream).first(*size));
+        writer_.put_pointer(pointer, static_cast<std::int32_t>(address_of_offset(next_)));
+        next_ += static_cast<std::int32_t>(*size) + spare;
+    }
+
+  private:
+    ImageWriter& writer_;
+    std::int32_t next_ = streams_start;
+};
+
+Bytes tile_numbers(const Land& land) {
+    Bytes numbers;
+    for (int y = 0; y < world_tiles; ++y)
+        for (int x = 0; x < world_tiles; ++x)
+            numbers.push_back(tile_number(land, x, y));
+    return numbers;
+}
+
+void write_palette(ImageWriter& writer, std::int32_t offset, World world) {
+    const WorldColours colours = world_colours(world);
+    for (int i = 0; i < 256; ++i)
+        writer.put_word(offset + 2 * i, colour_word(colours[static_cast<std::size_t>(i)]));
+}
+
+void write_world(ImageWriter& writer, StreamArea& streams, World world, const Land& land) {
+    const WorldRow& row = world_row(world);
+    streams.add(row.graphics_pointer, world_graphics(world));
+    streams.add(row.map_pointer, tile_numbers(land));
+    write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
+}
+
+Kind kind_inside(Sight sight) {
+    return sight == Sight::castle ? Kind::castle : sight < Sight::castle ? Kind::town : Kind::cave;
+}
+
+// Every place leads into a map of its kind, each into another region from first_region on.
+void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
+    constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
+    int region = first_region;
+    for (const Place& place : land.places) {
+        const Sight sight = land.sight(place.x, place.y);
+        const int map = demo_map::town + kind_count * (region++ % regions) +
+                        static_cast<int>(kind_inside(sight));
+        const Place landing = site_of(sites, map).edge(Facing::down).landing;
+        const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
+        for (int gate = 0; gate < gates; ++gate)
+            objects.entrances.push_back(
+                {place.x + gate, place.y + gates - 1, map, landing.x, landing.y});
+    }
+}
+
+// Something waits on roads, well away from all else that does.
+void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
+    constexpr int distance = 10; // tiles
+    int number = 0;
+    for (const Place& at : land.roads)
+        if (std::ranges::none_of(objects.triggers, [&](const Trigger& other) {
+                return std::max(std::abs(at.x - other.x), std::abs(at.y - other.y)) < distance;
+            }))
+            objects.triggers.push_back({at.x, at.y, scenes.script_of(Part::sign, world, number++)});
+}
+
+} // namespace
+
+void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects> maps,
+                  const Sites& sites, Scenes& scenes) {
+    constexpr int first_regions[] = {0, 40};
+    StreamArea streams(writer);
+    const Land lands[] = {enlarge(assets::dawn, seed), enlarge(assets::dusk, seed)};
+    for (const World world : {World::dawn, World::dusk}) {
+        const auto number = static_cast<std::size_t>(world);
+        const int map = world_row(world).map;
+        MapObjects& objects = maps[static_cast<std::size_t>(map)];
+        write_world(writer, streams, world, lands[number]);
+        lead_into_maps(lands[number], first_regions[number], sites, objects);
+        lie_in_wait(lands[number], map, scenes, objects);
+    }
+}
+
+} // namespace veldrune::demo
