@@ -64,11 +64,6 @@ Picture tile_of(const Picture& picture, int column, int row);
 /// A small picture in one palette row: each hexadecimal digit is the value of a pixel.
 Picture sprite(int row, std::initializer_list<std::string_view> lines);
 
-/// One round cluster of leaves, rocks or cloud.
-struct Puff {
-    int x, y, radius;
-};
-
 /// Round stones around centres that repeat every size pixels: the distance in pixels times 16 from
 /// the joint to the next stone, and the light on the stone from -8 to 8.
 struct Stone {
