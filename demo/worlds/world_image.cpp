@@ -1,11 +1,14 @@
 #include "demo/worlds/world_image.h"
 
 #include "compression/compress.h"
+#include "demo/assets/worlds/dawn.h"
+#include "demo/assets/worlds/dusk.h"
 #include "demo/worlds/world_land.h"
 #include "demo/worlds/world_tiles.h"
 #include "world_map/world_map.h"
 #include "world_map/worlds.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -14,9 +17,9 @@ namespace {
 
 constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
-constexpr std::int32_t spare = 0x400; // behind every stream, for it to grow
+constexpr std::int32_t spare = 0x400; // after every stream, for it to grow
 
-/// Streams one after the other, with some room behind each, and the pointers to them.
+// Streams one after the other, with some room after each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -52,32 +55,23 @@ void write_palette(ImageWriter& writer, std::int32_t offset, World world) {
 
 void write_world(ImageWriter& writer, StreamArea& streams, World world, const Land& land) {
     const WorldRow& row = world_row(world);
-    streams.add(row.graphics_pointer, WorldTiles(world).graphics());
+    streams.add(row.graphics_pointer, world_graphics(world));
     streams.add(row.map_pointer, tile_numbers(land));
     write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
 }
 
-Kind kind_behind(Sight sight) {
-    switch (sight) {
-    case Sight::castle:
-        return Kind::castle;
-    case Sight::tower:
-    case Sight::cave:
-    case Sight::ruin:
-        return Kind::cave;
-    default:
-        return Kind::town;
-    }
+Kind kind_inside(Sight sight) {
+    return sight == Sight::castle ? Kind::castle : sight < Sight::castle ? Kind::town : Kind::cave;
 }
 
-/// Every place leads into a map of its kind, each into another region from first_region on.
+// Every place leads into a map of its kind, each into another region from first_region on.
 void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
     constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
     int region = first_region;
     for (const Place& place : land.places) {
         const Sight sight = land.sight(place.x, place.y);
         const int map = demo_map::town + kind_count * (region++ % regions) +
-                        static_cast<int>(kind_behind(sight));
+                        static_cast<int>(kind_inside(sight));
         const Place landing = site_of(sites, map).edge(Facing::down).landing;
         const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
         for (int gate = 0; gate < gates; ++gate)
@@ -86,12 +80,15 @@ void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapO
     }
 }
 
+// Something waits on roads, well away from all else that does.
 void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
-    constexpr std::size_t distance = 14; // tiles of road
-    for (std::size_t i = distance / 2; i < land.roads.size(); i += distance)
-        objects.triggers.push_back(
-            {land.roads[i].x, land.roads[i].y,
-             scenes.script_of(Part::sign, world, static_cast<int>(i / distance))});
+    constexpr int distance = 10; // tiles
+    int number = 0;
+    for (const Place& at : land.roads)
+        if (std::ranges::none_of(objects.triggers, [&](const Trigger& other) {
+                return std::max(std::abs(at.x - other.x), std::abs(at.y - other.y)) < distance;
+            }))
+            objects.triggers.push_back({at.x, at.y, scenes.script_of(Part::sign, world, number++)});
 }
 
 } // namespace
@@ -100,8 +97,7 @@ void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects>
                   const Sites& sites, Scenes& scenes) {
     constexpr int first_regions[] = {0, 40};
     StreamArea streams(writer);
-    const Land dawn = make_dawn(seed);
-    const Land lands[] = {dawn, make_dusk(seed, dawn)};
+    const Land lands[] = {enlarge(assets::dawn, seed), enlarge(assets::dusk, seed)};
     for (const World world : {World::dawn, World::dusk}) {
         const auto number = static_cast<std::size_t>(world);
         const int map = world_row(world).map;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/assets/asset.h"
 #include "demo/drawing/place.h"
 
 #include <array>
@@ -11,7 +12,7 @@ namespace veldrune::demo {
 inline constexpr int world_tiles = 256; // in a row, and rows
 
 /// What a corner of a tile is. A tile mixes two neighbours at the most: deep and shallow water,
-/// shallow water and grass, or grass and one kind behind it.
+/// shallow water and grass, or grass and one of the kinds after it.
 enum class Ground : std::uint8_t { deep, shallow, grass, forest, desert, mountain };
 
 /// What stands on a tile, if anything.
@@ -38,15 +39,18 @@ enum class Sight : std::uint8_t {
 struct Land {
     std::vector<Ground> grounds = std::vector<Ground>(world_tiles * world_tiles);
     std::vector<Sight> sights = std::vector<Sight>(world_tiles * world_tiles);
-    std::vector<Place> places; // the settlements, castles, towers and caves
-    std::vector<Place> roads;  // tiles of roads, in the order in which they were built
+    std::vector<Place> places; // the settlements, castles, towers, ruins and caves
+    std::vector<Place> roads;  // tiles of roads
 
     /// Beyond the edge lies deep water.
     Ground ground(int x, int y) const {
         return contains(x, y) ? grounds[index(x, y)] : Ground::deep;
     }
     Sight sight(int x, int y) const { return contains(x, y) ? sights[index(x, y)] : Sight::taken; }
-    void set(int x, int y, Ground ground) { grounds[index(x, y)] = ground; }
+    void set(int x, int y, Ground ground) {
+        if (contains(x, y))
+            grounds[index(x, y)] = ground;
+    }
     void set(int x, int y, Sight sight) { sights[index(x, y)] = sight; }
     /// The corners of a tile: upper left, upper right, lower left, lower right.
     std::array<Ground, 4> corners(int x, int y) const {
@@ -63,9 +67,7 @@ struct Land {
 inline constexpr int noise_range = 1024;
 int wave(int x, int y, int size, std::uint32_t seed);
 
-/// The world of Dawn, and that of Dusk: the same, broken into plates that have drifted apart, with
-/// wastes in the place of woods.
-Land make_dawn(std::uint32_t seed);
-Land make_dusk(std::uint32_t seed, const Land& dawn);
+/// The world that a text of demo/assets/worlds sketches. The seed moves coasts and edges a little.
+Land enlarge(AssetText text, std::uint32_t seed);
 
 } // namespace veldrune::demo

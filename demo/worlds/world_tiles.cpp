@@ -1,8 +1,12 @@
 #include "demo/worlds/world_tiles.h"
 
+#include "demo/assets/palettes/worlds.h"
+#include "demo/assets/pictures/overland.h"
 #include "demo/drawing/random.h"
 #include "demo/worlds/world_art.h"
+#include "world_map/world_map.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace veldrune::demo {
@@ -10,97 +14,67 @@ namespace {
 
 using namespace overland;
 
-constexpr int own_rows = 8; // the last of them is spare
+constexpr std::array<Rgb, 120> palettes[] = {colours<120>(assets::worlds, "dawn"),
+                                             colours<120>(assets::worlds, "dusk")};
 
-struct Colours {
-    Rgb grass[6];           // values 0 to 5 of every row
-    Rgb rows[own_rows][10]; // values 6 to 15
-};
 // clang-format off
-constexpr Colours world_palettes[] = {
-    {{{0,0,1}, {4,12,7}, {7,17,7}, {10,21,8}, {14,24,9}, {20,28,12}},
-     {
-      {{17,13,9}, {23,19,12}, {29,26,17}, {3,7,20}, {4,9,22}, {5,11,24}, {7,15,26}, {10,19,28}, {16,24,30}, {30,31,31}}, // sand 6-8, water 9-14, foam
-      {{1,6,6}, {2,9,6}, {4,13,6}, {7,17,7}, {12,21,8}, {18,26,11}, {8,5,4}, {2,8,6}, {27,12,14}, {30,24,26}},           // leaves 6-11, trunk, shade, blossom
-      {{7,5,7}, {11,8,8}, {15,11,9}, {20,16,12}, {25,21,15}, {29,26,20}, {18,21,27}, {25,27,30}, {31,31,31}, {4,3,5}},   // rock 6-11, snow 12-14, outline
-      {{20,15,8}, {24,19,10}, {27,23,13}, {29,26,16}, {31,29,21}, {14,10,7}, {19,14,9}, {24,19,13}, {4,13,6}, {9,20,7}}, // sand 6-10, stone 11-13, palm
-      {{15,11,7}, {21,16,9}, {25,21,13}, {28,25,17}, {9,6,4}, {15,10,6}, {22,16,9}, {7,15,26}, {16,24,30}, {30,31,31}},  // earth 6-9, wood 10-12, water 13-15
-      {{17,4,4}, {24,8,5}, {30,15,8}, {19,16,14}, {25,22,17}, {31,30,25}, {12,7,5}, {6,4,4}, {9,15,26}, {4,3,5}},        // roof 6-8, wall 9-11, timber, door, glass, outline
-      {{6,6,10}, {12,12,15}, {18,18,19}, {24,24,23}, {30,30,28}, {5,7,18}, {9,13,25}, {15,21,30}, {4,3,5}, {29,9,7}},    // stone 6-10, slates 11-13, gate, banner
-     }},
-    {{{1,0,2}, {6,5,8}, {9,8,9}, {12,11,10}, {15,14,12}, {20,18,14}},
-     {
-      {{10,6,8}, {15,9,9}, {21,13,11}, {4,1,7}, {5,2,9}, {7,3,11}, {10,5,14}, {14,7,16}, {20,10,17}, {28,18,19}},
-      {{4,3,5}, {6,5,6}, {9,7,7}, {12,9,8}, {15,12,10}, {19,16,12}, {4,3,5}, {4,3,6}, {20,8,8}, {25,14,10}},
-      {{4,2,5}, {7,4,7}, {11,6,8}, {15,9,10}, {20,13,12}, {25,18,15}, {22,4,3}, {30,13,3}, {31,27,10}, {2,1,3}},
-      {{14,8,8}, {17,10,9}, {20,13,10}, {23,16,12}, {26,20,15}, {7,4,6}, {11,7,8}, {16,11,10}, {6,6,6}, {11,10,8}},
-      {{10,6,6}, {14,9,8}, {17,12,10}, {20,15,12}, {5,3,4}, {9,6,6}, {13,9,8}, {10,5,14}, {20,10,17}, {28,18,19}},
-      {{8,3,5}, {12,5,6}, {17,8,8}, {9,8,10}, {14,12,13}, {19,17,16}, {5,3,4}, {3,1,3}, {31,24,9}, {2,1,3}},
-      {{4,3,6}, {8,6,9}, {12,10,12}, {16,14,15}, {21,19,18}, {4,3,9}, {7,5,13}, {11,9,17}, {2,1,3}, {24,6,5}},
-     }},
-};
-
-/// Where the tiles stand in the sheet. Sets of sixteen are numbered by the corners that are the
-/// upper ground, roads by where they lead.
+// Where the tiles stand in the sheet. From 16 on there is a set of sixteen for every ground but the
+// deep sea, numbered by the corners that it covers; roads are numbered by where they lead.
 namespace tile {
-constexpr int grass = 0, deep = 4, shallow = 8, forest = 10, desert = 12;
-constexpr int depths = 16, coasts = 32, forests = 48, deserts = 64, mountains = 80, roads = 96;
+constexpr int grass = 0, deep = 4, shallow = 8, forest = 10, desert = 12, sets = 16, roads = 96;
 constexpr int bridges = 112, village = 116, town = 117, harbour = 118, tower = 119, cave = 120, ruin = 121, hills = 122;
 constexpr int castle = 128, peak = 130, crag = 132;
+constexpr int of(Ground upper, int corners) { return sets * static_cast<int>(upper) + corners; }
 } // namespace tile
 
-/// By what stands there, but for what its surroundings decide.
+// Where the variants of a plain ground stand, how many there are, and how rare the others are than
+// the first: by Ground.
+struct Variants { int first, count, rarity; };
+constexpr Variants plains[] = {
+    {tile::deep, 4, 300}, {tile::shallow, 2, 90}, {tile::grass, 4, 250}, {tile::forest, 2, 24}, {tile::desert, 4, 70},
+    {tile::of(Ground::mountain, 15), 1, 1}};
+
+// By what stands there, but for what its surroundings decide.
 constexpr int sight_tiles[] = {
     0, 0, tile::bridges, tile::bridges + 1, tile::bridges + 2, tile::bridges + 3,
     tile::village, tile::town, tile::harbour, 0, tile::tower, tile::cave, tile::ruin, 0, 0};
+
+// A picture of demo/assets/pictures, one tile large or two by two.
+consteval DrawnPicture drawn(std::string_view name, int number = 0) {
+    return picture(assets::overland, name, number);
+}
+struct TileArt { int tile; DrawnPicture picture; };
+constexpr TileArt on_grass[] = {
+    {tile::grass + 1, drawn("flowers")}, {tile::grass + 2, drawn("flowers", 1)}, {tile::grass + 3, drawn("flowers", 2)},
+    {tile::bridges, drawn("bridge_top")}, {tile::bridges + 1, drawn("bridge_bottom")}, {tile::bridges + 2, drawn("bridge_left")}, {tile::bridges + 3, drawn("bridge_right")},
+    {tile::village, drawn("village")}, {tile::town, drawn("town")}, {tile::harbour, drawn("harbour")}, {tile::tower, drawn("tower")},
+    {tile::cave, drawn("cave")}, {tile::ruin, drawn("ruin")}, {tile::hills, drawn("hills")}, {tile::castle, drawn("castle")}};
+constexpr TileArt on_sand[] = {{tile::desert + 1, drawn("palm")}, {tile::desert + 2, drawn("boulder")}, {tile::desert + 3, drawn("bones")}};
+constexpr TileArt on_rock[] = {{tile::peak, drawn("snowy_peak")}, {tile::crag, drawn("crag")}};
+constexpr DrawnPicture trees[] = {drawn("tree"), drawn("dead_tree")}; // of Dawn and of Dusk
 // clang-format on
 
-int corners_of(const std::array<Ground, 4>& grounds, auto&& upper) {
-    int corners = 0;
-    for (std::size_t i = 0; i < 4; ++i)
-        corners |= upper(grounds[i]) ? 1 << i : 0;
-    return corners;
-}
-
-/// Mostly the first of count variants of a plain ground, which stand from first on.
-int variant(int first, int count, int rarity, int x, int y) {
-    const int n = scatter(x, y, 88, rarity);
-    return n < count - 1 ? first + 1 + n : first;
+// Hills lie on grass in groups, and so do flowers.
+int plain_tile(Ground ground, int x, int y) {
+    auto [first, count, rarity] = plains[static_cast<std::size_t>(ground)];
+    if (ground == Ground::grass && wave(x, y, 9, 92) > 740 && scatter(x, y, 93, 4) != 0)
+        return tile::hills;
+    if (ground == Ground::grass && wave(x, y, 7, 94) > 660)
+        rarity = 6;
+    const int other = scatter(x, y, 88, rarity) + 1;
+    return other < count ? first + other : first;
 }
 
 int ground_tile(const Land& land, int x, int y) {
     const auto grounds = land.corners(x, y);
-    const Ground lowest = *std::ranges::min_element(grounds),
-                 highest = *std::ranges::max_element(grounds);
-    const int corners = corners_of(grounds, [lowest](Ground g) { return g > lowest; });
-    if (lowest == highest)
-        switch (lowest) {
-        case Ground::deep:
-            return variant(tile::deep, 4, 300, x, y);
-        case Ground::shallow:
-            return variant(tile::shallow, 2, 90, x, y);
-        case Ground::grass:
-            return wave(x, y, 9, 92) > 740 && scatter(x, y, 93, 4) != 0
-                       ? tile::hills
-                       : variant(tile::grass, 4, wave(x, y, 7, 94) > 660 ? 6 : 250, x, y);
-        case Ground::forest:
-            return variant(tile::forest, 2, 24, x, y);
-        case Ground::desert:
-            return variant(tile::desert, 4, 70, x, y);
-        case Ground::mountain:
-            return tile::mountains + 15;
-        }
-    if (lowest == Ground::deep)
-        return tile::depths + corners;
-    if (lowest == Ground::shallow)
-        return tile::coasts + corners;
-    return (highest == Ground::forest   ? tile::forests
-            : highest == Ground::desert ? tile::deserts
-                                        : tile::mountains) +
-           corners;
+    const auto [lowest, highest] = std::ranges::minmax(grounds);
+    int corners = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        corners |= (grounds[i] > lowest) << i;
+    return lowest == highest ? plain_tile(lowest, x, y) : tile::of(highest, corners);
 }
 
-/// Roads lead to roads, bridges and gates.
+// Roads lead to roads, bridges and gates.
 int road_leads(const Land& land, int x, int y) {
     using enum Sight;
     const auto joins = [&](int i, int j, Sight bridge, bool gate) {
@@ -112,7 +86,7 @@ int road_leads(const Land& land, int x, int y) {
            joins(0, 1, bridge_top, false) << 2 | joins(-1, 0, bridge_right, false) << 3;
 }
 
-/// The tile of a block of four that shows (x, y), which may be any of them.
+// The tile of a block of four that shows (x, y), which may be any of them.
 int block_tile(const Land& land, int x, int y) {
     for (const auto& [i, j] : {Place{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
         const Sight first = land.sight(x - i, y - j);
@@ -125,14 +99,89 @@ int block_tile(const Land& land, int x, int y) {
     return tile::grass;
 }
 
+using Character = std::array<Pixel, 64>;
+
+// The tiles of a world and the characters that they are made of.
+struct Sheet {
+    std::array<std::uint8_t, 1024> table{}; // four characters a tile
+    std::vector<Character> characters;
+
+    explicit Sheet(World world);
+    void put(int tile, const Picture& picture);
+    void put(int tile, const Picture& ground, DrawnPicture thing);
+    std::uint8_t add_character(const Picture& picture, int x, int y);
+};
+
+Sheet::Sheet(World world) {
+    using enum Ground;
+    const DrawnPicture tree = trees[static_cast<std::size_t>(world)], peak = drawn("peak");
+    put(tile::grass, plain(coast_row));
+    for (int corners = 0; corners < 16; ++corners) {
+        put(tile::of(shallow, corners), depths_tile(corners));
+        put(tile::of(grass, corners), coast_tile(corners));
+        put(tile::of(forest, corners), forest_tile(tree, corners, true));
+        put(tile::of(desert, corners), desert_tile(corners));
+        put(tile::of(mountain, corners), mountain_tile(peak, corners));
+        put(tile::roads + corners, road_tile(corners));
+    }
+    for (int i = 0; i < 4; ++i)
+        put(tile::deep + i, deep_tile(i));
+    for (int i = 0; i < 2; ++i) {
+        put(tile::shallow + i, shallow_tile(i));
+        put(tile::forest + i, forest_tile(tree, 15, i == 0));
+    }
+    put(tile::desert, dunes());
+    for (const auto& [tile, thing] : on_grass)
+        put(tile, plain(thing.rows[0]), thing);
+    for (const auto& [tile, thing] : on_sand)
+        put(tile, dunes(), thing);
+    for (const auto& [tile, thing] : on_rock)
+        put(tile, mountain_tile(peak, 15), thing);
+}
+
+// A drawn picture on as many tiles of ground.
+void Sheet::put(int tile, const Picture& ground, DrawnPicture thing) {
+    const Picture picture = thing.draw();
+    for (int y = 0; y < picture.height; y += side)
+        for (int x = 0; x < picture.width; x += side) {
+            Picture part = ground;
+            part.draw(picture, -x, -y);
+            put(tile + y + x / side, part);
+        }
+}
+
+void Sheet::put(int tile, const Picture& picture) {
+    for (int quarter = 0; quarter < 4; ++quarter)
+        table[static_cast<std::size_t>(4 * tile + quarter)] =
+            add_character(picture, quarter % 2 * 8, quarter / 2 * 8);
+}
+
+// The number of the character at (x, y) of a picture; equal ones are kept once, whatever the
+// palette row of grass.
+std::uint8_t Sheet::add_character(const Picture& picture, int x, int y) {
+    Character pixels;
+    for (int i = 0; i < 64; ++i)
+        pixels[static_cast<std::size_t>(i)] = picture.at(x + i % 8, y + i / 8);
+    if (std::ranges::all_of(pixels, [](Pixel pixel) { return pixel % 16 <= 5; }))
+        for (Pixel& pixel : pixels)
+            pixel %= 16;
+    if (std::ranges::any_of(pixels, [&](Pixel pixel) { return pixel / 16 != pixels[0] / 16; }))
+        throw std::logic_error("a character of a world mixes palette rows");
+    const auto number = std::ranges::find(characters, pixels) - characters.begin();
+    if (number == std::ssize(characters))
+        characters.push_back(pixels);
+    if (characters.size() > 256)
+        throw std::length_error("a world has more than 256 characters");
+    return static_cast<std::uint8_t>(number);
+}
+
 } // namespace
 
 WorldColours world_colours(World world) {
-    const Colours& own = world_palettes[static_cast<std::size_t>(world)];
     WorldColours colours{};
-    for (std::size_t row = 0; row < own_rows; ++row)
-        for (std::size_t i = 0; i < 16; ++i)
-            colours[16 * row + i] = i < 6 ? own.grass[i] : own.rows[row][i - 6];
+    const auto& own = palettes[static_cast<std::size_t>(world)];
+    for (std::size_t i = 0; i < own.size(); ++i)
+        colours[16 * (i / 15) + 1 + i % 15] = own[i];
     return colours;
 }
 
@@ -146,95 +195,17 @@ std::uint8_t tile_number(const Land& land, int x, int y) {
     return static_cast<std::uint8_t>(number);
 }
 
-WorldTiles::WorldTiles(World world) {
-    draw_grounds(world);
-    for (int leads = 0; leads < 16; ++leads)
-        put(tile::roads + leads, road_tile(leads));
-    for (int number = 0; number < 4; ++number)
-        put(tile::bridges + number, bridge_tile(number));
-    draw_places();
-}
-
-void WorldTiles::draw_grounds(World world) {
-    for (int i = 0; i < 4; ++i) {
-        put(tile::grass + i, meadow_tile(i));
-        put(tile::deep + i, deep_tile(i));
-        put(tile::desert + i, dune_tile(i));
-    }
-    for (int i = 0; i < 2; ++i) {
-        put(tile::shallow + i, shallow_tile(i));
-        put(tile::forest + i, forest_tile(world, 15, i == 0));
-    }
-    for (int corners = 0; corners < 16; ++corners) {
-        put(tile::depths + corners, depths_tile(corners));
-        put(tile::coasts + corners, coast_tile(corners));
-        put(tile::forests + corners, forest_tile(world, corners, true));
-        put(tile::deserts + corners, desert_tile(corners));
-        put(tile::mountains + corners, mountain_tile(corners));
-    }
-}
-
-void WorldTiles::draw_places() {
-    put(tile::village, village_tile());
-    put(tile::town, town_tile());
-    put(tile::harbour, harbour_tile());
-    put(tile::tower, tower_tile());
-    put(tile::cave, cave_tile());
-    put(tile::ruin, ruin_tile());
-    put(tile::hills, hills_tile());
-    put_block(tile::castle, castle_block());
-    put_block(tile::peak, peak_block(12, 90));
-    put_block(tile::crag, peak_block(4, 97));
-}
-
-void WorldTiles::put(int tile, const Picture& picture) {
-    for (int quarter = 0; quarter < 4; ++quarter)
-        table_[static_cast<std::size_t>(tile)][static_cast<std::size_t>(quarter)] =
-            add_character(picture, quarter % 2 * 8, quarter / 2 * 8);
-}
-
-void WorldTiles::put_block(int tile, const Picture& picture) {
-    for (const auto& [i, j] : {Place{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
-        Picture part(side, side);
-        part.draw(picture, -16 * i, -16 * j);
-        put(tile + 16 * j + i, part);
-    }
-}
-
-/// The number of the character at (x, y) of a picture; equal ones are kept once, whatever the
-/// palette row of grass.
-int WorldTiles::add_character(const Picture& picture, int x, int y) {
-    std::array<std::uint8_t, 64> pixels;
-    bool only_grass = true;
-    for (int i = 0; i < 64; ++i) {
-        pixels[static_cast<std::size_t>(i)] = picture.at(x + i % 8, y + i / 8);
-        only_grass = only_grass && pixels[static_cast<std::size_t>(i)] % 16 <= 5;
-    }
-    for (std::uint8_t& pixel : pixels) {
-        if (only_grass)
-            pixel %= 16;
-        if (pixel / 16 != pixels[0] / 16)
-            throw std::logic_error("a character of a world mixes palette rows");
-    }
-    const auto [place, fresh] = numbers_.try_emplace(pixels, static_cast<int>(characters_.size()));
-    if (fresh)
-        characters_.push_back(pixels);
-    if (characters_.size() > 256)
-        throw std::length_error("a world has more than 256 characters");
-    return place->second;
-}
-
-std::vector<std::uint8_t> WorldTiles::graphics() const {
-    constexpr std::size_t characters_at = 1024, rows_at = 9216;
-    std::vector<std::uint8_t> block(rows_at + 128);
-    for (std::size_t entry = 0; entry < 1024; ++entry)
-        block[entry] = static_cast<std::uint8_t>(table_[entry / 4][entry % 4]);
-    for (std::size_t c = 0; c < characters_.size(); ++c) {
-        const auto& pixels = characters_[c];
+std::vector<std::uint8_t> world_graphics(World world) {
+    const Sheet sheet(world);
+    std::vector<std::uint8_t> block(world_graphics_size);
+    std::ranges::copy(sheet.table, block.begin());
+    for (std::size_t c = 0; c < sheet.characters.size(); ++c) {
+        const Character& pixels = sheet.characters[c];
         for (std::size_t i = 0; i < 32; ++i)
-            block[characters_at + 32 * c + i] =
+            block[world_characters_at + 32 * c + i] =
                 static_cast<std::uint8_t>(pixels[2 * i] % 16 | pixels[2 * i + 1] % 16 << 4);
-        block[rows_at + c / 2] |= static_cast<std::uint8_t>(pixels[0] / 16 << c % 2 * 4);
+        block[world_character_rows_at + c / 2] |=
+            static_cast<std::uint8_t>(pixels[0] / 16 << c % 2 * 4);
     }
     return block;
 }
