@@ -176,8 +176,9 @@ void DemoImage::write_kind(int kind) {
 
 LayoutData DemoImage::write_layout(KindArt& art, int kind, int layout) {
     const bool tall = kind == static_cast<int>(Kind::cave) && layout == 1;
-    const Size size = layout == 0 ? place_sizes[kind] : tall ? tall_size : layout_sizes[layout];
-    const Plan plan = art.art.plan(layout, size.width, size.height, random_);
+    const Size by_rule = layout == 0 ? place_sizes[kind] : tall ? tall_size : layout_sizes[layout];
+    const Plan plan = art.art.plan(layout, by_rule.width, by_rule.height, random_);
+    const Size size{plan.width, plan.height}; // a drawn plan has its own
     MapCanvas canvas(art.blocks, size.width, size.height);
     art.scenery.paint(canvas, plan);
     sites_[static_cast<std::size_t>(kind)].emplace_back(plan, art.scenery.walkable(plan),

@@ -5,12 +5,6 @@ void Picture::rect(int x, int y, int w, int h, Pixel pixel) {
     fill(x, y, w, h, [pixel](int, int) { return pixel; });
 }
 
-void Picture::bevel(int x, int y, int w, int h, Pixel light, Pixel face, Pixel dark) {
-    rect(x, y, w, h, dark);
-    rect(x, y, w - 1, h - 1, light);
-    rect(x + 1, y + 1, w - 2, h - 2, face);
-}
-
 void Picture::draw(const Picture& top, int x, int y) {
     fill(x, y, top.width, top.height, [&](int i, int j) { return top.at(i - x, j - y); });
 }
@@ -19,20 +13,6 @@ Picture tile_of(const Picture& picture, int column, int row) {
     Picture tile(16, 16);
     tile.draw(picture, -16 * column, -16 * row);
     return tile;
-}
-
-Picture sprite(int row, std::initializer_list<std::string_view> lines) {
-    Picture picture(static_cast<int>(lines.begin()->size()), static_cast<int>(lines.size()));
-    int y = 0;
-    for (const std::string_view line : lines) {
-        for (int x = 0; x < picture.width; ++x) {
-            const char digit = line[static_cast<std::size_t>(x)];
-            if (digit != '.')
-                picture.set(x, y, ink(row, digit <= '9' ? digit - '0' : digit - 'a' + 10));
-        }
-        ++y;
-    }
-    return picture;
 }
 
 Stone stone_at(int x, int y, std::span<const std::array<int, 2>> centres, int size) {

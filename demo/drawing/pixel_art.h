@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <initializer_list>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -45,8 +44,6 @@ struct Picture {
             pixels[static_cast<std::size_t>(y * width + x)] = pixel;
     }
     void rect(int x, int y, int w, int h, Pixel pixel);
-    /// A rectangle with its left and upper edges in light and the others in dark.
-    void bevel(int x, int y, int w, int h, Pixel light, Pixel face, Pixel dark);
     void draw(const Picture& top, int x, int y);
     /// Sets every pixel for which shade(x, y) is not 0.
     template <class Shade>
@@ -60,14 +57,6 @@ struct Picture {
 
 /// One of the tiles of 16 by 16 pixels that a picture consists of.
 Picture tile_of(const Picture& picture, int column, int row);
-
-/// A small picture in one palette row: each hexadecimal digit is the value of a pixel.
-Picture sprite(int row, std::initializer_list<std::string_view> lines);
-
-/// One round cluster of leaves, rocks or cloud.
-struct Puff {
-    int x, y, radius;
-};
 
 /// Round stones around centres that repeat every size pixels: the distance in pixels times 16 from
 /// the joint to the next stone, and the light on the stone from -8 to 8.

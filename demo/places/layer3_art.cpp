@@ -10,6 +10,11 @@ namespace {
 
 constexpr int period = 256; // pixels after which the pictures repeat from left to right
 
+/// One round cluster of a cloud.
+struct Puff {
+    int x, y, radius;
+};
+
 /// How deep (x, y) lies in soft clusters: 0 outside, up to 100 in the middle of one.
 int depth_in(std::span<const Puff> puffs, int x, int y, int flatness) {
     int deepest = 0;

@@ -9,33 +9,25 @@ namespace veldrune::demo::outdoor {
 
 // Rows, and ramps of some.
 inline constexpr int ground_row = 1;
-inline constexpr int tree_row = 2;
 inline constexpr int stone_row = 4;
 inline constexpr int water_row = 5;
 inline constexpr int blue_house_row = 6; // in a forest: trees in blossom
 inline constexpr Ramp grass{ink(ground_row, 1), 5};
 inline constexpr Ramp soil{ink(ground_row, 6), 5};
 inline constexpr Ramp cobble{ink(stone_row, 1), 6};
-inline constexpr Ramp wood{ink(stone_row, 7), 4};
 
 consteval DrawnPicture outdoor_picture(std::string_view name) {
     return picture(assets::outdoors, name);
 }
-inline constexpr std::array water = pictures<4>(assets::outdoors, "water"); // animated
+inline constexpr std::array meadow = pictures<8>(assets::outdoors, "grass"); // 4 is the plainest
+inline constexpr std::array water = pictures<4>(assets::outdoors, "water");  // animated
 
 // Beyond the edge of the shape they show grass.
-Picture draw_grass(Shape shape, int variant); // 0 to 7
-Picture draw_plain_grass(Shape shape, int variant);
-Picture draw_flowers(Shape shape, int variant); // 0 to 3
 Picture draw_path(Shape shape, int variant);
 Picture draw_paving(Shape shape, int variant);
 Picture draw_water(Shape shape, int variant); // a whole tile is the animated one
 Picture draw_tall_grass(Shape shape, int variant);
 Picture draw_field(Shape shape, int variant);
 Picture draw_pit(Shape shape, int variant);
-
-// Hedges and fences show nothing beside them.
-Picture draw_hedge(Shape shape, int variant);
-Picture draw_fence(Shape shape, int variant);
 
 } // namespace veldrune::demo::outdoor

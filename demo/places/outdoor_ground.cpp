@@ -11,10 +11,6 @@ constexpr Ramp bank{ink(water_row, 7), 4};
 constexpr Ramp shore_grass{ink(water_row, 11), 5};
 constexpr Ramp cobble_grass{ink(stone_row, 11), 5};
 
-constexpr std::array meadow = pictures<8>(assets::outdoors, "grass");
-constexpr DrawnPicture plain_meadow = meadow[4];
-constexpr std::array flowers = pictures<4>(assets::outdoors, "flowers");
-
 /// Grass as it looks in the palette row of grass.
 Pixel grass_pixel(const Picture& tile, int x, int y, Ramp ramp) {
     return ramp[std::min(tile.at(x, y) - grass.darkest, ramp.count - 1)];
@@ -44,7 +40,7 @@ bool far_edge(Shape shape, int x, int y) {
 }
 
 Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
-    static const Picture plain = plain_meadow.draw();
+    static const Picture plain = meadow[4].draw();
     Picture picture(16, 16);
     picture.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         return shape.inside(x, y) ? inside(x, y) : grass_rim(shape, plain, x, y, grass_ramp);
@@ -53,18 +49,6 @@ Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
 }
 
 } // namespace
-
-Picture draw_grass(Shape, int variant) {
-    return meadow[static_cast<std::size_t>(variant)].draw();
-}
-
-Picture draw_plain_grass(Shape, int) {
-    return plain_meadow.draw();
-}
-
-Picture draw_flowers(Shape, int variant) {
-    return flowers[static_cast<std::size_t>(variant)].draw();
-}
 
 Picture draw_path(Shape shape, int variant) {
     // Each pebble lies within one quadrant.
@@ -118,7 +102,7 @@ Picture draw_water(Shape shape, int) {
 
 Picture draw_tall_grass(Shape shape, int variant) {
     static const Picture blades = outdoor_picture("blades").draw();
-    Picture picture = plain_meadow.draw();
+    Picture picture = meadow[4].draw();
     for (int row = 0; row < 4; ++row)
         for (int i = 0; i < 4; ++i) {
             const int x = i * 4 + (row & 1) * 2 + scatter(i, row, variant, 2);
@@ -162,16 +146,6 @@ Picture draw_pit(Shape shape, int) {
                                                              : ink(ground_row, 15);
     });
     return p;
-}
-
-Picture draw_hedge(Shape shape, int) {
-    static const Picture hedge = outdoor_picture("hedge").draw();
-    return tile_of(hedge, shape.mask % 4, shape.mask / 4 % 4);
-}
-
-Picture draw_fence(Shape shape, int) {
-    static const Picture fence = outdoor_picture("fence").draw();
-    return tile_of(fence, shape.mask % 4, shape.mask / 4 % 4);
 }
 
 } // namespace veldrune::demo::outdoor

@@ -13,6 +13,20 @@ consteval DrawnPicture house(std::string_view name) {
     return picture(assets::houses, name);
 }
 
+constexpr std::array plain_grass = {meadow[4]};
+constexpr std::array flowers = pictures<4>(assets::outdoors, "flowers");
+constexpr DrawnPicture hedge = outdoor_picture("hedge"), fence = outdoor_picture("fence");
+
+template <const auto& tiles>
+Picture one_of(Shape, int variant) {
+    return tiles[static_cast<std::size_t>(variant)].draw();
+}
+/// The tile of a sheet of sixteen that goes on where the ground does.
+template <const DrawnPicture& sheet>
+Picture joined(Shape shape, int) {
+    return tile_of(sheet.draw(), shape.mask % 4, shape.mask / 4 % 4);
+}
+
 /// What hides who stands behind a tree, and what one stands on.
 consteval PropArt crown(char letter, DrawnPicture tree) {
     return {letter, tree.part(0, 48), 48, 0, 16, 16};
@@ -25,17 +39,17 @@ constexpr DrawnPicture tree = outdoor_picture("tree"), young_tree = outdoor_pict
 
 // clang-format off
 constexpr GroundArt grounds[] = {
-    // letters  joins    draw            variants layer patch feet
-    {"",        "",      draw_grass,     8},
-    {",",       "",      draw_flowers,   4,       1,    3},
-    {"TYBP",    "",      draw_plain_grass, 1,       1,    1,    true},
-    {"\"",      "\"",    draw_tall_grass},
-    {":g",      ":=cg",  draw_path,      3},
-    {"cFM",     "cFM",   draw_paving,    2},
-    {"t",       "t",     draw_field,     2},
-    {"~=",      "~=",    draw_water},
-    {"h",       "h",     draw_hedge,     1,       0},
-    {"f",       "f",     draw_fence,     1,       0},
+    //letters joins    draw                 variants layer patch feet
+    {"",      "",      one_of<meadow>,      8},
+    {",",     "",      one_of<flowers>,     4,       1,    3},
+    {"TYBP",  "",      one_of<plain_grass>, 1,       1,    1,    true},
+    {"\"",    "\"",    draw_tall_grass},
+    {":g",    ":=cg",  draw_path,           3},
+    {"cFM",   "cFM",   draw_paving,         2},
+    {"t",     "t",     draw_field,          2},
+    {"~=",    "~=",    draw_water},
+    {"h",     "h",     joined<hedge>,       1,       0},
+    {"f",     "f",     joined<fence>,       1,       0},
 };
 constexpr PropArt props[] = {
     crown('T', tree),       foot('T', tree),

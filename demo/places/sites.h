@@ -1,9 +1,9 @@
 #pragma once
 
-#include "demo/demo_image.h"
 #include "demo/drawing/palettes.h"
 #include "demo/drawing/place.h"
 #include "demo/image/map_objects.h"
+#include "demo/places/demo_maps.h"
 #include "demo/places/scenery.h"
 
 #include <array>
