@@ -3,7 +3,7 @@
 #include "compression/compress.h"
 #include "demo/assets/worlds/dawn.h"
 #include "demo/assets/worlds/dusk.h"
-#include "demo/worlds/world_land.h"
+#include "demo/worlds/enlarge_sketch.h"
 #include "demo/worlds/world_tiles.h"
 #include "world_map/world_map.h"
 #include "world_map/worlds.h"

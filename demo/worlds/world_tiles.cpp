@@ -3,6 +3,7 @@
 #include "demo/assets/palettes/worlds.h"
 #include "demo/assets/pictures/overland.h"
 #include "demo/drawing/random.h"
+#include "demo/worlds/enlarge_sketch.h"
 #include "demo/worlds/world_art.h"
 #include "world_map/world_map.h"
 

@@ -49,7 +49,7 @@ TEST_F(DemoImage, EveryMapShowsSomethingWithObjectsOnIt) {
     std::set<ObjectKind> kinds;
     for (int map = demo::demo_map::town; map < map_count; ++map) {
         editor.choose(map);
-        const auto& ground = state.layers[1].map.cells;
+        const auto& ground = state.map.layers[1].map.cells;
         EXPECT_NE(std::ranges::count(ground, ground[0]), std::ssize(ground)) << map;
         const int columns = std::max(std::stoi(form.Text2), std::stoi(form.Text1));
         const int rows = std::min(64, std::max(std::stoi(form.Text5), std::stoi(form.Text3)));
@@ -78,11 +78,11 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     std::set<std::int64_t> starts;
     std::set<int> commands, actions;
     std::int64_t at = 0xA0200;
-    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.length) {
+    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.loaded.length) {
         starts.insert(at);
-        state.selected_object.script_offset = at;
+        state.objects.selected_object.script_offset = at;
         open_event_editor(state);
-        ASSERT_TRUE(state.script.whole && at < 0xCE802) << at;
+        ASSERT_TRUE(state.script.loaded.whole && at < 0xCE802) << at;
         const ScriptGrid& grid = state.form9.grid;
         for (int row = 1, first = 0; row + 1 < std::ssize(grid); ++row) {
             first = starts_command(grid, row) ? row : first;
@@ -106,7 +106,7 @@ TEST_F(DemoImage, WorldsLeadIntoTheOtherMaps) {
     for (const auto open : {open_world_of_dawn, open_world_of_dusk}) {
         open(state);
         EXPECT_TRUE(editor.dialogs.silent());
-        EXPECT_GT(state.objects[entrance].row_count, 5);
+        EXPECT_GT(state.objects.lists[entrance].row_count, 5);
     }
     for (const int world : {0, 1})
         each_object(world, [&](ObjectKind kind, auto row) {

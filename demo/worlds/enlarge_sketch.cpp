@@ -1,4 +1,4 @@
-#include "demo/worlds/world_land.h"
+#include "demo/worlds/enlarge_sketch.h"
 
 #include "demo/drawing/random.h"
 #include "demo/worlds/world_sketch.h"
