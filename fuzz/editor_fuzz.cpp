@@ -19,20 +19,6 @@
 namespace veldrune::test {
 namespace {
 
-// Every text field that a user can type into.
-constexpr std::string Form1::*text_fields[] = {
-    &Form1::Text1,  &Form1::Text2,  &Form1::Text3,  &Form1::Text5,  &Form1::Text6,  &Form1::Text7,
-    &Form1::Text8,  &Form1::Text9,  &Form1::Text10, &Form1::Text11, &Form1::Text12, &Form1::Text13,
-    &Form1::Text14, &Form1::Text16, &Form1::Text17, &Form1::Text18, &Form1::Text20, &Form1::Text21,
-    &Form1::Text22, &Form1::Text23, &Form1::Text24, &Form1::Text25, &Form1::Text37, &Form1::Text39,
-    &Form1::Text40, &Form1::Text41, &Form1::Text42, &Form1::Text43, &Form1::Text44, &Form1::Text45,
-    &Form1::Text46,
-};
-
-constexpr std::string Form10::*object_fields[] = {
-    &Form10::Text1, &Form10::Text2, &Form10::Text4, &Form10::Text5, &Form10::Text6, &Form10::Text7,
-};
-
 std::string any_text(Random& random) {
     static const std::string texts[] = {
         "",     " ",           "0",        "16",       "128",      "19D3B0", "2147483647",
@@ -112,10 +98,15 @@ void any_object_command(EditorState& state, Random& random) {
             close_object_window(state);
         return;
     default:
-        form.*object_fields[random.below(std::size(object_fields))] = any_text(random);
+        form.*form10_texts[random.below(std::size(form10_texts))].text = any_text(random);
         on_sprite_text(state);
         return on_palette_text(state);
     }
+}
+
+void any_command_from(EditorState& state, Command first, Command last, Random& random) {
+    const int count = static_cast<int>(last) - static_cast<int>(first) + 1;
+    run_command(state, static_cast<Command>(static_cast<int>(first) + random.below(count)));
 }
 
 void any_command(Editor& editor, Random& random) {
@@ -152,20 +143,13 @@ void any_command(Editor& editor, Random& random) {
         form.tool = static_cast<Tool>(random.below(3));
         form.current_tile = random.below(256);
         return;
-    case 9: {
-        const ButtonCommand& command =
-            button_commands[random.below(static_cast<int>(std::size(button_commands)))];
-        return run_command(state, command.guard, command.run);
-    }
+    case 9:
+        return any_command_from(state, Command::open_tile_chooser, Command::zoom_out, random);
     case 10:
         editor.dialogs.file_names = {random.below(2) == 0 ? "b.smc" : "missing/none.smc"};
         [[fallthrough]];
-    case 11: {
-        const auto commands = menu_commands();
-        const Command& command =
-            commands[static_cast<std::size_t>(random.below(static_cast<int>(commands.size())))];
-        return run_command(state, command.guard, command.run);
-    }
+    case 11:
+        return any_command_from(state, Command::open, Command::show_about, random);
     case 12:
         for (bool Form1::*box : {&Form1::Check1, &Form1::Check2, &Form1::Check3, &Form1::Check4})
             form.*box = random.below(4) != 0;
@@ -188,7 +172,7 @@ void any_command(Editor& editor, Random& random) {
             return open_world_of_dawn(state);
         return open_world_of_dusk(state);
     default:
-        form.*text_fields[random.below(std::size(text_fields))] = any_text(random);
+        form.*form1_texts[random.below(std::size(form1_texts))].text = any_text(random);
     }
 }
 

@@ -35,10 +35,8 @@ int tileset_number(const EditorState& state, std::string Form1::*field) {
 
 // The other numbers, in the order in which texts that are none are warned of.
 void read_tile_numbers(const EditorState& state, TileNumbers& numbers) {
-    constexpr std::string Form1::*tilesets[] = {&Form1::Text8, &Form1::Text9, &Form1::Text10,
-                                                &Form1::Text11};
     for (std::size_t group = 0; group < numbers.tilesets.size(); ++group)
-        numbers.tilesets[group] = tileset_number(state, tilesets[group]);
+        numbers.tilesets[group] = tileset_number(state, tileset_controls[group]);
     numbers.palette = built_number(state, &Form1::Text13);
     for (const std::size_t layer : {1u, 0u})
         numbers.formations[layer] = built_number(state, layer_controls[layer].formation);

@@ -1,53 +1,53 @@
 #include "editor/commands.h"
 
+#include "editor/build.h"
 #include "editor/event_editor.h"
 #include "editor/map_commands.h"
 #include "editor/object_window.h"
 #include "editor/open_image.h"
 #include "editor/save.h"
+#include "editor/tile_chooser.h"
+#include "editor/view.h"
 #include "editor/view_place.h"
 #include "editor/world_map.h"
 
 namespace veldrune {
 namespace {
 
+// What must hold for a command to do anything.
+enum class Guard { none, rom_open, map_selected }; // map_selected: an image and a map
+
+struct CommandRow {
+    Command command;
+    Guard guard;
+    void (*run)(EditorState&);
+};
 // clang-format off
-constexpr Command commands[] = {
-    // menu       control           caption                   guard                operation
-    {"",          "File",           "&File",                  Guard::none,         nullptr},
-    {"File",      "Open",           "&Open",                  Guard::none,         open_image},
-    {"File",      "Save",           "&Save",                  Guard::rom_open,     save},
-    {"File",      "SaveAs",         "Save &As",               Guard::rom_open,     save_as},
-    {"File",      "menuspace1",     "-",                      Guard::none,         nullptr},
-    {"File",      "Exit",           "E&xit",                  Guard::none,         nullptr},
-    {"",          "Mode",           "&Mode 7",                Guard::none,         nullptr},
-    {"Mode",      "Dawn",           "World of Dawn",          Guard::none,         open_world_of_dawn},
-    {"Mode",      "Dusk",           "World of Dusk",          Guard::none,         open_world_of_dusk},
-    {"",          "Options",        "&Options",               Guard::none,         nullptr},
-    {"Options",   "Clear",          "Clear Map",              Guard::map_selected, clear_map},
-    {"Options",   "Copy",           "Copy Tile Formations",   Guard::none,         copy_properties},
-    {"Options",   "Paste",          "Paste Tile Formation",   Guard::rom_open,     paste_properties},
-    {"",          "Mem",            "&Memory Managment",      Guard::none,         nullptr},
-    {"Mem",       "Memory_Mng",     "Memory Manager",         Guard::none,         show_memory_manager},
-    {"Mem",       "Expand",         "Expand Rom to 32mbit",   Guard::rom_open,     expand_rom},
-    {"Mem",       "Patches",        "Apply Patches",          Guard::none,         nullptr},
-    {"Patches",   "Dialogue_Patch", "Dialogue Patch",         Guard::rom_open,     apply_dialogue_patch},
-    {"",          "About",          "&About",                 Guard::none,         nullptr},
-    {"About",     "About1",         "&About",                 Guard::none,         show_about},
-};
-
-constexpr Command object_commands[] = {
-    {"",          "File",           "File",                   Guard::none,         nullptr},
-    {"File",      "Save",           "Save",                   Guard::rom_open,     save_object},
-    {"",          "Event",          "Event",                  Guard::none,         nullptr},
-    {"Event",     "Event_Editor",   "Event Editor",           Guard::rom_open,     open_event_editor_of_object},
-};
-
-constexpr Command script_commands[] = {
-    {"",          "File",           "&File",                  Guard::none,         nullptr},
-    {"File",      "Save",           "&Save",                  Guard::rom_open,     save_script},
+constexpr CommandRow rows[] = {
+    {Command::open,                 Guard::none,         open_image},
+    {Command::save,                 Guard::rom_open,     save},
+    {Command::save_as,              Guard::rom_open,     save_as},
+    {Command::open_world_of_dawn,   Guard::none,         open_world_of_dawn},
+    {Command::open_world_of_dusk,   Guard::none,         open_world_of_dusk},
+    {Command::clear_map,            Guard::map_selected, clear_map},
+    {Command::copy_properties,      Guard::none,         copy_properties},
+    {Command::paste_properties,     Guard::rom_open,     paste_properties},
+    {Command::show_memory_manager,  Guard::none,         show_memory_manager},
+    {Command::expand_rom,           Guard::rom_open,     expand_rom},
+    {Command::apply_dialogue_patch, Guard::rom_open,     apply_dialogue_patch},
+    {Command::show_about,           Guard::none,         show_about},
+    {Command::open_tile_chooser,    Guard::rom_open,     open_tile_chooser},
+    {Command::refresh_map,          Guard::map_selected, refresh_map},
+    {Command::build_tileset,        Guard::map_selected, build_tileset},
+    {Command::zoom_in,              Guard::none,         zoom_in},
+    {Command::zoom_out,             Guard::none,         zoom_out},
+    {Command::save_object,          Guard::rom_open,     save_object},
+    {Command::open_event_editor,    Guard::rom_open,     open_event_editor_of_object},
+    {Command::save_script,          Guard::rom_open,     save_script},
 };
 // clang-format on
+
+static_assert(in_order<Command>(rows, &CommandRow::command));
 
 bool holds(const EditorState& state, Guard guard) {
     switch (guard) {
@@ -62,21 +62,10 @@ bool holds(const EditorState& state, Guard guard) {
 
 } // namespace
 
-std::span<const Command> menu_commands() {
-    return commands;
-}
-
-std::span<const Command> object_window_commands() {
-    return object_commands;
-}
-
-std::span<const Command> event_editor_commands() {
-    return script_commands;
-}
-
-void run_command(EditorState& state, Guard guard, void (*run)(EditorState&)) {
-    if (run != nullptr && holds(state, guard))
-        run(state);
+void run_command(EditorState& state, Command command) {
+    const CommandRow& row = rows[static_cast<std::size_t>(command)];
+    if (holds(state, row.guard))
+        row.run(state);
 }
 
 } // namespace veldrune

@@ -1,26 +1,19 @@
 #pragma once
 
 #include "forms/form1.h"
+#include "rom/bit_run.h"
 #include "rom/rom_image.h"
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <variant>
 
 namespace veldrune {
 
 /// The property record of a map, raw as it stands in the image: 33 bytes at
 /// rom_layout::map_properties + 33 * map.
 using MapProperties = std::array<std::uint8_t, 33>;
-
-/// How a value of the record stands in its control.
-enum class FieldForm {
-    decimal,
-    hexadecimal,
-    size,        // decimal: 16 << code, in tiles
-    flag,        // a check box, ticked when set
-    data_number, // hexadecimal: file offset of the stream that the number reaches
-    high_number, // "N/A" for 0, else decimal: the value less 1
-};
 
 /// The values of the record, in the order of their bits.
 enum class RecordField {
@@ -57,14 +50,11 @@ enum class RecordField {
     count,
 };
 
-/// One value of the record: bit_count bits from first_bit on, bit 0 being the lowest of byte 0.
+/// One value of the record: the field that shows it, or the box, and its bits.
 struct RecordRow {
     RecordField field;
-    std::string Form1::*text; // its control, or flag
-    bool Form1::*flag;
-    int first_bit;
-    int bit_count;
-    FieldForm form;
+    std::variant<std::string Form1::*, bool Form1::*> control;
+    BitRun bits;
 };
 
 const RecordRow& record_row(RecordField field);

@@ -1,11 +1,13 @@
 #include "objects/object_record.h"
 
+#include "rom/bit_run.h"
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace veldrune {
 namespace {
@@ -26,72 +28,69 @@ enum class ObjectFieldForm {
 };
 using enum ObjectFieldForm;
 
-/// One value of a record: bit_count bits from first_bit on, bit 0 being the lowest of byte 0. A
+/// One value of a record: the control that shows it, its bits and what the control adds to them. A
 /// value of no bits shows as 0 and is not packed.
 struct FieldRow {
     ObjectFieldForm form;
-    int first_bit;
-    int bit_count;
-    std::string F::*text;
-    bool F::*box;
-    int F::*choice;
-    std::int32_t base;
+    std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a choice
+    BitRun bits;
+    std::int32_t base = 0;
 };
 
 constexpr std::int32_t scripts = rom_layout::event_scripts;
 constexpr std::int32_t npc_flag_bytes = 0x1EE0; // where the game keeps the flags of NPCs
 
 // clang-format off
-constexpr FieldRow npc_palette = {low_number, 18, 3, &F::Text2, nullptr, nullptr, 0};
-constexpr FieldRow npc_sprites = {number,     48, 8, &F::Text7, nullptr, nullptr, 0};
+constexpr FieldRow npc_palette = {low_number, &F::Text2, {18, 3}};
+constexpr FieldRow npc_sprites = {number, &F::Text7, {48, 8}};
 
 // The rows of a kind stand in the order in which a save reads, and complains about, its fields.
 constexpr FieldRow npc_fields[] = {
-    // form        first bit  bits  text       box         list or option  base
-    {short_number,  0,        18,   &F::Text1, nullptr,    nullptr,        scripts}, // event
-    npc_palette,                                                                     // bit 21 is the game's own
-    {npc_flag,     22,        10,   &F::Text4, nullptr,    nullptr,        npc_flag_bytes},
-    {number,       32,         8,   &F::Text5, nullptr,    nullptr,        0},       // column
-    {number,       40,         6,   &F::Text6, nullptr,    nullptr,        0},       // row
-    {list,         46,         2,   nullptr,   nullptr,    &F::Combo3,     0},       // speed
+    // form        control      bits      base
+    {short_number, &F::Text1,   { 0, 18}, scripts}, // event
+    npc_palette,                                    // bit 21 is the game's own
+    {npc_flag,     &F::Text4,   {22, 10}, npc_flag_bytes},
+    {number,       &F::Text5,   {32,  8}},          // column
+    {number,       &F::Text6,   {40,  6}},          // row
+    {list,         &F::Combo3,  {46,  2}},          // speed
     npc_sprites,
-    {list,         56,         4,   nullptr,   nullptr,    &F::Combo4,     0},       // movement
-    {box,          60,         1,   nullptr,   &F::Check1, nullptr,        0},       // walk over
-    {box,          61,         1,   nullptr,   &F::Check2, nullptr,        0},       // walk under
-    {list,         62,         2,   nullptr,   nullptr,    &F::Combo1,     0},       // vehicle
-    {list,         64,         2,   nullptr,   nullptr,    &F::Combo2,     0},       // facing
-    {inverted_box, 66,         1,   nullptr,   &F::Check3, nullptr,        0},       // turn to talk; 67 to 71 are the game's own
+    {list,         &F::Combo4,  {56,  4}},          // movement
+    {box,          &F::Check1,  {60,  1}},          // walk over
+    {box,          &F::Check2,  {61,  1}},          // walk under
+    {list,         &F::Combo1,  {62,  2}},          // vehicle
+    {list,         &F::Combo2,  {64,  2}},          // facing
+    {inverted_box, &F::Check3,  {66,  1}},          // turn to talk; 67 to 71 are the game's own
 };
 constexpr FieldRow chest_fields[] = {
-    {number,        0,         8,   &F::Text1, nullptr,    nullptr,        0},       // column
-    {number,        8,         8,   &F::Text2, nullptr,    nullptr,        0},       // row
-    {chest_flag,   16,         8,   &F::Text4, nullptr,    nullptr,        0},
-    {box,          24,         1,   nullptr,   &F::Check2, nullptr,        0},       // byte flag
-    {box,          25,         1,   nullptr,   &F::Check1, nullptr,        0},       // carried in hidden boxes
-    {box,          26,         1,   nullptr,   &F::Check3, nullptr,        0},
-    {option,       27,         5,   nullptr,   nullptr,    &F::option,     0},       // kind of contents
-    {list,         32,         8,   nullptr,   nullptr,    &F::Combo2,     0},       // contents
+    {number,       &F::Text1,   { 0,  8}},          // column
+    {number,       &F::Text2,   { 8,  8}},          // row
+    {chest_flag,   &F::Text4,   {16,  8}},
+    {box,          &F::Check2,  {24,  1}},          // byte flag
+    {box,          &F::Check1,  {25,  1}},          // carried in hidden boxes
+    {box,          &F::Check3,  {26,  1}},
+    {option,       &F::option,  {27,  5}},          // kind of contents
+    {list,         &F::Combo2,  {32,  8}},          // contents
 };
 constexpr FieldRow event_trigger_fields[] = {
-    {number,        0,         8,   &F::Text1, nullptr,    nullptr,        0},       // column
-    {number,        8,         8,   &F::Text2, nullptr,    nullptr,        0},       // row
-    {number,       16,        24,   &F::Text4, nullptr,    nullptr,        scripts}, // event
+    {number,       &F::Text1,   { 0,  8}},          // column
+    {number,       &F::Text2,   { 8,  8}},          // row
+    {number,       &F::Text4,   {16, 24}, scripts}, // event
 };
 constexpr FieldRow entrance_fields[] = {
-    {number,        0,         8,   &F::Text1, nullptr,    nullptr,        0},       // column
-    {number,        8,         8,   &F::Text2, nullptr,    nullptr,        0},       // row
-    {number,       16,        16,   &F::Text4, nullptr,    nullptr,        0},       // target map
-    {number,       32,         8,   &F::Text7, nullptr,    nullptr,        0},       // target column
-    {number,       40,         8,   &F::Text5, nullptr,    nullptr,        0},       // target row
-    {number,        0,         0,   &F::Text6, nullptr,    nullptr,        0},       // width
+    {number,       &F::Text1,   { 0,  8}},          // column
+    {number,       &F::Text2,   { 8,  8}},          // row
+    {number,       &F::Text4,   {16, 16}},          // target map
+    {number,       &F::Text7,   {32,  8}},          // target column
+    {number,       &F::Text5,   {40,  8}},          // target row
+    {number,       &F::Text6,   { 0,  0}},          // width
 };
 constexpr FieldRow long_entrance_fields[] = {
-    {number,        0,         8,   &F::Text1, nullptr,    nullptr,        0},       // column
-    {number,        8,         8,   &F::Text2, nullptr,    nullptr,        0},       // row
-    {number,       24,        16,   &F::Text4, nullptr,    nullptr,        0},       // target map
-    {number,       40,         8,   &F::Text7, nullptr,    nullptr,        0},       // target column
-    {number,       48,         8,   &F::Text5, nullptr,    nullptr,        0},       // target row
-    {number,       16,         8,   &F::Text6, nullptr,    nullptr,        0},       // width, direction in bit 7
+    {number,       &F::Text1,   { 0,  8}},          // column
+    {number,       &F::Text2,   { 8,  8}},          // row
+    {number,       &F::Text4,   {24, 16}},          // target map
+    {number,       &F::Text7,   {40,  8}},          // target column
+    {number,       &F::Text5,   {48,  8}},          // target row
+    {number,       &F::Text6,   {16,  8}},          // width, direction in bit 7
 };
 constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
     npc_fields, chest_fields, event_trigger_fields, entrance_fields, long_entrance_fields,
@@ -102,55 +101,15 @@ std::span<const FieldRow> fields_of(ObjectKind kind) {
     return fields_of_kinds[static_cast<std::size_t>(kind)];
 }
 
-constexpr std::size_t first_byte(const FieldRow& row) {
-    return static_cast<std::size_t>(row.first_bit / 8);
-}
-constexpr std::size_t end_byte(const FieldRow& row) {
-    return static_cast<std::size_t>((row.first_bit + row.bit_count + 7) / 8);
-}
-constexpr int shift(const FieldRow& row) {
-    return row.first_bit % 8;
-}
-constexpr std::uint32_t mask(const FieldRow& row) {
-    return (1u << row.bit_count) - 1;
-}
+static_assert(bits_taken<9>(npc_fields) == 8 * 9 - 6); // the game's own
+static_assert(bits_taken<5>(chest_fields) == 8 * 5);
+static_assert(bits_taken<5>(event_trigger_fields) == 8 * 5);
+static_assert(bits_taken<6>(entrance_fields) == 8 * 6);
+static_assert(bits_taken<7>(long_entrance_fields) == 8 * 7);
 
-constexpr bool rows_overlap(std::span<const FieldRow> rows) {
-    std::array<int, 8 * max_object_size> owners{};
-    for (const FieldRow& row : rows)
-        for (int bit = 0; bit < row.bit_count; ++bit)
-            if (++owners[static_cast<std::size_t>(row.first_bit + bit)] > 1)
-                return true;
-    return false;
-}
-static_assert(!rows_overlap(npc_fields) && !rows_overlap(chest_fields) &&
-              !rows_overlap(event_trigger_fields) && !rows_overlap(entrance_fields) &&
-              !rows_overlap(long_entrance_fields));
-
-std::uint32_t field_value(const ObjectBytes& record, const FieldRow& row) {
-    std::uint64_t window = 0;
-    for (std::size_t i = first_byte(row); i < end_byte(row); ++i)
-        window |= std::uint64_t{record[i]} << (8 * (i - first_byte(row)));
-    return static_cast<std::uint32_t>(window >> shift(row)) & mask(row);
-}
-
-void clear_field(ObjectBytes& record, const FieldRow& row) {
-    const std::uint64_t window = std::uint64_t{mask(row)} << shift(row);
-    for (std::size_t i = first_byte(row); i < end_byte(row); ++i)
-        record[i] &= static_cast<std::uint8_t>(~(window >> (8 * (i - first_byte(row)))));
-}
-
-// Adds the value byte by byte, so that what its bits can't hold spills into the rest of the last
-// byte and no further.
-void add_field(ObjectBytes& record, const FieldRow& row, std::uint32_t value) {
-    const std::uint64_t window = std::uint64_t{value} << shift(row);
-    for (std::size_t i = first_byte(row); i < end_byte(row); ++i)
-        record[i] = static_cast<std::uint8_t>(record[i] + (window >> (8 * (i - first_byte(row)))));
-}
-
-void set_field(ObjectBytes& record, const FieldRow& row, std::uint32_t value) {
-    clear_field(record, row);
-    add_field(record, row, value & mask(row));
+template <typename T>
+T& value_of(Form10& form, const FieldRow& row) {
+    return form.*std::get<T F::*>(row.control);
 }
 
 std::string flag_text(std::uint32_t flag, std::int32_t base) {
@@ -168,21 +127,21 @@ void show_field(const FieldRow& row, std::uint32_t value, Form10& form) {
     case number:
     case low_number:
     case short_number:
-        form.*row.text = format_hex(std::int64_t{value} + row.base);
+        value_of<std::string>(form, row) = format_hex(std::int64_t{value} + row.base);
         break;
     case npc_flag:
     case chest_flag:
-        form.*row.text = flag_text(value, row.base);
+        value_of<std::string>(form, row) = flag_text(value, row.base);
         break;
     case box:
     case inverted_box:
-        form.*row.box = (value != 0) == (row.form == box);
+        value_of<bool>(form, row) = (value != 0) == (row.form == box);
         break;
     case list:
-        form.*row.choice = static_cast<int>(value);
+        value_of<int>(form, row) = static_cast<int>(value);
         break;
     case option:
-        press_option(form.*row.choice, value);
+        press_option(value_of<int>(form, row), value);
         break;
     }
 }
@@ -197,23 +156,22 @@ class FieldReader {
     std::uint32_t value(const FieldRow& row) {
         switch (row.form) {
         case number:
-            return unsigned_value(parse_hex_text(form_.*row.text, dialogs_)) -
-                   unsigned_value(row.base);
+            return number_value(row) - unsigned_value(row.base);
         case low_number:
-            return unsigned_value(parse_hex_text(form_.*row.text, dialogs_)) & mask(row);
+            return number_value(row) & row.bits.mask();
         case short_number:
-            return short_value(form_.*row.text) - unsigned_value(row.base);
+            return short_value(value_of<std::string>(form_, row)) - unsigned_value(row.base);
         case npc_flag:
-            return npc_flag_value(form_.*row.text, row.base);
+            return npc_flag_value(value_of<std::string>(form_, row), row.base);
         case chest_flag:
-            return chest_flag_value(form_.*row.text);
+            return chest_flag_value(value_of<std::string>(form_, row));
         case box:
         case inverted_box:
-            return form_.*row.box == (row.form == box);
+            return value_of<bool>(form_, row) == (row.form == box);
         case list:
-            return form_.*row.choice < 0 ? 0 : unsigned_value(form_.*row.choice);
+            return value_of<int>(form_, row) < 0 ? 0 : unsigned_value(value_of<int>(form_, row));
         default:
-            return form_.*row.choice < 0 ? 0 : 1u << form_.*row.choice;
+            return value_of<int>(form_, row) < 0 ? 0 : 1u << value_of<int>(form_, row);
         }
     }
 
@@ -225,6 +183,10 @@ class FieldReader {
     void refuse(const char* text, const char* title) {
         dialogs_.message(MessageKind::error, text, title);
         refused_ = true;
+    }
+
+    std::uint32_t number_value(const FieldRow& row) {
+        return unsigned_value(parse_hex_text(value_of<std::string>(form_, row), dialogs_));
     }
 
     // The number in a part of a text; 0, without a word, where the text does not reach that far.
@@ -280,7 +242,7 @@ class FieldReader {
 
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form) {
     for (const FieldRow& row : fields_of(kind))
-        show_field(row, field_value(record, row), form);
+        show_field(row, read_bits(record, row.bits), form);
 }
 
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
@@ -288,10 +250,10 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
     FieldReader reader(form, dialogs);
     ObjectBytes record = raw;
     for (const FieldRow& row : fields_of(kind))
-        clear_field(record, row);
+        clear_bits(record, row.bits);
     for (const FieldRow& row : fields_of(kind))
-        if (row.bit_count != 0)
-            add_field(record, row, reader.value(row));
+        if (row.bits.count != 0)
+            add_bits(record, row.bits, reader.value(row));
     if (reader.refused())
         return std::nullopt;
     return record;
@@ -300,20 +262,20 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {
     for (const FieldRow& row : fields_of(kind))
         if (row.base == scripts)
-            return std::int64_t{field_value(record, row)} + row.base;
+            return std::int64_t{read_bits(record, row.bits)} + row.base;
     return std::nullopt;
 }
 
 std::uint8_t npc_sprite(const ObjectBytes& record) {
-    return static_cast<std::uint8_t>(field_value(record, npc_sprites));
+    return static_cast<std::uint8_t>(read_bits(record, npc_sprites.bits));
 }
 
 void set_npc_sprite(ObjectBytes& record, std::uint32_t sprite) {
-    set_field(record, npc_sprites, sprite);
+    replace_bits(record, npc_sprites.bits, sprite);
 }
 
 void set_npc_palette(ObjectBytes& record, std::uint32_t palette) {
-    set_field(record, npc_palette, palette);
+    replace_bits(record, npc_palette.bits, palette);
 }
 
 } // namespace veldrune

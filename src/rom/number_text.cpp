@@ -76,12 +76,12 @@ std::string format_hex(std::int64_t value) {
     return text;
 }
 
-DecimalNumber decimal_number(std::string_view text) {
+TextNumber decimal_number(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos)
         return {};
     text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
-    DecimalNumber number;
+    TextNumber number;
     std::size_t i = 0;
     for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
         const std::int64_t value = std::int64_t{number.value} * 10 + (text[i] - '0');
@@ -92,12 +92,26 @@ DecimalNumber decimal_number(std::string_view text) {
     return number;
 }
 
-DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
-    const DecimalNumber number = decimal_number(text);
+TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
+    const TextNumber number = decimal_number(text);
     if (!number.is_number)
         dialogs.message(MessageKind::warning,
                         "The number " + text + " you've entered is not valid decimal", "Warning");
     return number;
+}
+
+TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialogs) {
+    if (is_hexadecimal(form))
+        return {parse_hex_text(text, dialogs), true};
+    return parse_decimal_text(text, dialogs);
+}
+
+std::string format_number(NumberForm form, std::int64_t value) {
+    if (is_hexadecimal(form))
+        return format_hex(value);
+    if (form == NumberForm::high_number)
+        return value == 0 ? "N/A" : std::to_string(value - 1);
+    return std::to_string(value);
 }
 
 std::size_t character_count(std::string_view text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/dialogs.h"
+#include "forms/number_form.h"
 
 #include <cstdint>
 #include <string>
@@ -16,17 +17,23 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs);
 /// Upper-case hexadecimal text of the low 32 bits, without leading zeros; 0 gives "0".
 std::string format_hex(std::int64_t value);
 
-/// A decimal text read as a number: plain digits, blanks around them allowed. A text that holds
-/// anything else counts as its leading digits make, 0 without any, and is_number is false. Values
-/// stop at the largest int.
-struct DecimalNumber {
+/// A text read as a number.
+struct TextNumber {
     int value = 0;
     bool is_number = false;
 };
-DecimalNumber decimal_number(std::string_view text);
-
+/// Reads decimal text: plain digits, blanks around them allowed. A text that holds anything else
+/// counts as its leading digits make, 0 without any, and is no number. Values stop at the largest
+/// int.
+TextNumber decimal_number(std::string_view text);
 /// The same, with a warning where the text is no number.
-DecimalNumber parse_decimal_text(const std::string& text, Dialogs& dialogs);
+TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs);
+
+/// Reads a text that the user types in its form, with the warnings of that form. Hexadecimal text
+/// always counts as a number.
+TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialogs);
+/// The text of a value in a form.
+std::string format_number(NumberForm form, std::int64_t value);
 
 /// The length of a text in characters, and a part of it; what lies behind its end is left out. A
 /// character may take several bytes: texts of fields are UTF-8.

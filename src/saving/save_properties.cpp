@@ -12,32 +12,35 @@ namespace {
 
 using enum RecordField;
 
-constexpr RecordField widths[] = {layer1_width, layer2_width, layer3_width};
-constexpr RecordField heights[] = {layer1_height, layer2_height, layer3_height};
-constexpr RecordField formations[] = {layer2_formation, layer1_formation, layer3_graphics};
+// Each in the order in which a save reads, and complains about, its fields.
 // clang-format off
-constexpr RecordField behind_pointers[] = {
-    left_shift1, left_shift2, upward_shift1, upward_shift2,
-    tileset1, tileset2, tileset3, tileset4, animated_tileset,
-    viewable_first, viewable_second, song, palette, layer_priorities, scroll_index,
-    battles_enabled, battle_background,
+constexpr RecordField widths[]     = {layer1_width, layer2_width, layer3_width};
+constexpr RecordField heights[]    = {layer1_height, layer2_height, layer3_height};
+constexpr RecordField sizes_as[]   = {layer2_height, layer2_width, layer1_height, layer1_width};
+constexpr RecordField formations[] = {layer2_formation, layer1_formation, layer3_graphics};
+constexpr RecordField shifts[]     = {left_shift1, left_shift2, upward_shift1, upward_shift2};
+constexpr RecordField tilesets[]   = {tileset1, tileset2, tileset3, tileset4};
+constexpr RecordField animated[]   = {animated_tileset};
+constexpr RecordField viewable[]   = {viewable_first, viewable_second};
+constexpr RecordField others[]     = {
+    song, palette, layer_priorities, scroll_index, battles_enabled, battle_background,
 };
+constexpr RecordField as_palette[] = {palette};
 
-// A part of the record that Save As writes: some fields and the bytes that they lie in.
-struct SaveAsStep { std::span<const RecordField> fields; std::size_t first_byte; std::size_t byte_count; };
-constexpr RecordField as_palette[]  = {palette};
-constexpr RecordField as_tilesets[] = {tileset1, tileset2, tileset3, tileset4};
-constexpr RecordField as_animated[] = {animated_tileset};
-constexpr RecordField as_viewable[] = {viewable_first, viewable_second};
+// What Save merges once the pointers are written.
+using Fields = std::span<const RecordField>;
+constexpr Fields behind_pointers[] = {shifts, tilesets, animated, viewable, others};
+
+// The parts of the record that Save As writes: some fields and the bytes that they lie in.
+struct SaveAsStep { Fields fields; std::size_t first_byte; std::size_t byte_count; };
 constexpr SaveAsStep save_as_steps[] = {
-    {formations,  11, 2},
-    {as_palette,  25, 1},
-    {as_tilesets,  7, 4},
-    {as_animated, 27, 1},
-    {as_viewable, 30, 2},
+    {formations, 11, 2},
+    {as_palette, 25, 1},
+    {tilesets,    7, 4},
+    {animated,   27, 1},
+    {viewable,   30, 2},
 };
 constexpr std::size_t size_byte = 23; // of layers 1 and 2
-constexpr RecordField as_sizes[] = {layer2_height, layer2_width, layer1_height, layer1_width};
 // clang-format on
 
 // How often 16 is doubled to make the size. Told where that never does, or only beyond most.
@@ -70,24 +73,22 @@ std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
     return std::nullopt;
 }
 
-// The number that the field's control holds, or nothing where the record keeps its bits.
-std::optional<std::uint32_t> control_value(Form1& form, RecordField field, Dialogs& dialogs) {
-    const RecordRow& row = record_row(field);
-    if (row.form == FieldForm::flag)
-        return form.*row.flag ? 1 : 0;
-    if (row.form == FieldForm::hexadecimal)
-        return static_cast<std::uint32_t>(parse_hex_text(form.*row.text, dialogs));
-    const DecimalNumber number = parse_decimal_text(form.*row.text, dialogs);
-    if (!number.is_number)
-        return std::nullopt;
-    return static_cast<std::uint32_t>(number.value);
+// The number that the field's control holds. A box is 1 when ticked.
+TextNumber control_number(Form1& form, RecordField field, Dialogs& dialogs) {
+    const auto& control = record_row(field).control;
+    if (const auto* box = std::get_if<bool Form1::*>(&control))
+        return {form.*(*box), true};
+    const auto text = std::get<std::string Form1::*>(control);
+    return parse_number_text(text_row(text).form, form.*text, dialogs);
 }
 
-void merge_fields(MapProperties& record, Form1& form, std::span<const RecordField> fields,
-                  Dialogs& dialogs) {
-    for (const RecordField field : fields)
-        if (const auto value = control_value(form, field, dialogs))
-            set_record_value(record, field, *value);
+// The record keeps the bits of a text that is no number.
+void merge_fields(MapProperties& record, Form1& form, Fields fields, Dialogs& dialogs) {
+    for (const RecordField field : fields) {
+        const TextNumber number = control_number(form, field, dialogs);
+        if (number.is_number)
+            set_record_value(record, field, static_cast<std::uint32_t>(number.value));
+    }
 }
 
 using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
@@ -96,7 +97,7 @@ using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
 // the text is no number.
 bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode size_code,
                 Dialogs& dialogs) {
-    const DecimalNumber tiles = parse_decimal_text(form.*record_row(field).text, dialogs);
+    const TextNumber tiles = control_number(form, field, dialogs);
     const auto code = size_code(tiles.value, dialogs);
     if (code && tiles.is_number)
         set_record_value(record, field, *code);
@@ -143,7 +144,8 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
     merge_fields(merged, form, formations, dialogs);
     if (!write_pointers(rom, form, merged, dialogs))
         return false;
-    merge_fields(merged, form, behind_pointers, dialogs);
+    for (const Fields fields : behind_pointers)
+        merge_fields(merged, form, fields, dialogs);
     const auto monster_set = static_cast<std::uint8_t>(parse_hex_text(form.Text41, dialogs));
     if (!write_or_report(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
         !write_or_report(rom, record_offset(map_index), merged, dialogs))
@@ -172,7 +174,7 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
         if (!write_bytes(step.first_byte, step.byte_count))
             return false;
     }
-    for (const RecordField field : as_sizes)
+    for (const RecordField field : sizes_as)
         if (!merge_size(record, form, field, halving_code, dialogs))
             return true;
     return write_bytes(size_byte, 1);

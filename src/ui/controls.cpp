@@ -1,20 +1,22 @@
 #include "ui/controls.h"
 
+#include "ui/tips.h"
+
 namespace veldrune {
 
-void Controls::dress(QWidget* widget, const char* control, const char* tip, bool map_only) const {
+void Controls::dress(QWidget* widget, const char* control, const QString& tip,
+                     bool map_only) const {
     widget->setObjectName(control);
     widget->setToolTip(tip);
     if (map_only)
         bindings.enabled(widget, state.form1.map_fields_enabled);
 }
 
-QLineEdit* Controls::field(const FieldRow& row) const {
+QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool map_only) const {
+    const TextRow<Form1>& row = text_row(text);
     auto* made = new QLineEdit;
-    dress(made, row.control, row.tip, row.map_only);
-    made->setAccessibleName(QString("%1 %2").arg(row.caption, row.part).trimmed());
-    made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
-    bindings.text(made, state.form1.*row.text);
+    dress(made, row.control, number_tip(meaning, row.form), map_only);
+    bindings.text(made, state.form1.*text);
     return made;
 }
 
@@ -52,12 +54,12 @@ QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, Scroll
 }
 
 void Controls::button(QPushButton* button, const ButtonRow& row) const {
-    dress(button, row.command->control, row.tip, row.map_only);
+    dress(button, row.control, row.tip, row.map_only);
     button->setAccessibleName(row.caption);
+    button->setIcon(tool_icon(row.icon, button->palette()));
     QObject::connect(button, &QPushButton::clicked, button,
                      [edits = &bindings, this_state = &state, command = row.command] {
-                         edits->edit_busily(
-                             [&] { run_command(*this_state, command->guard, command->run); });
+                         edits->edit_busily([&] { run_command(*this_state, command); });
                      });
 }
 

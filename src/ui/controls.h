@@ -1,8 +1,9 @@
 #pragma once
 
+#include "editor/commands.h"
 #include "editor/editor_state.h"
 #include "ui/bindings.h"
-#include "ui/form1_controls.h"
+#include "ui/icons.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -13,13 +14,50 @@
 
 namespace veldrune {
 
+/// The layers in the captions of buttons and boxes.
+inline constexpr const char* layer_captions[layer_count] = {"Layer 1", "Layer 2", "Layer 3"};
+
+// A control is one row. tip is what the user reads when the pointer rests on it; map_only controls
+// are disabled while a world map is shown; then is what follows a change by the user, or null.
+
+template <typename T>
+struct OptionRow {
+    const char* control;
+    const char* caption;
+    T Form1::*value;
+    T own; // what the button sets the value to
+    bool map_only;
+    void (*then)(EditorState&);
+    const char* tip;
+    Icon icon = Icon::none;
+};
+
+struct BoxRow {
+    const char* control;
+    const char* caption;
+    bool Form1::*value;
+    bool map_only;
+    void (*then)(EditorState&);
+    const char* tip;
+};
+
+struct ButtonRow {
+    const char* control;
+    const char* caption;
+    Command command;
+    bool map_only;
+    const char* tip;
+    Icon icon = Icon::none;
+};
+
 /// Makes the main window's widgets from their rows and binds them to the state. A widget's object
 /// name is its control's name.
 struct Controls {
     EditorState& state;
     Bindings& bindings;
 
-    QLineEdit* field(const FieldRow& row) const;
+    /// The tip ends with the number form of the text.
+    QLineEdit* field(std::string Form1::*text, const char* meaning, bool map_only) const;
     QCheckBox* box(const BoxRow& row) const;
     QLabel* label(const char* control, const char* caption) const;
     QLabel* value_label(const char* control, const std::string Form1::*value) const;
@@ -31,11 +69,13 @@ struct Controls {
     QRadioButton* option(const OptionRow<T>& row) const {
         auto* made = new QRadioButton(row.caption);
         dress(made, row.control, row.tip, row.map_only);
+        made->setIcon(tool_icon(row.icon, made->palette()));
         bindings.option(made, state.form1.*row.value, row.own, following(state, row.then));
         return made;
     }
 
-    void dress(QWidget* widget, const char* control, const char* tip, bool map_only) const;
+  private:
+    void dress(QWidget* widget, const char* control, const QString& tip, bool map_only) const;
 };
 
 } // namespace veldrune

@@ -1,9 +1,9 @@
 #include "ui/event_window.h"
 
-#include "editor/commands.h"
 #include "editor/event_editor.h"
 #include "ui/menus.h"
 #include "ui/script_view.h"
+#include "ui/tips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,6 +15,11 @@
 namespace veldrune {
 
 namespace {
+
+constexpr MenuRow menu_rows[] = {
+    {0, "File", "&File"},
+    {1, "Save", "&Save", Command::save_script, save_keys},
+};
 
 struct ScriptButton {
     const char* control;
@@ -36,7 +41,7 @@ EventWindow::EventWindow(EditorState& state, Windows& windows, QWidget* behind)
       grid_(new ScriptView(state, bindings_)) {
     setObjectName("Form9");
     setWindowTitle("Event Editor");
-    build_menus(*this, event_editor_commands(), state, bindings_);
+    build_menus(*this, menu_rows, state, bindings_);
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->addLayout(make_bar());
@@ -61,8 +66,8 @@ QLayout* EventWindow::make_bar() {
     }
     auto* offset = new QLineEdit;
     offset->setObjectName("Text3");
-    offset->setToolTip(
-        "Where the script lies in the file; Enter loads the one there. Hexadecimal.");
+    offset->setToolTip(number_tip("Where the script lies in the file; Enter loads the one there.",
+                                  NumberForm::hexadecimal));
     offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
     bindings_.text(offset, state_.form9.Text3);
     connect(offset, &QLineEdit::returnPressed, this,

@@ -14,15 +14,11 @@ namespace {
 constexpr int side = 12;
 using Drawing = std::array<std::string_view, side>;
 
-struct IconRow {
-    std::string_view control;
-    Drawing drawing;
-};
-
 // "x" is a pixel in the colour of the text, "o" one in the colour of a selection.
 // clang-format off
-constexpr IconRow icon_rows[] = {
-    {"Command4", {
+// In the order of Icon, after none.
+constexpr Drawing drawings[] = {
+    { // zoom in
         "...xxxx.....",
         "..x....x....",
         ".x..oo..x...",
@@ -34,8 +30,8 @@ constexpr IconRow icon_rows[] = {
         "..x....xx...",
         "...xxxx.xxx.",
         ".........xxx",
-        "..........xx"}},
-    {"Command5", {
+        "..........xx"},
+    { // zoom out
         "...xxxx.....",
         "..x....x....",
         ".x......x...",
@@ -47,8 +43,8 @@ constexpr IconRow icon_rows[] = {
         "..x....xx...",
         "...xxxx.xxx.",
         ".........xxx",
-        "..........xx"}},
-    {"Option10", {
+        "..........xx"},
+    { // draw
         "........xx..",
         ".......xoox.",
         "......xooox.",
@@ -60,8 +56,8 @@ constexpr IconRow icon_rows[] = {
         ".x.ox.......",
         "x..x........",
         "xxx.........",
-        "............"}},
-    {"Option11", {
+        "............"},
+    { // get tile
         "........xxx.",
         ".......xxxxx",
         ".......xxxxx",
@@ -73,8 +69,8 @@ constexpr IconRow icon_rows[] = {
         "..x.oox.....",
         ".x.oox......",
         ".xxxx.......",
-        "x..........."}},
-    {"Option12", {
+        "x..........."},
+    { // objects
         "....xxxx....",
         "...xxxxxx...",
         "...x....x...",
@@ -86,7 +82,7 @@ constexpr IconRow icon_rows[] = {
         ".x.xoooox.x.",
         "...xoooox...",
         "...xx..xx...",
-        "...xx..xx..."}},
+        "...xx..xx..."},
 };
 constexpr Drawing window_drawing = {
     "gggggggggggg",
@@ -125,12 +121,12 @@ QIcon drawn(const Drawing& drawing, std::initializer_list<Paint> paints) {
 
 } // namespace
 
-QIcon control_icon(const char* control, const QPalette& colours) {
-    for (const IconRow& row : icon_rows)
-        if (row.control == control)
-            return drawn(row.drawing, {{'x', colours.color(QPalette::ButtonText)},
-                                       {'o', colours.color(QPalette::Highlight)}});
-    return {};
+QIcon tool_icon(Icon icon, const QPalette& colours) {
+    if (icon == Icon::none)
+        return {};
+    return drawn(
+        drawings[static_cast<std::size_t>(icon) - 1],
+        {{'x', colours.color(QPalette::ButtonText)}, {'o', colours.color(QPalette::Highlight)}});
 }
 
 QIcon window_icon() {

@@ -6,9 +6,11 @@ class QPalette;
 
 namespace veldrune {
 
-/// The small picture of a tool or button in the colours of its surroundings; empty for a control
-/// that has none.
-QIcon control_icon(const char* control, const QPalette& colours);
+/// The small pictures of tools and buttons.
+enum class Icon { none, zoom_in, zoom_out, draw, get_tile, objects };
+
+/// A small picture in the colours of its surroundings; empty for none.
+QIcon tool_icon(Icon icon, const QPalette& colours);
 
 QIcon window_icon();
 

@@ -1,6 +1,7 @@
 #include "ui/layer_palette.h"
 
 #include "editor/tile_chooser.h"
+#include "ui/controls.h"
 
 #include <QRadioButton>
 #include <QShowEvent>
@@ -11,13 +12,7 @@ namespace veldrune {
 namespace {
 
 constexpr int title_room = 140; // for the title between the buttons of the frame
-
-struct LayerButtonRow {
-    const char* control;
-    const char* caption;
-};
-constexpr LayerButtonRow layer_buttons[layer_count] = {
-    {"Option1", "Layer 1"}, {"Option2", "Layer 2"}, {"Option3", "Layer 3"}};
+constexpr const char* controls[layer_count] = {"Option1", "Option2", "Option3"};
 
 } // namespace
 
@@ -29,9 +24,8 @@ LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind
     panel->setMinimumWidth(title_room);
     auto* column = new QVBoxLayout(panel);
     for (int layer = 0; layer < layer_count; ++layer) {
-        const LayerButtonRow& row = layer_buttons[layer];
-        auto* button = new QRadioButton(row.caption);
-        button->setObjectName(row.control);
+        auto* button = new QRadioButton(layer_captions[layer]);
+        button->setObjectName(controls[layer]);
         button->setToolTip("Show the tiles of this layer, and paint into it.");
         bindings_.option(button, state.form2.layer, layer, following(state, on_palette_layer));
         column->addWidget(button);

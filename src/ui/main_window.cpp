@@ -1,6 +1,5 @@
 #include "ui/main_window.h"
 
-#include "editor/commands.h"
 #include "editor/open_image.h"
 #include "editor/tile_chooser.h"
 #include "ui/icons.h"
@@ -20,6 +19,31 @@ namespace veldrune {
 
 namespace {
 
+// clang-format off
+constexpr MenuRow menu_rows[] = {
+    {0, "File",           "&File"},
+    {1, "Open",           "&Open",                Command::open,    {QKeySequence::Open, "Ctrl+O"}},
+    {1, "Save",           "&Save",                Command::save,    save_keys},
+    {1, "SaveAs",         "Save &As",             Command::save_as, {QKeySequence::SaveAs, "Ctrl+Shift+S"}},
+    {1, "menuspace1",     nullptr},
+    {1, "Exit",           "E&xit",                {},               {QKeySequence::Quit, "Ctrl+Q"}},
+    {0, "Mode",           "&Mode 7"},
+    {1, "Dawn",           "World of Dawn",        Command::open_world_of_dawn},
+    {1, "Dusk",           "World of Dusk",        Command::open_world_of_dusk},
+    {0, "Options",        "&Options"},
+    {1, "Clear",          "Clear Map",            Command::clear_map},
+    {1, "Copy",           "Copy Tile Formations", Command::copy_properties},
+    {1, "Paste",          "Paste Tile Formation", Command::paste_properties},
+    {0, "Mem",            "&Memory Managment"},
+    {1, "Memory_Mng",     "Memory Manager",       Command::show_memory_manager},
+    {1, "Expand",         "Expand Rom to 32mbit", Command::expand_rom},
+    {1, "Patches",        "Apply Patches"},
+    {2, "Dialogue_Patch", "Dialogue Patch",       Command::apply_dialogue_patch},
+    {0, "About",          "&About"},
+    {1, "About1",         "&About",               Command::show_about},
+};
+// clang-format on
+
 /// The name of the one local file that is dropped, or an empty text.
 QString dropped_file(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
@@ -35,7 +59,7 @@ MainWindow::MainWindow(EditorState& state, Windows& windows)
     setWindowTitle("Veldrune Map Editor 1.00");
     setWindowIcon(window_icon());
     setAcceptDrops(true);
-    build_menus(*this, menu_commands(), state, bindings_);
+    build_menus(*this, menu_rows, state, bindings_);
     build_panels();
 }
 

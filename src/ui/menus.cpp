@@ -4,77 +4,49 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include <string_view>
+#include <vector>
 
 namespace veldrune {
 
 namespace {
 
-struct Shortcut {
-    std::string_view control;
-    QKeySequence::StandardKey key;
-    const char* otherwise; // on platforms that have no standard for it
-};
-constexpr Shortcut shortcuts[] = {
-    {"Open", QKeySequence::Open, "Ctrl+O"},
-    {"Save", QKeySequence::Save, "Ctrl+S"},
-    {"SaveAs", QKeySequence::SaveAs, "Ctrl+Shift+S"},
-    {"Exit", QKeySequence::Quit, "Ctrl+Q"},
-};
-
-void set_shortcut(QAction& action, std::string_view control) {
-    for (const Shortcut& shortcut : shortcuts) {
-        if (shortcut.control != control)
-            continue;
-        const QList<QKeySequence> keys = QKeySequence::keyBindings(shortcut.key);
+void set_shortcut(QAction& action, const Shortcut& shortcut) {
+    const QList<QKeySequence> keys = QKeySequence::keyBindings(shortcut.key);
+    if (shortcut.otherwise)
         action.setShortcuts(keys.isEmpty() ? QList{QKeySequence(shortcut.otherwise)} : keys);
-    }
 }
 
-bool is_menu(const Command& command, std::span<const Command> commands) {
-    for (const Command& other : commands)
-        if (std::string_view(other.menu) == command.control)
-            return true;
-    return false;
-}
-
-void connect_entry(QAction& action, const Command& command, QMainWindow& window, EditorState& state,
-                   const Bindings& bindings) {
-    if (std::string_view(command.control) == "Exit")
-        QObject::connect(&action, &QAction::triggered, &window, &QWidget::close);
-    if (!command.run)
-        return;
-    QObject::connect(&action, &QAction::triggered, &window, [&state, &bindings, &command] {
-        bindings.edit_busily([&] { run_command(state, command.guard, command.run); });
-    });
-}
-
-/// Fills menu, or the bar, with the commands that stand in the menu of that control name.
-template <typename Menu>
-void fill(Menu& menu, std::string_view control, std::span<const Command> commands,
-          QMainWindow& window, EditorState& state, const Bindings& bindings) {
-    for (const Command& command : commands) {
-        if (command.menu != control)
-            continue;
-        if (is_menu(command, commands)) {
-            QMenu* inner = menu.addMenu(command.caption);
-            inner->setObjectName(command.control);
-            fill(*inner, command.control, commands, window, state, bindings);
-            continue;
-        }
-        const bool separator = std::string_view(command.caption) == "-";
-        QAction* action = separator ? menu.addSeparator() : menu.addAction(command.caption);
-        action->setObjectName(command.control);
-        set_shortcut(*action, command.control);
-        connect_entry(*action, command, window, state, bindings);
-    }
+void add_entry(QMenu& menu, const MenuRow& row, QMainWindow& window, EditorState& state,
+               const Bindings& bindings) {
+    QAction* action = row.caption ? menu.addAction(row.caption) : menu.addSeparator();
+    action->setObjectName(row.control);
+    set_shortcut(*action, row.shortcut);
+    if (row.command)
+        QObject::connect(action, &QAction::triggered, &window,
+                         [&state, &bindings, command = *row.command] {
+                             bindings.edit_busily([&] { run_command(state, command); });
+                         });
+    else if (row.caption)
+        QObject::connect(action, &QAction::triggered, &window, &QWidget::close);
 }
 
 } // namespace
 
-void build_menus(QMainWindow& window, std::span<const Command> commands, EditorState& state,
+void build_menus(QMainWindow& window, std::span<const MenuRow> rows, EditorState& state,
                  const Bindings& bindings) {
-    fill(*window.menuBar(), "", commands, window, state, bindings);
+    std::vector<QMenu*> menus; // those that the row stands in, the outermost first
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const MenuRow& row = rows[i];
+        menus.resize(static_cast<std::size_t>(row.level));
+        const bool is_menu = i + 1 < rows.size() && rows[i + 1].level > row.level;
+        if (!is_menu) {
+            add_entry(*menus.back(), row, window, state, bindings);
+            continue;
+        }
+        menus.push_back(menus.empty() ? window.menuBar()->addMenu(row.caption)
+                                      : menus.back()->addMenu(row.caption));
+        menus.back()->setObjectName(row.control);
+    }
 }
 
 } // namespace veldrune

@@ -1,8 +1,9 @@
 #include "ui/object_panel.h"
 
+#include "editor/object_window.h"
 #include "ui/calm_wheel.h"
-#include "ui/form10_controls.h"
 #include "ui/pixel_picture.h"
+#include "ui/tips.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -13,19 +14,117 @@
 #include <QRadioButton>
 
 #include <algorithm>
+#include <span>
 
 namespace veldrune {
 
 namespace {
 
 constexpr int column_count = 3; // of labels and controls
-constexpr int option_count = std::size(object_option_rows);
-constexpr int box_line = option_count;
 constexpr int line_gap = 4;
 constexpr int chest_tab = 1;
 constexpr int contents_length = 16; // characters of a line of a chest's contents
 
 constexpr const char* widest_number = "0000000000";
+constexpr const char* vehicle_names[] = {"None", "Runbird", "Gearcore Armor", "Raft"};
+constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastest"};
+
+/// A control on one tab: its caption, or none where it is hidden, and its meaning. The caption
+/// stands on the label or, with no label, on the control; the one of the picture is there for
+/// screen readers alone.
+struct OnTab {
+    const char* caption = nullptr;
+    const char* meaning = nullptr;
+    bool fixed = false; // a value that can't be edited
+};
+
+using Tabs = OnTab[object_tab_count];
+
+/// Where a control and its label, at its left, stand in the grid of fields.
+struct Place {
+    const char* label;
+    int line;
+    int column;
+};
+
+struct FieldRow {
+    std::string Form10::*text;
+    Place place;
+    void (*then)(EditorState&); // what follows a change by the user, or null
+    Tabs tabs;
+};
+
+struct ListRow {
+    const char* control;
+    int Form10::*row;
+    Place place;
+    std::span<const char* const> lines; // none where the lines are numbers or change
+    int numbers;                        // how many lines are the numbers from 0 on
+    Tabs tabs;
+};
+
+struct ButtonRow {
+    const char* control;
+    bool Form10::*value; // of a box; a button's is its place in Form10::option
+    Tabs tabs;
+};
+
+// clang-format off
+constexpr FieldRow field_rows[] = {
+    {&Form10::Text1, {"Label1", 0, 0}, nullptr,         {{"Event",         "Where the NPC's script lies in the file, A0200 or above, five digits."},
+                                                         {"X Pos",         "Column of the chest on the map, 0 to FF."},
+                                                         {"Map X",         "Column of the trigger on the map, 0 to FF."},
+                                                         {"Map X",         "Column of the entrance on the map, 0 to FF."},
+                                                         {"Map X",         "Column of the entrance's first tile on the map, 0 to FF."}}},
+    {&Form10::Text2, {"Label2", 1, 0}, on_palette_text, {{"Palette",       "Colours of the sprite, 0 to 7."},
+                                                         {"Y Pos",         "Row of the chest on the map, 0 to FF."},
+                                                         {"Map Y",         "Row of the trigger on the map, 0 to FF."},
+                                                         {"Map Y",         "Row of the entrance on the map, 0 to FF."},
+                                                         {"Map Y",         "Row of the entrance's first tile on the map, 0 to FF."}}},
+    {&Form10::Text4, {"Label4", 2, 0}, nullptr,         {{"Byte:Bit",      "The NPC's flag, xxxx:y: byte 1EE0 to 1F5F and bit 0 to 7."},
+                                                         {"Byte:Bit",      "The chest's flag, xx:y: byte 0 to 1F and bit 0 to 7."},
+                                                         {"Event Pointer", "Where the trigger's script lies in the file, A0200 or above."},
+                                                         {"Map Index",     "The map that the entrance leads to, 0 to FFFF."},
+                                                         {"Map Index",     "The map that the entrance leads to, 0 to FFFF."}}},
+    {&Form10::Text5, {"Label5", 0, 1}, nullptr,         {{"X Pos",         "Column of the NPC on the map, 0 to FF."}, {}, {},
+                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."},
+                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."}}},
+    {&Form10::Text6, {"Label6", 1, 1}, nullptr,         {{"Y Pos",         "Row of the NPC on the map, 0 to 3F."}, {}, {},
+                                                         {"Entrance Width", "An entrance of this kind is a single tile.", true},
+                                                         {"Entrance Width", "Tiles behind the first: 0 to 7F to the right; 80 and above downwards."}}},
+    {&Form10::Text7, {"Label7", 2, 1}, on_sprite_text,  {{"Sprite",        "Number of the sprite, 0 to FF; those below 73 are previewed."}, {}, {},
+                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to FF."},
+                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to FF."}}},
+};
+
+constexpr ListRow list_rows[] = {
+    {"Combo2", &Form10::Combo2, {"Label3", 3, 0}, {}, 0, {{"Facing", "Where the NPC looks."},
+                                                          {"Contents", "What is in the chest: number, hexadecimal, and name of the item."}}},
+    {"Combo1", &Form10::Combo1, {"Label8", 0, 2}, vehicle_names, 0, {{"Vehicle", "What the NPC rides."}}},
+    {"Combo3", &Form10::Combo3, {"Label11", 1, 2}, speed_names, 0, {{"Speed", "How fast the NPC walks."}}},
+    {"Combo4", &Form10::Combo4, {"Label12", 2, 2}, {}, movement_count, {{"Movement", "How the NPC moves about: 0 to 15."}}},
+};
+
+constexpr ButtonRow box_rows[] = {
+    {"Check1", &Form10::Check1, {{"Walk Over", "Bit 4 of the NPC's byte 7."}}},
+    {"Check2", &Form10::Check2, {{"Walk Under", "Bit 5 of the NPC's byte 7."}, {"Byte Flag", "Bit 0 of the chest's byte 3."}}},
+    {"Check3", &Form10::Check3, {{"Turn to Talk", "Ticked: the NPC turns to whoever talks to it."}}},
+};
+
+constexpr ButtonRow option_rows[] = {
+    {"Option1", nullptr, {{}, {"Empty",            "There is nothing in the chest."}}},
+    {"Option2", nullptr, {{}, {"Unknown",          "Bit 4 of the chest's byte 3."}}},
+    {"Option3", nullptr, {{}, {"Monster in a Box", "Whoever opens the chest has to fight."}}},
+    {"Option4", nullptr, {{}, {"Item",             "The contents are an item."}}},
+    {"Option5", nullptr, {{}, {"GP",               "The contents are money."}}},
+};
+constexpr Tabs preview_tabs = {{"Sprite", "The sprite, six times its size."}};
+// clang-format on
+
+static_assert(each_has_one_row<Form10Texts>(field_rows));
+
+constexpr int option_count = std::size(option_rows);
+constexpr int box_line = option_count;
 
 /// What making a control needs.
 struct Panel {
@@ -36,30 +135,25 @@ struct Panel {
     Form10& form() const { return state.form10; }
 };
 
-/// The width of a short entrance.
-bool is_fixed(const ObjectControlRow& row, const Form10& form) {
-    return &row == captions_of("Text6") && form.TabStrip1 == fixed_width_tab;
-}
-
 /// Shows a control, its label and its tip as the chosen tab wants them.
-void show_on_tab(QWidget& control, QLabel* label, const ObjectControlRow& row,
-                 const ObjectTips& tips, const Form10& form) {
-    const char* caption = row.captions[form.TabStrip1];
-    control.setVisible(caption);
-    control.setEnabled(form.fields_enabled && !is_fixed(row, form));
+void show_on_tab(QWidget& control, QLabel* label, const OnTab& tab, NumberForm number,
+                 bool enabled) {
+    control.setVisible(tab.caption);
+    control.setEnabled(enabled && !tab.fixed);
     if (label) {
-        label->setVisible(caption);
-        label->setText(caption);
+        label->setVisible(tab.caption);
+        label->setText(tab.caption);
     }
-    control.setToolTip(tips[form.TabStrip1]);
-    control.setAccessibleName(caption);
+    control.setToolTip(tab.meaning ? number_tip(tab.meaning, tab.fixed ? NumberForm::words : number)
+                                   : QString());
+    control.setAccessibleName(tab.caption);
 }
 
-void name_control(const Panel& panel, QWidget* control, QLabel* label, const ObjectControlRow& row,
-                  const ObjectTips& tips) {
-    control->setObjectName(row.control);
-    panel.bindings.rule([control, label, &row, &tips, &form = panel.form()] {
-        show_on_tab(*control, label, row, tips, form);
+void name_control(const Panel& panel, QWidget* control, QLabel* label, const char* name,
+                  const Tabs& tabs, NumberForm number = NumberForm::words) {
+    control->setObjectName(name);
+    panel.bindings.rule([control, label, &tabs, number, &form = panel.form()] {
+        show_on_tab(*control, label, tabs[form.TabStrip1], number, form.fields_enabled);
     });
 }
 
@@ -70,25 +164,27 @@ void keep_room(QGridLayout& grid, int column, int width) {
 }
 
 /// A control of the grid with its label at its left.
-template <typename Row>
-void place(const Panel& panel, QWidget* control, const Row& row) {
+void place_control(const Panel& panel, QWidget* control, const Place& place, const char* name,
+                   const Tabs& tabs, NumberForm number) {
     auto* label = new QLabel;
-    label->setObjectName(row.control->label);
+    label->setObjectName(place.label);
     label->setBuddy(control);
-    panel.grid.addWidget(label, row.line, 2 * row.column);
-    panel.grid.addWidget(control, row.line, 2 * row.column + 1);
-    for (const char* text : row.control->captions)
-        keep_room(panel.grid, 2 * row.column, label->fontMetrics().horizontalAdvance(text));
-    keep_room(panel.grid, 2 * row.column + 1,
+    panel.grid.addWidget(label, place.line, 2 * place.column);
+    panel.grid.addWidget(control, place.line, 2 * place.column + 1);
+    for (const OnTab& tab : tabs)
+        keep_room(panel.grid, 2 * place.column,
+                  label->fontMetrics().horizontalAdvance(tab.caption));
+    keep_room(panel.grid, 2 * place.column + 1,
               label->fontMetrics().horizontalAdvance(widest_number));
-    name_control(panel, control, label, *row.control, row.tips);
+    name_control(panel, control, label, name, tabs, number);
 }
 
-void add_field(const Panel& panel, const ObjectFieldRow& row) {
+void add_field(const Panel& panel, const FieldRow& row) {
+    const TextRow<Form10>& text = row_of(form10_texts, row.text);
     auto* field = new QLineEdit;
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     panel.bindings.text(field, panel.form().*row.text, following(panel.state, row.then));
-    place(panel, field, row);
+    place_control(panel, field, row.place, text.control, row.tabs, text.form);
 }
 
 /// Fills a list whose lines change.
@@ -104,7 +200,7 @@ void show_lines(QComboBox& list, const std::vector<std::string>& lines) {
         list.addItem(QString::fromStdString(line));
 }
 
-void add_list(const Panel& panel, const ObjectListRow& row) {
+void add_list(const Panel& panel, const ListRow& row) {
     auto* list = new CalmWheel<QComboBox>;
     for (const char* line : row.lines)
         list->addItem(line);
@@ -117,28 +213,28 @@ void add_list(const Panel& panel, const ObjectListRow& row) {
             [list, &lines = panel.form().Combo2_lines] { show_lines(*list, lines); });
     }
     panel.bindings.list(list, panel.form().*row.row);
-    place(panel, list, row);
-    keep_room(panel.grid, 2 * row.column + 1, list->sizeHint().width());
+    const NumberForm number = row.numbers > 0 ? NumberForm::decimal : NumberForm::words;
+    place_control(panel, list, row.place, row.control, row.tabs, number);
+    keep_room(panel.grid, 2 * row.place.column + 1, list->sizeHint().width());
 }
 
 void add_column(const Panel& panel, int column) {
-    for (const ObjectFieldRow& row : object_field_rows)
-        if (row.column == column)
+    for (const FieldRow& row : field_rows)
+        if (row.place.column == column)
             add_field(panel, row);
-    for (const ObjectListRow& row : object_list_rows)
-        if (row.column == column)
+    for (const ListRow& row : list_rows)
+        if (row.place.column == column)
             add_list(panel, row);
 }
 
 void add_boxes(const Panel& panel) {
     auto* boxes = new QHBoxLayout;
-    for (const ObjectBoxRow& row : object_box_rows) {
+    for (const ButtonRow& row : box_rows) {
         auto* box = new QCheckBox;
         panel.bindings.box(box, panel.form().*row.value);
-        panel.bindings.rule([box, &row, &tab = panel.form().TabStrip1] {
-            box->setText(row.control->captions[tab]);
-        });
-        name_control(panel, box, nullptr, *row.control, row.tips);
+        panel.bindings.rule(
+            [box, &row, &tab = panel.form().TabStrip1] { box->setText(row.tabs[tab].caption); });
+        name_control(panel, box, nullptr, row.control, row.tabs);
         boxes->addWidget(box);
     }
     boxes->addStretch();
@@ -149,10 +245,10 @@ void add_boxes(const Panel& panel) {
 void add_options(const Panel& panel) {
     auto* group = new QButtonGroup(&panel.grid);
     for (int option = 0; option < option_count; ++option) {
-        const ObjectTipRow& row = object_option_rows[option];
-        auto* button = new QRadioButton(row.control->captions[chest_tab]);
+        const ButtonRow& row = option_rows[option];
+        auto* button = new QRadioButton(row.tabs[chest_tab].caption);
         panel.bindings.option(button, panel.form().option, option);
-        name_control(panel, button, nullptr, *row.control, row.tips);
+        name_control(panel, button, nullptr, row.control, row.tabs);
         group->addButton(button);
         panel.grid.addWidget(button, option, 2, 1, 2);
     }
@@ -168,7 +264,7 @@ void add_preview(const Panel& panel) {
         picture->show_height(form.Picture1_height);
         picture->follow();
     });
-    name_control(panel, picture, nullptr, *sprite_preview_row.control, sprite_preview_row.tips);
+    name_control(panel, picture, nullptr, "Picture1", preview_tabs);
     auto* column = new QVBoxLayout;
     column->addWidget(picture);
     column->addStretch();

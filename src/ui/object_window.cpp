@@ -1,11 +1,11 @@
 #include "ui/object_window.h"
 
-#include "editor/commands.h"
 #include "editor/object_window.h"
 #include "ui/calm_wheel.h"
 #include "ui/main_window.h"
 #include "ui/menus.h"
 #include "ui/object_panel.h"
+#include "ui/tips.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -18,6 +18,16 @@ namespace veldrune {
 
 namespace {
 
+// clang-format off
+constexpr MenuRow menu_rows[] = {
+    {0, "File",         "File"},
+    {1, "Save",         "Save",         Command::save_object, save_keys},
+    {0, "Event",        "Event"},
+    {1, "Event_Editor", "Event Editor", Command::open_event_editor},
+};
+// clang-format on
+constexpr const char* tab_captions[object_tab_count] = {"NPC's", "Chests", "Events", "Entrances",
+                                                        "Long Entrances"};
 constexpr int records_per_page = 5;
 
 /// A scroll bar that the arrow keys move to where they point. Qt turns the keys of a scroll bar
@@ -36,7 +46,7 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     tabs->setObjectName("TabStrip1");
     tabs->setAccessibleName("Kind of object");
     tabs->setExpanding(false);
-    for (const char* caption : object_tab_captions)
+    for (const char* caption : tab_captions)
         tabs->addTab(caption);
     const auto choose = [&state, &bindings](int tab) {
         bindings.edit([&] { state.form10.TabStrip1 = tab; }, following(state, on_object_tab));
@@ -72,7 +82,7 @@ QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
 QLabel* make_record_number(EditorState& state, Bindings& bindings) {
     auto* number = new QLabel;
     number->setObjectName("Label10");
-    number->setToolTip("Number of the record. Decimal.");
+    number->setToolTip(number_tip("Number of the record.", NumberForm::decimal));
     number->setMinimumWidth(number->fontMetrics().horizontalAdvance("0000"));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     bindings.label(number, state.form10.Label10);
@@ -85,7 +95,7 @@ ObjectWindow::ObjectWindow(EditorState& state, Windows& windows, QWidget* behind
     : SideWindow(state, windows, state.form10.visible, close_object_window, behind, Qt::Window) {
     setObjectName("Form10");
     setWindowTitle("Object Info");
-    build_menus(*this, object_window_commands(), state, bindings_);
+    build_menus(*this, menu_rows, state, bindings_);
     build_panel();
     bindings_.show();
     follow_to_front(state.form10.to_front);

@@ -1,3 +1,4 @@
+#include "editor/view.h"
 #include "editor/world_view.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"

@@ -3,9 +3,6 @@
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
-#include <map>
-#include <string_view>
-
 namespace veldrune {
 
 namespace {
@@ -15,51 +12,132 @@ constexpr int gap_line = 7; // between what every layer has and the rest
 constexpr int battles_line = 13;
 constexpr int notes_line = 14;
 
-/// A cell of the grid that holds one field or several side by side.
-QHBoxLayout* add_cell(QGridLayout& grid, int line, int cell, int span) {
-    auto* layout = new QHBoxLayout;
-    layout->setSpacing(4);
-    grid.addLayout(layout, line, cell, 1, span);
-    return layout;
+struct HeadingRow {
+    const char* control;
+    const char* caption;
+};
+constexpr HeadingRow heading_rows[] = {
+    {"Label2", "Layer1"}, {"Label3", "Layer2"}, {"Label23", "Layer 3"}};
+
+struct FieldRow {
+    std::string Form1::*text;
+    const char* meaning;
+    const char* part = ""; // which one of its line's it is, where no heading says so
+};
+
+/// A label and its fields. Each field has a column of its own, under a heading, or they share span
+/// columns; of a short line, two stand beside each other.
+struct LineRow {
+    int line;
+    int column;
+    int span; // 0 for fields with columns of their own
+    const char* label;
+    const char* caption;
+    FieldRow fields[4];
+};
+constexpr const char* location_caption = "Map Data Location";
+
+// clang-format off
+constexpr LineRow line_rows[] = {
+    {1, 0, 0, "Label21", "Map Width", {{layer_controls[0].width, "Width of layer 1 in tiles: 16, 32, 64 or 128."},
+                                       {layer_controls[1].width, "Width of layer 2 in tiles: 16, 32, 64 or 128."},
+                                       {layer_controls[2].width, "Width of layer 3 in tiles: 16, 32, 64 or 128."}}},
+    {2, 0, 0, "Label22", "Map Height", {{layer_controls[0].height, "Height of layer 1 in tiles: 16, 32 or 64."},
+                                        {layer_controls[1].height, "Height of layer 2 in tiles: 16, 32 or 64."},
+                                        {layer_controls[2].height, "Height of layer 3 in tiles: 16, 32 or 64."}}},
+    {3, 0, 0, "Label4", "Tile Formations", {{layer_controls[0].formation, "Set of tile formations of layer 1, 0 to 84."},
+                                            {layer_controls[1].formation, "Set of tile formations of layer 2, 0 to 84."},
+                                            {layer_controls[2].formation, "Graphics of layer 3, 0 to 20; number 6 is opaque, all others are half transparent."}}},
+    {4, 0, 0, "Label6", location_caption, {{layer_controls[0].location, "Where the tiles of layer 1 lie in the file, and where Save writes them."},
+                                           {layer_controls[1].location, "Where the tiles of layer 2 lie in the file, and where Save writes them."},
+                                           {layer_controls[2].location, "Where the tiles of layer 3 lie in the file, and where Save writes them; 19D3B0 stands for no layer 3."}}},
+    {4, 0, 0, nullptr, location_caption, {{&Form1::Text24, "Where the tiles of the world map lie in the file, and where Save writes them.", "World"}}},
+    {5, 0, 0, "Label24", "Left Shift", {{&Form1::Text39, "Left shift, first column."},
+                                        {&Form1::Text40, "Left shift, second column."}}},
+    {6, 0, 0, "Label31", "Upward Shift", {{&Form1::Text42, "Upward shift, first column."},
+                                          {&Form1::Text43, "Upward shift, second column."}}},
+
+    {8, 0, 3, "Label5", "Tilesets", {{tileset_controls[0], "First group of tile graphics, 0 to 84.", "1"},
+                                     {tileset_controls[1], "Second group of tile graphics, 0 to 84.", "2"},
+                                     {tileset_controls[2], "Third group of tile graphics, 0 to 84.", "3"},
+                                     {tileset_controls[3], "Fourth group of tile graphics, 0 to 84.", "4"}}},
+    {9, 0, 1, "Label17", "Animated Tileset", {{&Form1::Text18, "Set of animated tiles, 0 to 31."}}},
+    {9, 2, 1, "Label7", "Palette", {{&Form1::Text13, "Colours of the map, 0 to 255."}}},
+    {10, 0, 1, "Label18", "Viewable Map Size", {{&Form1::Text16, "Part of the map that the game shows, first value, 0 to 255.", "first"},
+                                                {&Form1::Text17, "Part of the map that the game shows, second value, 0 to 255.", "second"}}},
+    {10, 2, 1, "Label25", "Layer Priorities", {{&Form1::Text37, "Entry of the game's layer priority table, 0 to 255. The picture follows when the map is chosen anew."}}},
+    {11, 0, 1, "Label32", "Scoll Index", {{&Form1::Text45, "How the layers scroll against each other: number of the game's scroll entry, 0 to 255."}}},
+    {11, 2, 1, "Label12", "Song", {{&Form1::Text44, "Music of the map, 0 to 255."}}},
+    {12, 0, 1, "Label33", "Battle BG", {{&Form1::Text46, "Background of battles on the map, 0 to 7F."}}},
+    {12, 2, 1, "Label11", "Monster Set", {{&Form1::Text41, "Monsters that are met on the map, 0 to FF."}}},
+};
+
+constexpr BoxRow battles_row =
+    {"Check8", "Enable Battles", &Form1::Check8, true, nullptr, "Ticked: monsters are met on the map."};
+// clang-format on
+
+/// Every number of the window is a field of one line.
+constexpr bool each_number_has_one_field() {
+    for (const TextRow<Form1>& row : form1_texts) {
+        int fields = 0;
+        for (const LineRow& line : line_rows)
+            fields += count_rows(line.fields, row.text);
+        if (fields != (is_decimal(row.form) || is_hexadecimal(row.form)))
+            return false;
+    }
+    return true;
 }
+static_assert(each_number_has_one_field());
 
 void add_headings(const Controls& controls, QGridLayout& grid) {
-    for (const HeadingRow& row : heading_rows)
-        grid.addWidget(controls.label(row.control, row.caption), heading_line, row.cell,
+    for (int column = 1; const HeadingRow& row : heading_rows)
+        grid.addWidget(controls.label(row.control, row.caption), heading_line, column++,
                        Qt::AlignHCenter);
 }
 
-/// Text14 gives its place to Text24 while a world map is shown.
-void share_location_place(const Controls& controls, QLineEdit* field, std::string Form1::*text) {
-    const bool of_world = text == &Form1::Text24;
-    if (of_world || text == &Form1::Text14)
+/// Text14 and Text24 have one place: a map's location shows there, or a world's.
+QLineEdit* make_field(const Controls& controls, const FieldRow& row) {
+    const bool of_world = row.text == &Form1::Text24;
+    const bool shares_place = of_world || row.text == layer_controls[0].location;
+    QLineEdit* field = controls.field(row.text, row.meaning, !shares_place);
+    field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
+    if (shares_place)
         controls.bindings.rule([field, of_world, &world = controls.state.form1.Text24_visible] {
             field->setVisible(of_world == world);
         });
+    return field;
 }
 
-void add_fields(const Controls& controls, QGridLayout& grid) {
-    std::map<std::pair<int, int>, QHBoxLayout*> cells;
-    std::string_view labelled;
-    for (const FieldRow& row : field_rows) {
-        QLineEdit* field = controls.field(row);
-        if (labelled != row.label) {
-            labelled = row.label;
-            QLabel* label = controls.label(row.label, row.caption);
+/// What side by side fields stand in.
+QHBoxLayout* add_shared_cell(QGridLayout& grid, const LineRow& row) {
+    auto* layout = new QHBoxLayout;
+    layout->setSpacing(4);
+    grid.addLayout(layout, row.line, row.column + 1, 1, row.span);
+    return layout;
+}
+
+void add_line(const Controls& controls, QGridLayout& grid, const LineRow& row) {
+    QLabel* label = row.label ? controls.label(row.label, row.caption) : nullptr;
+    if (label)
+        grid.addWidget(label, row.line, row.column);
+    QHBoxLayout* shared = row.span > 0 ? add_shared_cell(grid, row) : nullptr;
+    for (int i = 0; i < 4 && row.fields[i].text; ++i) {
+        QLineEdit* field = make_field(controls, row.fields[i]);
+        const bool has_heading = !shared && label;
+        const char* part = has_heading ? heading_rows[i].caption : row.fields[i].part;
+        field->setAccessibleName(QString("%1 %2").arg(row.caption, part).trimmed());
+        if (label && i == 0)
             label->setBuddy(field);
-            grid.addWidget(label, row.line, row.cell - 1);
-        }
-        QHBoxLayout*& cell = cells[{row.line, row.cell}];
-        if (!cell)
-            cell = add_cell(grid, row.line, row.cell, row.span);
-        cell->addWidget(field);
-        share_location_place(controls, field, row.text);
+        if (shared)
+            shared->addWidget(field);
+        else
+            grid.addWidget(field, row.line, row.column + 1 + i);
     }
 }
 
 void add_notes(const Controls& controls, QGridLayout& grid) {
     auto* notes = new QPlainTextEdit;
-    notes->setObjectName("Text20");
+    notes->setObjectName(text_row(&Form1::Text20).control);
     notes->setToolTip("Free text, for yourself. It is not kept.");
     notes->setTabChangesFocus(true);
     notes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
@@ -79,11 +157,12 @@ QWidget* make_properties_panel(const Controls& controls) {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
     grid->setRowMinimumHeight(gap_line, 12);
-    for (const HeadingRow& row : heading_rows)
-        grid->setColumnMinimumWidth(row.cell, panel->fontMetrics().horizontalAdvance("0000000000"));
+    for (int column = 1; column <= static_cast<int>(std::size(heading_rows)); ++column)
+        grid->setColumnMinimumWidth(column, panel->fontMetrics().horizontalAdvance("0000000000"));
     add_headings(controls, *grid);
-    add_fields(controls, *grid);
-    grid->addWidget(controls.box(battles_box), battles_line, 1, 1, 3);
+    for (const LineRow& row : line_rows)
+        add_line(controls, *grid, row);
+    grid->addWidget(controls.box(battles_row), battles_line, 1, 1, 3);
     add_notes(controls, *grid);
     grid->setRowStretch(notes_line, 1);
     return panel;

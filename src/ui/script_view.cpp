@@ -1,6 +1,7 @@
 #include "ui/script_view.h"
 
 #include "editor/event_editor.h"
+#include "ui/tips.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -21,11 +22,11 @@ constexpr int units_per_pixel = 15;
 constexpr int cell_margin = 3;
 constexpr int visible_rows = 26; // of a new window
 
-constexpr const char* column_tips[script_column_count] = {
-    "Codes of commands. Hexadecimal.",
-    "Values of a command, or the actions of its queue. Hexadecimal.",
-    "Values of an action. Hexadecimal.",
-    "What the row means, or the text of its dialogue.",
+constexpr std::pair<const char*, NumberForm> column_tips[script_column_count] = {
+    {"Codes of commands.", NumberForm::hexadecimal},
+    {"Values of a command, or the actions of its queue.", NumberForm::hexadecimal},
+    {"Values of an action.", NumberForm::hexadecimal},
+    {"What the row means, or the text of its dialogue.", NumberForm::words},
 };
 
 QFont value_font() {
@@ -114,7 +115,8 @@ QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int r
         return {};
     if (role == Qt::DisplayRole)
         return shown_text(script_headers[section]);
-    return role == Qt::ToolTipRole ? column_tips[section] : QVariant();
+    const auto& [meaning, form] = column_tips[section];
+    return role == Qt::ToolTipRole ? number_tip(meaning, form) : QVariant();
 }
 
 /// Takes over rows, of which those from end on stood from former_end on.
@@ -151,8 +153,8 @@ ScriptModel::Range ScriptModel::follow() {
 CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
     setObjectName("Text2");
     setAccessibleName("Value");
-    setToolTip(
-        "Enter takes the value, Escape leaves it; Shift and Enter begin a line. Hexadecimal.");
+    setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
+                          NumberForm::hexadecimal));
     setFont(value_font());
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWrapMode(NoWrap);

@@ -1,10 +1,11 @@
 #include "editor/select_map.h"
-#include "ui/icons.h"
+#include "editor/view.h"
 #include "ui/map_list.h"
 #include "ui/map_picture.h"
 #include "ui/override_cursor.h"
 #include "ui/panels.h"
 #include "ui/pixel_view.h"
+#include "ui/tips.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -13,6 +14,52 @@
 namespace veldrune {
 
 namespace {
+
+/// A kind of object: its box, which takes the kind's colour when ticked, and its number.
+struct ObjectRow {
+    ObjectKind kind;
+    const char* control;
+    const char* caption;
+    bool map_only;
+    const char* tip;
+    const char* count_control;
+    std::string Form1::*count;
+};
+
+// clang-format off
+constexpr OptionRow<Tool> tool_rows[] = {
+    {"Option10", "Draw",        &Form1::tool, Tool::draw,     false, nullptr, "The left button paints the current tile into the edit layer. The right button picks.", Icon::draw},
+    {"Option11", "Get Tile",    &Form1::tool, Tool::get_tile, false, nullptr, "A click takes the tile under the pointer from the edit layer.", Icon::get_tile},
+    {"Option12", "NPC's Ect...", &Form1::tool, Tool::objects, false, nullptr, "A click opens the object under the pointer.", Icon::objects},
+};
+constexpr OptionRow<int> layer_rows[] = {
+    {"Option1", layer_captions[0], &Form1::edit_layer, 0, true, nullptr, "Paint into and pick from layer 1."},
+    {"Option2", layer_captions[1], &Form1::edit_layer, 1, true, nullptr, "Paint into and pick from layer 2."},
+    {"Option3", layer_captions[2], &Form1::edit_layer, 2, true, nullptr, "Paint into and pick from layer 3."},
+};
+constexpr OptionRow<bool> grid_rows[] = {
+    {"Option4", "Grid On",  &Form1::grid_on, true,  false, on_grid_change, "Show white lines between the tiles."},
+    {"Option5", "Grid Off", &Form1::grid_on, false, false, on_grid_change, "Show the map without lines."},
+};
+constexpr BoxRow view_rows[] = {
+    {"Check5", layer_captions[0], layer_controls[0].view, true, on_view_box_change, "Show layer 1, from the next redrawing on."},
+    {"Check6", layer_captions[1], layer_controls[1].view, true, on_view_box_change, "Show layer 2, from the next redrawing on."},
+    {"Check7", layer_captions[2], layer_controls[2].view, true, on_view_box_change, "Show layer 3, from the next redrawing on."},
+};
+constexpr ObjectRow object_rows[] = {
+    {ObjectKind::npc,           "Check1", "NPC's",    true,  "Show and select NPCs, from the next redrawing on.",            "Label27", &Form1::Label27},
+    {ObjectKind::chest,         "Check2", "Treasure", true,  "Show and select treasure chests, from the next redrawing on.", "Label28", &Form1::Label28},
+    {ObjectKind::event_trigger, "Check3", "Events",   false, "Show and select event triggers, from the next redrawing on.",  "Label29", &Form1::Label29},
+    {ObjectKind::entrance,      "Check4", "Entrance", false, "Show and select entrances, from the next redrawing on.",       "Label30", &Form1::Label30},
+};
+constexpr ButtonRow build_rows[] = {
+    {"Command3", "Build Tileset",     Command::build_tileset, true, "Decode the tiles that the fields name, and draw the map where it stands."},
+    {"Command2", "Build/Refresh Map", Command::refresh_map,   true, "Draw the map from its top left corner with the tiles as they are."},
+};
+constexpr ButtonRow chooser_row  = {"Command1", "Choose Tile", Command::open_tile_chooser, false, "The current tile. Press to choose another one."};
+constexpr ButtonRow zoom_in_row  = {"Command4", "Zoom In",     Command::zoom_in,  true, "Show the map twice as large. Ctrl and wheel over the map.", Icon::zoom_in};
+constexpr ButtonRow zoom_out_row = {"Command5", "Zoom Out",    Command::zoom_out, true, "Show the map half as large. Ctrl and wheel over the map.", Icon::zoom_out};
+// clang-format on
 
 /// A button that shows the picture of the current tile.
 class TileButton : public QPushButton {
@@ -61,7 +108,6 @@ QVBoxLayout* options(const Controls& controls, QLabel* title, const OptionRow<T>
     auto* group = new QButtonGroup(layout);
     for (const OptionRow<T>& row : rows) {
         QRadioButton* button = controls.option(row);
-        button->setIcon(control_icon(row.control, button->palette()));
         group->addButton(button);
         layout->addWidget(button);
     }
@@ -76,17 +122,27 @@ QVBoxLayout* view_boxes(const Controls& controls) {
     return layout;
 }
 
-/// Gives a ticked box the colour of its kind.
-void colour_box(QCheckBox& box, const ObjectRow& row, bool ticked) {
+/// Gives a ticked box the colour of its kind, and a text that reads well on it.
+void colour_box(QCheckBox& box, Colour colour, bool ticked) {
+    constexpr int dark = 64;
     if (box.autoFillBackground() == ticked)
         return;
     QPalette colours;
     if (ticked) {
-        colours.setColor(box.backgroundRole(), QColor(row.colour));
-        colours.setColor(box.foregroundRole(), row.white_text ? Qt::white : Qt::black);
+        colours.setColor(box.backgroundRole(), QColor(colour));
+        colours.setColor(box.foregroundRole(), qGray(colour) < dark ? Qt::white : Qt::black);
     }
     box.setPalette(colours);
     box.setAutoFillBackground(ticked);
+}
+
+QCheckBox* object_box(const Controls& controls, const ObjectRow& row) {
+    const ObjectKindRow& kind = object_kind_row(row.kind);
+    QCheckBox* box =
+        controls.box({row.control, row.caption, kind.shown, row.map_only, nullptr, row.tip});
+    const bool& ticked = controls.state.form1.*kind.shown;
+    controls.bindings.rule([box, &kind, &ticked] { colour_box(*box, kind.colour, ticked); });
+    return box;
 }
 
 QGridLayout* object_boxes(const Controls& controls) {
@@ -94,15 +150,12 @@ QGridLayout* object_boxes(const Controls& controls) {
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(0, 1);
     for (const ObjectRow& row : object_rows) {
-        QCheckBox* box = controls.box(row.box);
-        const bool& ticked = controls.state.form1.*row.box.value;
-        controls.bindings.rule([box, &row, &ticked] { colour_box(*box, row, ticked); });
         QLabel* count = controls.value_label(row.count_control, row.count);
         count->setMinimumWidth(count->fontMetrics().horizontalAdvance("0000"));
         count->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        count->setToolTip(QString("Number of records of this map: %1").arg(row.box.caption));
+        count->setToolTip(QString("Number of records of this map: %1").arg(row.caption));
         const int line = grid->rowCount();
-        grid->addWidget(box, line, 0);
+        grid->addWidget(object_box(controls, row), line, 0);
         grid->addWidget(count, line, 1);
     }
     return grid;
@@ -122,7 +175,8 @@ QVBoxLayout* map_choice(const Controls& controls) {
     label->setBuddy(list);
 
     QLabel* place = controls.value_label("Label26", &Form1::Label26);
-    place->setToolTip("Tile under the pointer: column and row. Hexadecimal.");
+    place->setToolTip(
+        number_tip("Tile under the pointer: column and row.", NumberForm::hexadecimal));
     auto* layout = new QVBoxLayout;
     layout->setSpacing(4);
     auto* top = new QHBoxLayout;
@@ -130,7 +184,7 @@ QVBoxLayout* map_choice(const Controls& controls) {
     top->addWidget(place);
     layout->addLayout(top);
     layout->addWidget(list);
-    for (const ButtonRow& row : {tileset_button, refresh_button}) {
+    for (const ButtonRow& row : build_rows) {
         auto* button = new QPushButton(row.caption);
         controls.button(button, row);
         layout->addWidget(button);
@@ -139,14 +193,11 @@ QVBoxLayout* map_choice(const Controls& controls) {
 }
 
 QLineEdit* magnification(const Controls& controls) {
-    auto* field = new QLineEdit;
-    field->setObjectName("Text4");
+    QLineEdit* field = controls.field(
+        &Form1::Text4,
+        "0.25, 0.5, 1 or 2: the smaller, the closer. 2 shows the tiles in their own size.", true);
     field->setReadOnly(true);
     field->setMaximumWidth(field->fontMetrics().horizontalAdvance("000000"));
-    field->setToolTip(
-        "0.25, 0.5, 1 or 2: the smaller, the closer. 2 shows the tiles in their own size.");
-    controls.bindings.text(field, controls.state.form1.Text4);
-    controls.bindings.enabled(field, controls.state.form1.map_fields_enabled);
     return field;
 }
 
@@ -164,22 +215,21 @@ QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
     auto* grid = new QGridLayout;
     auto* tile = new TileButton(controls.state);
     tile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    controls.button(tile, chooser_button);
+    controls.button(tile, chooser_row);
     controls.bindings.rule([tile] { tile->follow(); });
-    QLabel* label = heading(controls, "Label14", chooser_button.caption);
+    QLabel* label = heading(controls, "Label14", chooser_row.caption);
     label->setBuddy(tile);
     grid->addWidget(label, 0, 0);
     grid->addWidget(tile, 1, 0, 2, 1);
 
     const auto zoom_button = [&](const ButtonRow& row, int line) {
         auto* button = new QPushButton(row.caption);
-        button->setIcon(control_icon(row.command->control, button->palette()));
         controls.button(button, row);
         grid->addWidget(button, line, 1);
         return button;
     };
-    QPushButton* zoom_in = zoom_button(zoom_in_button, 1);
-    press_by_wheel(picture, zoom_in, zoom_button(zoom_out_button, 2));
+    QPushButton* zoom_in = zoom_button(zoom_in_row, 1);
+    press_by_wheel(picture, zoom_in, zoom_button(zoom_out_row, 2));
 
     QLineEdit* field = magnification(controls);
     QLabel* caption = controls.label("Label1", "map magnification");

@@ -12,11 +12,12 @@ namespace {
 
 using demo::demo_map::town;
 
-void press(Editor& editor, const std::string& control) {
-    for (const ButtonCommand& button : button_commands)
-        if (control == button.control)
-            return run_command(*editor.state, button.guard, button.run);
-    ADD_FAILURE() << "no button " << control;
+/// The commands from first to last, in their order.
+std::vector<Command> commands(Command first, Command last) {
+    std::vector<Command> all;
+    for (int command = static_cast<int>(first); command <= static_cast<int>(last); ++command)
+        all.push_back(static_cast<Command>(command));
+    return all;
 }
 
 std::vector<Colour> pixels_of(const Editor& editor) {
@@ -53,14 +54,14 @@ TEST(SelectMap, DrawsNothingAndTheFirstMapLeavesTheBuildDeadUntilAHigherOneIsCho
     corner = 7;
     for (const int map : {0, town}) {
         editor.form.Picture3.fill(7);
-        press(editor, "Command3");
+        run_command(*editor.state, Command::build_tileset);
         editor.choose(map);
         EXPECT_EQ(editor.form.Picture3[0], 0u);
         EXPECT_EQ(editor.state->map.map_properties, read_record(editor.state->rom, map));
         EXPECT_EQ(corner, 7u);
     }
     editor.choose(0); // works from then on
-    press(editor, "Command3");
+    run_command(*editor.state, Command::build_tileset);
     EXPECT_NE(corner, 7u);
 }
 
@@ -108,7 +109,7 @@ TEST(Build, SaysWhichTilesetsThereAreNone) {
     editor.form.Text9 = "85";
     editor.form.Text10 = "2147483647";
     editor.form.Text11 = "x";
-    press(editor, "Command3");
+    run_command(editor.s, Command::build_tileset);
     EXPECT_EQ(editor.dialogs.messages,
               (Messages{{"There is no tileset 85: the highest is 84.", "Error"},
                         {"There is no tileset 2147483647: the highest is 84.", "Error"},
@@ -123,7 +124,7 @@ TEST(Build, ShowsWhatAMapsRecordAloneMakes) {
         Town editor;
         editor.choose(number);
         zoom_out(editor.s);
-        press(editor, "Command3");
+        run_command(editor.s, Command::build_tileset);
         load_map(editor.s.rom, number, *buffer, *map);
         build_tiles(editor.s.rom, tile_numbers(map->record_at_load), map->anim_tiles, *buffer,
                     display->bitmaps);
@@ -135,20 +136,20 @@ TEST(Build, ShowsWhatAMapsRecordAloneMakes) {
 
 TEST(Build, WritesNothingAndTakesTheFieldsAsTheyStand) {
     Town editor;
-    const auto built = [&](const char* control) {
-        press(editor, control);
+    const auto built = [&](Command command) {
+        run_command(*editor.state, command);
         return pixels_of(editor);
     };
-    const auto town_picture = built("Command3");
+    const auto town_picture = built(Command::build_tileset);
     editor.choose(4);
-    const auto mixed = built("Command2"); // the cave's cells with the town's tiles
-    const auto cave = built("Command3");
+    const auto mixed = built(Command::refresh_map); // the cave's cells with the town's tiles
+    const auto cave = built(Command::build_tileset);
     EXPECT_NE(mixed, cave);
     editor.form.Text13 = "1";
-    EXPECT_EQ(built("Command2"), cave); // a palette counts at the next tileset build only
-    EXPECT_NE(built("Command3"), cave);
+    EXPECT_EQ(built(Command::refresh_map), cave); // a palette counts at the next tileset build only
+    EXPECT_NE(built(Command::build_tileset), cave);
     editor.choose(town);
-    EXPECT_EQ(built("Command3"), town_picture);
+    EXPECT_EQ(built(Command::build_tileset), town_picture);
     EXPECT_TRUE(editor.dialogs.silent());
     EXPECT_EQ(editor.disk.writes, 0);
     EXPECT_TRUE(editor.image() == demo_bytes());
@@ -160,7 +161,7 @@ TEST(Build, BadNumbersWarnOnceEachAndTheBuildGoesOn) {
     editor.form.Text7 = "";
     editor.form.Text21 = "16 tiles";
     editor.form.Text9 = "85";
-    press(editor, "Command3");
+    run_command(*editor.state, Command::build_tileset);
     std::string titles;
     for (const auto& message : editor.dialogs.messages)
         titles += message.title + " ";
@@ -175,7 +176,7 @@ TEST(Build, AReadThatTheDiskRefusesIsTold) {
     for (int at = 1; at <= 9; ++at) {
         Town editor;
         editor.disk.fail({.at = at}, {});
-        press(editor, "Command3");
+        run_command(*editor.state, Command::build_tileset);
         EXPECT_EQ(
             editor.dialogs.messages,
             (Messages{{"Reading a.smc failed. The tiles are not drawn as the image holds them.",
@@ -192,11 +193,11 @@ TEST(View, ScrollBarsFollowTheLargestLayerAndBuildsTreatThemDifferently) {
     form.Text21 = "32";
     form.Text22 = "64";
     form.Text25 = EMPTY_LAYER_TEXT; // its size counts even so
-    press(editor, "Command2");
+    run_command(*editor.state, Command::refresh_map);
     EXPECT_EQ(std::pair(form.HScroll1.maximum, form.VScroll1.maximum), std::pair(112, 48));
     form.HScroll1.value = 112;
     on_h_scroll(*editor.state);
-    press(editor, "Command3");
+    run_command(*editor.state, Command::build_tileset);
     EXPECT_EQ(form.HScroll1.value, 112); // a tileset build stays where it is
     zoom_out(*editor.state);
     EXPECT_EQ(form.Text4, "2");
@@ -205,7 +206,7 @@ TEST(View, ScrollBarsFollowTheLargestLayerAndBuildsTreatThemDifferently) {
     EXPECT_EQ(std::pair(form.HScroll1.maximum, form.HScroll1.value), std::pair(96, 96));
     form.Text1 = "16";
     form.Text21 = "0";
-    press(editor, "Command2");
+    run_command(*editor.state, Command::refresh_map);
     EXPECT_EQ(std::pair(form.HScroll1.maximum, form.HScroll1.value), std::pair(0, 0));
 }
 
@@ -213,12 +214,12 @@ TEST(View, ZoomKeepsItsBoundsAndDrawsOnlyWithAMap) {
     Editor editor;
     editor.state->display.picture.fill(7);
     for (const char* text : {"0.5", "0.25", "0.25"}) {
-        press(editor, "Command4");
+        run_command(*editor.state, Command::zoom_in);
         EXPECT_EQ(editor.form.Text4, text);
     }
     EXPECT_EQ(editor.state->display.picture.pixels()[0], 7u);
     editor.choose(town);
-    press(editor, "Command4"); // at the bound it still draws
+    run_command(*editor.state, Command::zoom_in); // at the bound it still draws
     EXPECT_NE(editor.state->display.picture.pixels()[0], 7u);
 }
 
@@ -236,12 +237,12 @@ TEST(View, Layer3IsMissingOpaqueOrHalfThere) {
 
 TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
     Town editor;
-    press(editor, "Command3");
+    run_command(*editor.state, Command::build_tileset);
     EditorState& state = editor.s;
     const auto full = pixels_of(editor);
     editor.form.Check5 = editor.form.Check6 = editor.form.Check7 = false;
     on_view_box_change(state);
-    press(editor, "Command2"); // with no box ticked the old picture stays
+    run_command(*editor.state, Command::refresh_map); // with no box ticked the old picture stays
     EXPECT_EQ(pixels_of(editor), full);
     EXPECT_FALSE(state.view_stale);
     editor.form.grid_on = true;
@@ -279,16 +280,18 @@ struct Guards : testing::TestWithParam<bool> {
 };
 
 TEST_P(Guards, TheMenusWriteWithAnImageAloneAndSayTheirTexts) {
-    std::string writing;
-    for (const Command& command : menu_commands()) {
-        if (command.menu == std::string("Mode")) // the worlds have tests of their own
-            continue;
-        run_command(*state, command.guard, command.run);
+    std::vector<Command> writing;
+    for (const Command command : commands(Command::open, Command::show_about)) {
+        if (command == Command::open_world_of_dawn || command == Command::open_world_of_dusk)
+            continue; // have tests of their own
+        run_command(*state, command);
         if (disk.writes != 0)
-            writing += command.control + std::string(" ");
+            writing.push_back(command);
         disk.writes = 0;
     }
-    EXPECT_EQ(writing, GetParam() ? "Expand Dialogue_Patch " : "");
+    EXPECT_EQ(writing, GetParam()
+                           ? (std::vector{Command::expand_rom, Command::apply_dialogue_patch})
+                           : std::vector<Command>{});
     EXPECT_EQ(dialogs.messages,
               (Messages{{"Sorry, nothing here yet.", "Nothing here"},
                         {"Veldrune Map Editor: v1.1\n\nWith thanks to the people who keep old "
@@ -297,10 +300,8 @@ TEST_P(Guards, TheMenusWriteWithAnImageAloneAndSayTheirTexts) {
 }
 
 TEST_P(Guards, ButtonsAndMouseDoNothing) {
-    for (const Command& command : object_window_commands())
-        run_command(*state, command.guard, command.run);
-    for (const ButtonCommand& button : button_commands)
-        run_command(*state, button.guard, button.run);
+    for (const Command command : commands(Command::open_tile_chooser, Command::open_event_editor))
+        run_command(*state, command);
     on_grid_change(*state);
     for (const MouseButton button : {MouseButton::left, MouseButton::right}) {
         on_press(*state, button, 5, 5);

@@ -52,7 +52,7 @@ TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
     // clang-format on
     for (const auto& c : cases) {
         ScriptedDialogs dialogs;
-        const DecimalNumber number = parse_decimal_text(c.text, dialogs);
+        const TextNumber number = parse_decimal_text(c.text, dialogs);
         EXPECT_EQ(std::pair(number.value, number.is_number), std::pair(c.value, c.is_number));
         EXPECT_EQ(decimal_number(c.text).value, c.value) << c.text;
         EXPECT_EQ(dialogs.messages, Messages(c.is_number ? 0 : 1, no_number(c.text, "decimal")))
