@@ -1,3 +1,5 @@
+// Both encoders compared with the search that tries every candidate, on the same inputs.
+
 #include "compression/compress.h"
 #include "compression/literal_encoder.h"
 #include "demo/demo_image.h"
@@ -11,7 +13,6 @@
 #include <memory>
 #include <string>
 
-/// Both encoders beside the search that tries every candidate, on the same inputs.
 namespace veldrune::bench {
 
 namespace {
@@ -31,7 +32,7 @@ void literal(benchmark::State& state, LiteralEncoder* encode, const Bytes& input
         benchmark::DoNotOptimize(encode(input));
 }
 
-/// The input is made when a benchmark runs, so that a filter leaves out its making too.
+// The input is made only when a benchmark runs, so that filtered-out benchmarks cost nothing.
 void pair(const std::string& name, Encoder* encode, LiteralEncoder* reference, auto make_input) {
     using benchmark::RegisterBenchmark;
     RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) {
@@ -52,12 +53,12 @@ void families(const std::string& name, Encoder* encode, LiteralEncoder* referenc
     repeated("/period_2", {1, 2});
     repeated("/period_3", {1, 2, 3});
     pair(name + "/random_bits", encode, reference, [=] { return random_bytes(size, 1, 1); });
-    // As much as fits into a stream.
+    // As many bytes as fit into a stream.
     pair(name + "/random_bytes", encode, reference,
          [=] { return random_bytes(size * 7 / 8, 255, 1); });
 }
 
-/// A world map of the demo image, unpacked.
+// A world map of the demo image, unpacked.
 Bytes demo_world(World world) {
     static const Bytes image = demo::make_demo_image();
     test::MemoryDisk disk;

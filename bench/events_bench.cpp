@@ -1,5 +1,5 @@
 // Scripts of 1000 and 10000 bytes: loading, normalising all commands, encoding; and the wrapping of
-// the longest text. bytes_per_second tells whether the cost grows faster than the script.
+// the longest text. bytes_per_second shows whether the cost grows faster than the script.
 
 #include "dialogue/dialogue_text.h"
 #include "events/script_decoder.h"
@@ -35,7 +35,7 @@ std::vector<std::uint8_t> make_script(Kind kind, std::size_t size) {
         std::vector<std::uint8_t> piece = choice[random() % choice.size()];
         if (kind == Kind::cut)
             piece.resize(5 + 255, 0xFE);
-        if (kind == Kind::dialogues) { // hardly one twice
+        if (kind == Kind::dialogues) { // hardly any number twice
             piece[1] = static_cast<std::uint8_t>(random());
             piece[2] = static_cast<std::uint8_t>(random() % 12);
         }

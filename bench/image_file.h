@@ -10,7 +10,7 @@
 
 namespace veldrune {
 
-/// Says yes to everything.
+/// Answers yes to every question.
 class Agreeing : public Dialogs {
   public:
     void message(MessageKind, const std::string&, const std::string&) override {}
@@ -19,7 +19,7 @@ class Agreeing : public Dialogs {
     std::optional<std::string> save_file_name() override { return std::nullopt; }
 };
 
-/// An image in a file that goes with it. One at a time.
+/// An image in a temporary file, which is removed with the object. One at a time.
 struct ImageFile {
     const std::string path = (std::filesystem::temp_directory_path() /
                               ("veldrune-bench-" + std::to_string(::getpid()) + ".smc"))

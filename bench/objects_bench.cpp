@@ -50,7 +50,7 @@ void load_and_draw_all_objects(benchmark::State& bench) {
     bench.counters["objects"] = 5 * editor.state->objects.lists[ObjectKind::npc].row_count;
 }
 
-// Its floor is picture_memcpy.
+// Its lower bound is picture_memcpy.
 void build_with_all_markers(benchmark::State& bench) {
     FullMap editor;
     for (auto _ : bench)

@@ -14,10 +14,10 @@ using test::literal_compose;
 using test::literal_decode_layer3_tiles;
 using test::literal_decode_layer_tiles;
 
-/// What the bitmaps of a benchmark look like.
+// What the bitmaps of a benchmark look like.
 enum Content { map_like, noise };
 
-/// All that a picture is made from, and the picture.
+// Everything that a picture is made from, and the picture.
 struct Scene {
     FormationCharacters characters;
     CharacterGraphics graphics;
@@ -31,9 +31,9 @@ struct Scene {
     FormationBitmaps bitmaps_copy;
 };
 
-/// Noise: any character, any attribute, any cell. Map-like: whole formations share an attribute,
-/// one in five has priority, a third of the characters and half of layer 3's formations are empty,
-/// and layers are made of runs of the same few formations.
+// Noise: any character, any attribute, any cell. Map-like: whole formations share an attribute,
+// one in five has priority, a third of the characters and half of layer 3's formations are empty,
+// and layers are made of runs of the same few formations.
 std::unique_ptr<Scene> make_scene(Content content) {
     auto scene = std::make_unique<Scene>();
     std::mt19937 random(1);
@@ -70,7 +70,7 @@ std::unique_ptr<Scene> make_scene(Content content) {
     return scene;
 }
 
-/// The floors: the same bytes copied.
+// The lower bounds: copying the same bytes.
 void picture_memcpy(benchmark::State& state) {
     const auto scene = make_scene(noise);
     for (auto _ : state) {
@@ -124,7 +124,7 @@ BENCHMARK(full_view_literal)
     ->ArgsProduct({{map_like, noise}, {32}, {0, 1, 2}})
     ->ArgsProduct({{map_like, noise}, {16, 8, 4}, {2}});
 
-/// One step to the right, left, down or up.
+// One step to the right, left, down or up.
 void scroll_step(benchmark::State& state) {
     const auto scene = make_scene(noise);
     scene->view.cells_across = static_cast<int>(state.range(0));
@@ -152,7 +152,7 @@ void one_cell(benchmark::State& state) {
 }
 BENCHMARK(one_cell)->ArgName("across")->Arg(32)->Arg(16)->Arg(8)->Arg(4);
 
-/// The gain of each vector unit that the processor has, over none.
+// Each vector unit that the processor has, to compare with none.
 void one_cell_with(benchmark::State& state) {
     const auto scene = make_scene(noise);
     const auto unit = static_cast<VectorUnit>(state.range(0));
@@ -167,7 +167,7 @@ BENCHMARK(one_cell_with)->ArgName("unit")->Apply([](auto* benchmark) {
         benchmark->Arg(static_cast<int>(unit));
 });
 
-/// Both layers and layer 3, by the library's decoders or by the literal ones.
+// Both layers and layer 3, by the library's decoders or by the literal ones.
 template <auto& decode_layer, auto& decode_layer3>
 void decode(benchmark::State& state) {
     const auto scene = make_scene(static_cast<Content>(state.range(0)));

@@ -1,4 +1,4 @@
-// The whole road of one map, on a real file with a warm cache, and the paint step.
+// Choosing, building and saving a map, on a real file with a warm cache, and the paint step.
 
 #include "demo/demo_image.h"
 #include "editor/build.h"
@@ -32,7 +32,7 @@ void save_map(benchmark::State& bench) {
 }
 
 // All maps one after the other: the slowest choice, build and save is what counts.
-void whole_road_of_the_slowest_map(benchmark::State& bench) {
+void all_steps_of_the_slowest_map(benchmark::State& bench) {
     OpenEditor editor;
     editor.choose(2);
     for (auto _ : bench) {
@@ -62,7 +62,7 @@ void paint_step(benchmark::State& bench) {
     }
 }
 
-// One world over and over, with the map whose objects it borrows.
+// The same world again and again, with the map whose object lists it uses.
 void open_world(benchmark::State& bench) {
     OpenEditor editor;
     for (auto _ : bench)
@@ -76,7 +76,7 @@ void save_world(benchmark::State& bench) {
         save(*editor.state);
 }
 
-// Its floor is picture_memcpy.
+// Its lower bound is picture_memcpy.
 void world_view(benchmark::State& bench) {
     OpenEditor editor;
     open_world_of_dawn(*editor.state);
@@ -94,7 +94,7 @@ BENCHMARK(world_view)->Unit(benchmark::kMicrosecond);
 BENCHMARK(choose_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(build_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
 BENCHMARK(save_map)->DenseRange(2, 6)->Unit(benchmark::kMicrosecond);
-BENCHMARK(whole_road_of_the_slowest_map)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(all_steps_of_the_slowest_map)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(paint_step)->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -11,14 +11,14 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// Tiles of a map, and single kinds of ground before their edges are drawn.
+// The tiles of a map, or the kinds of ground that they are chosen from.
 struct Field {
     int width;
     int height;
     Bytes cells = Bytes(static_cast<std::size_t>(width * height));
 
     bool contains(int x, int y) const { return x >= 0 && x < width && y >= 0 && y < height; }
-    /// Beyond the edge stands what stands at the edge.
+    // A place outside counts as the nearest one inside.
     std::uint8_t& at(int x, int y) {
         const int column = std::clamp(x, 0, width - 1);
         const int row = std::clamp(y, 0, height - 1);
@@ -30,8 +30,8 @@ struct Field {
     }
 };
 
-/// Random numbers on a lattice, a smooth slope between them, from -1 to 1; octaves of half the
-/// grain and half the height are added.
+// Value noise: random numbers from -1 to 1 on a lattice, interpolated smoothly, and octaves of half
+// the grain and half the height added to them.
 struct Noise {
     std::array<float, 4096> lattice;
 
@@ -61,7 +61,7 @@ struct Noise {
     }
 };
 
-/// Which of the four neighbours are of a lower kind: a shore, a wood's edge, a mountain's foot.
+// Which of the four neighbours are of a lower kind: a shore, a wood's edge, a mountain's foot.
 int edges(Field& kinds, int x, int y) {
     const int kind = kinds.at(x, y);
     return (kinds.at(x, y - 1) < kind) | (kinds.at(x + 1, y) < kind) << 1 |
@@ -74,7 +74,7 @@ void stamp(Field& map, int x, int y, int first_tile, int width, int height) {
             map.put(x + column, y + row, first_tile + row * 16 + column);
 }
 
-/// A house: eaves, ridge and gable of a roof, a wall with windows and a door in its middle.
+// A house: eaves, ridge and gable of a roof, a wall with windows and a door in its middle.
 void house(Field& map, int x, int y, int width) {
     for (int column = 0; column < width; ++column) {
         const int part = column == 0 ? 0 : column == width - 1 ? 2 : 1;

@@ -6,7 +6,7 @@
 
 namespace veldrune::bench {
 
-/// Maps that look like what people draw, row by row, one tile a byte. Same seed, same map.
+/// Maps that look hand-drawn, row by row, one byte per tile. The same seed gives the same map.
 
 /// Grass in a few variants, ponds with shores, paths, woods of 2 by 3 tile trees and houses.
 std::vector<std::uint8_t> sample_layer(int width, int height, unsigned seed);

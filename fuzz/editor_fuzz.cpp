@@ -1,5 +1,5 @@
 // Any bytes as an image, any order of commands, any text in any field: nothing may crash, hang,
-// read or write outside a buffer, or fail to come to an end.
+// read or write outside a buffer, or run without end.
 
 #include "editor/build.h"
 #include "editor/commands.h"
@@ -56,7 +56,7 @@ Bytes any_image(Random& random) {
     }
 }
 
-// Gives most maps some objects, whatever bytes these are.
+// Gives most maps some objects, of any bytes.
 void lay_out_objects(Bytes& image, Random& random) {
     for (const KindPlace& place : kind_places) {
         std::size_t first = 0x400;
@@ -74,7 +74,7 @@ int any_bar_value(Random& random, const ScrollBar& bar) {
                : static_cast<int>(random.engine() % (1u + static_cast<unsigned>(bar.maximum)));
 }
 
-// What the user can do in the object window, with no record in it too.
+// What the user can do in the object window, also without a record in it.
 void any_object_command(EditorState& state, Random& random) {
     Form10& form = state.form10;
     switch (random.below(8)) {

@@ -1,3 +1,5 @@
+// Any bytes as a compressed stream, compared with a decoder that keeps a real ring.
+
 #include "compression/decompress.h"
 #include "support/memory_disk.h"
 
@@ -6,7 +8,6 @@
 #include <bit>
 #include <random>
 
-/// Any bytes as a compressed stream, decoded beside a decoder that keeps a real ring.
 namespace veldrune::test {
 
 namespace {
@@ -40,10 +41,10 @@ Bytes ring_decode(const Bytes& file, std::size_t stream, int limit) {
     return out;
 }
 
-/// A file whose bytes are random, or like a stream's: more or fewer literals, few or many values.
+// A file with a random stream: more or fewer literals, few or many values.
 Bytes random_file(std::mt19937& random, std::size_t stream) {
     const std::size_t size = random() % (1U << random() % 16);
-    const std::size_t literals = random() % 5; // of 4
+    const std::size_t literals = random() % 5; // in 4 items, on average
     const std::size_t values = 1 + random() % 256;
     Bytes file(stream);
     const std::size_t length = random() % 8 == 0 ? random() : size;

@@ -1,7 +1,7 @@
-// Draws the pictures of the documents: opens an image in the real windows, works it by mouse and
-// keyboard, and writes PNGs of the windows. Needs no display.
+// Draws the pictures of the documents: opens an image in the real windows, operates them by mouse
+// and keyboard, and writes PNGs of them. Needs no display.
 //
-// make_screenshots OUT_DIR [IMAGE]        all pictures, of the demo image where none is named
+// make_screenshots OUT_DIR [IMAGE]        all pictures, of the demo image if none is named
 // make_screenshots --window FILE [IMAGE]  the first of them alone
 
 #include "demo/demo_image.h"
@@ -28,10 +28,10 @@ namespace {
 using namespace veldrune;
 using namespace veldrune::demo;
 
-/// What a picture is taken of once its map is built.
+// What a picture is taken of once its map is built.
 enum class Scene { map, whole_map, painting, markers, chooser, world };
 
-/// A picture of the main window, or of the chooser.
+// A picture of the main window, or of the chooser.
 struct Shot {
     const char* file;
     int map;
@@ -50,13 +50,13 @@ constexpr Shot shots[] = {
     {"world-of-dawn.png", 0,                    Scene::world},
     {"world-of-dusk.png", 1,                    Scene::world},
 };
-/// The object window on each of its tabs.
+// The object window on each of its tabs.
 constexpr const char* tab_files[object_tab_count] = {
     "object-npc.png", "object-chest.png", "object-event.png", "object-entrance.png", "object-long-entrance.png",
 };
 // clang-format on
 
-/// The windows over the open image.
+// The windows over the open image.
 struct Stage {
     std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;
@@ -80,7 +80,7 @@ struct Stage {
     }
 };
 
-/// The window of a form that must show by now.
+// The window of a form, which must be visible.
 QWidget& shown(const char* form) {
     QWidget* window = test::visible_window(form);
     if (!window)
@@ -95,14 +95,14 @@ bool write(const QPixmap& picture, const QString& file) {
     return written;
 }
 
-/// With the grid on, picks a tile of the path and draws a way up to the trees with it.
+// With the grid on, picks a tile of the path and draws a way up to the trees with it.
 void paint(const test::WindowDriver& user) {
     user.click("Option4");
     user.click_picture(464, 430, Qt::RightButton);
     user.drag({{464, 368}, {464, 336}, {464, 304}, {432, 304}, {400, 304}, {400, 272}});
 }
 
-/// The chooser with the palette beside it.
+// The chooser with the palette beside it.
 QPixmap chooser(const test::WindowDriver& user) {
     user.click("Command1");
     QTest::qWait(20);
@@ -117,7 +117,7 @@ QPixmap chooser(const test::WindowDriver& user) {
     return both;
 }
 
-/// Shows a part of the world of map 0 or 1, with its markers.
+// Shows a part of the world of map 0 or 1, with its markers.
 void open_world(int map, const test::WindowDriver& user) {
     user.click("Check3");
     user.click("Check4");
@@ -151,7 +151,7 @@ bool take(const Shot& shot, const QString& image, const QString& file) {
     return write(stage.window.grab(), file);
 }
 
-/// The script of the town's first NPC, with the edit box over the number of a dialogue.
+// The script of the town's first NPC, with the edit box over the number of a dialogue.
 bool take_script(const test::WindowDriver& object_window, const QString& file) {
     auto& tabs = object_window.find<QTabBar>("TabStrip1");
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
@@ -170,8 +170,8 @@ bool take_script(const test::WindowDriver& object_window, const QString& file) {
     return write(window.grab(), file);
 }
 
-/// Clicks through the town until an object opens; then every tab has the town's first record, and
-/// the Event Editor the script of the first of all.
+// Clicks through the town until an object opens. Then draws each tab with the town's first record
+// of its kind, and the Event Editor with the first NPC's script.
 bool take_objects(const QString& image, const QString& folder) {
     const Stage stage(image);
     stage.show_objects();
@@ -193,8 +193,8 @@ bool take_objects(const QString& image, const QString& folder) {
     return take_script(test::WindowDriver(*window), folder + "/event-editor.png") && written;
 }
 
-/// Writes the demo image into folder, makes that the current one, so that no other name shows in
-/// the pictures, and returns the image's name.
+// Writes the demo image into folder and returns its name. Makes folder the current directory, so
+// that no path shows in the pictures.
 QString demo_image_in(const QTemporaryDir& folder) {
     const std::vector<std::uint8_t> bytes = make_demo_image();
     QDir::setCurrent(folder.path());

@@ -49,7 +49,7 @@ class OpenEventEditor {
         QTest::keyClick(&user.find("Text3"), Qt::Key_Return);
         draw();
     }
-    /// What follows every edit in any window, a move of the mouse over the map too.
+    // What follows every edit in any window, and every move of the mouse over the map.
     void show_all() {
         const Gate edit = windows_.gate(*window_);
         edit([] {});
@@ -82,7 +82,7 @@ void load_and_draw(benchmark::State& bench) {
     bench.counters["rows"] = static_cast<double>(editor.state().form9.grid.size());
 }
 
-/// "Add Item" in the middle, and Escape.
+// "Add Item" in the middle, and Escape.
 void add_and_draw(benchmark::State& bench) {
     OpenEventEditor editor;
     on_script_click(editor.state(), 5000, primary);

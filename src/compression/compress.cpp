@@ -12,7 +12,7 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little, "words are read with byte 0 lowest");
 
-/// Which one of equally long runs an encoder takes.
+// Which of several equally long runs an encoder takes.
 enum class Tie { nearest, farthest };
 
 struct Match {
@@ -22,12 +22,12 @@ struct Match {
 
 constexpr int block_size = 16384;
 
-/// A stretch of block_size positions of the input and the window before it. Every position stands
-/// in a list, the list of those whose three bytes have the same hash, in the order in which the
-/// encoder prefers them. Positions in here count from origin_.
-///
-/// Before the input there are only zeros. The first longest_run positions before it are listed;
-/// every one further below has the same bytes as the last of them.
+// A block of block_size input positions and the window before it. The positions whose three bytes
+// have the same hash form a linked list, in the order in which the encoder prefers them. Inside the
+// class positions count from origin_.
+//
+// Before the input there are only zeros. The lists begin longest_run positions before it: a run
+// from any earlier position has the same bytes as one from there.
 template <int window, Tie tie>
 class Block {
   public:
@@ -47,8 +47,8 @@ class Block {
             list_falling(end);
     }
 
-    /// The longest run in the window before position, which must lie in the block. Its length is
-    /// below shortest_run where there is none.
+    // The longest run in the window before position, which must lie in the block. If there is none,
+    // its length is below shortest_run.
     Match longest_match(int position) const {
         const int pos = position - origin_;
         const int low = pos - window;
@@ -68,7 +68,7 @@ class Block {
             shift = shift_beyond(length);
             if (length == longest_run)
                 break;
-            // Every longer run stands in both lists: the one that skips more is followed.
+            // Every longer run is in both lists: the one that skips more is followed.
             const Cursor tail = tail_list(pos, best);
             if (is_beyond(tail.candidate(), next.candidate()))
                 next = tail;
@@ -82,17 +82,17 @@ class Block {
   private:
     static constexpr std::int16_t none = INT16_MIN; // the end of a list, below every window
 
-    /// A place in the list of the bytes offset to offset + 2 behind pos: the candidate that has
-    /// them there begins offset bytes before the entry.
+    // An entry in the list of the three bytes at pos + offset. A candidate run that has these bytes
+    // at the same place begins offset bytes before the entry.
     struct Cursor {
         int entry;
         int offset;
         int candidate() const { return entry - offset; }
     };
 
-    /// A run longer than best also agrees in the byte that ended best, so its position stands in
-    /// the list of the three bytes that end there: its first entry behind best, if two steps reach
-    /// it.
+    // A run longer than best also matches the byte at which best ended, so it is in the list of the
+    // three bytes that end there. Returns the first entry of that list beyond best, or the entry
+    // that two steps reach.
     Cursor tail_list(int pos, const Match& best) const {
         const int offset = best.length - 2;
         Cursor tail{first_entry(pos + offset), offset};
@@ -105,8 +105,8 @@ class Block {
         for (int i = longest_run; i < end; ++i)
             put_in_list(i);
     }
-    /// When a position comes to the head of its list, the heads are the first entries for the
-    /// position a window further on.
+    // Once position i is in its list, the head of every list is the preferred entry for position
+    // i + window.
     void list_falling(int end) {
         for (int i = end - 1; i >= longest_run - window; --i) {
             if (i >= longest_run)
@@ -120,13 +120,13 @@ class Block {
         link_[index(at)] = head;
         head = static_cast<std::int16_t>(at);
     }
-    /// The preferred one of the positions in the window before at with the three bytes at at.
+    // The preferred position before at whose three bytes have the same hash.
     int first_entry(int at) const { return tie == Tie::nearest ? link(at) : first_[index(at)]; }
     int link(int at) const { return link_[index(at)]; }
     static bool is_beyond(int a, int b) { return tie == Tie::nearest ? a < b : a > b; }
 
-    /// What leaves of the difference of two words the bytes in which a run longer than length
-    /// agrees.
+    // The left shift that keeps, of the difference of two words, the bytes that must agree for a
+    // run longer than length.
     static int shift_beyond(int length) { return std::max(56 - 8 * length, 0); }
     int match_length(int a, int b) const {
         for (int n = 0; n < longest_run; n += 8)
@@ -145,20 +145,20 @@ class Block {
     static constexpr int position_count = longest_run + window + block_size + longest_run;
     int origin_;
     std::array<std::uint8_t, position_count + 8> text_{};
-    std::array<std::int16_t, position_count> link_;  // the next one in each position's list
-    std::array<std::int16_t, position_count> first_; // used where the farthest is preferred
+    std::array<std::int16_t, position_count> link_;  // the next entry of the position's list
+    std::array<std::int16_t, position_count> first_; // first_entry for Tie::farthest
     std::array<std::int16_t, 1 << 12> head_;
 };
 
-/// A stream as it grows: groups of eight items, each behind a control byte that has a bit set for
-/// every literal.
+// Writes a stream: groups of a control byte and up to eight items. A control bit is set for a
+// literal.
 class Writer {
   public:
     Writer(CompressOutput& output, std::size_t limit) : output_(output), limit_(limit) {
         output_[control_at_] = 0;
     }
 
-    /// These are false where the stream would grow beyond its limit.
+    // Both return false if the stream would exceed its limit.
     bool put_literal(std::uint8_t byte) {
         if (!begin_item(1, 1))
             return false;
@@ -175,7 +175,7 @@ class Writer {
         return true;
     }
 
-    /// Puts the length field in its place and returns the length.
+    // Writes the length field and returns the length.
     std::size_t finish() {
         output_[0] = static_cast<std::uint8_t>(out_);
         output_[1] = static_cast<std::uint8_t>(out_ >> 8);
@@ -183,7 +183,7 @@ class Writer {
     }
 
   private:
-    /// A control byte follows on a full group only when another item comes.
+    // The control byte of the next group is written only when there is an item for it.
     bool begin_item(int control_bit, std::size_t size) {
         const bool group_full = count_ == 8;
         if (out_ + (group_full ? 1 : 0) + size > limit_)

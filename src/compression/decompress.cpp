@@ -7,13 +7,13 @@ namespace veldrune {
 
 namespace {
 
-/// The decoder's output index p and the highest index that it may take.
+// The decoder's output index p and the highest index that it may take.
 struct Output {
     std::uint8_t* bytes;
     int limit;
     int p = 0;
 
-    /// False where the output is full.
+    // False if the output is full.
     bool put(std::uint8_t byte) {
         if (p > limit)
             return false;
@@ -21,9 +21,9 @@ struct Output {
         return true;
     }
 
-    /// A reference is one word: LLLLLPPP PPPPPPPP, the run's length - 3 and its ring position. The
-    /// run is taken from the last ring_size positions, the guard included, byte by byte, so that it
-    /// may repeat what it has just written.
+    // A reference is one word: LLLLLPPP PPPPPPPP, the run's length - 3 and its ring position. The
+    // run is taken from the last ring_size positions, the guard included, byte by byte, so that it
+    // may repeat bytes that it has just written.
     bool put_run(int reference) {
         const int length = (reference >> 11) + shortest_run;
         int q = reference % ring_size - ring_start;
@@ -36,9 +36,9 @@ struct Output {
     }
 };
 
-/// A stream is its length and then groups: a control byte and up to eight items, a literal byte for
-/// each set bit and a reference for each clear one, from the lowest bit up. Only its length ends
-/// it. stream holds one byte more than that, for a reference that begins with the last one.
+// A stream is its length and then groups: a control byte and up to eight items, a literal byte for
+// each set bit and a reference for each clear one, from the lowest bit up. Only the length ends it.
+// stream holds one byte more than that, for a reference that begins at the last byte.
 void decode(std::span<const std::uint8_t> stream, Output output) {
     const std::size_t last = stream.size() - 2;
     for (std::size_t r = 2; r < last;) {

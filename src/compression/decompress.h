@@ -18,7 +18,7 @@ inline constexpr int layer_output_limit = 8192; // layers, formation sets, layer
 inline constexpr int world_graphics_output_limit = 16384;
 inline constexpr int world_map_output_limit = 65536;
 
-/// The longest stream that the decoders of the world maps take: they count with a sign.
+/// The longest stream that the decoders of the world maps accept: their length is a signed word.
 inline constexpr int longest_world_stream = 0x7FFF;
 
 /// The decoder's linear output, with a guard below index 0 that always reads as zero.
@@ -32,11 +32,10 @@ class DecompressBuffer {
     std::array<std::uint8_t, ring_size + world_map_output_limit + 1> bytes_{};
 };
 
-/// Decodes the stream whose length field stands at file offset stream_offset into buffer, from
-/// index 0 on, and no further than output_limit, which is one of the three limits above. What the
-/// stream does not reach is zero up to output_limit; a longer one than its decoder takes has no
-/// items. A bad stream gives wrong bytes and nothing
-/// worse.
+/// Decodes the stream whose length field is at file offset stream_offset into buffer, from index 0
+/// to output_limit at most, which is one of the three limits above. Indices that the stream does
+/// not reach are zero up to output_limit; a stream longer than its decoder accepts leaves all of
+/// them zero. A damaged stream gives wrong bytes and does no other harm.
 void decompress_stream(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
                        int output_limit);
 

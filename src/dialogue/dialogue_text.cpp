@@ -61,7 +61,7 @@ std::size_t count_from(std::string_view text, std::string_view what, std::size_t
 }
 
 // Where the line that begins at start ends: at a line break within its width, at the last blank
-// there, or else at whichever of the two comes first behind it.
+// there, or else at whichever of the two comes first after it.
 std::size_t line_end(std::string_view text, std::size_t start) {
     const std::string_view reach = text.substr(start, line_width + line_break.size() - 1);
     if (const std::size_t at = reach.find(line_break); at != none)
@@ -75,8 +75,8 @@ std::uint8_t count_options(std::string_view text) {
     return static_cast<std::uint8_t>(count_from(text, option_marker, 1));
 }
 
-// Where the text of a number begins, or -1, from which nothing is read, where its table entry
-// leaves the file.
+// File offset of a dialogue's text; -1, where nothing can be read, if its table entry is outside
+// the file.
 std::int64_t text_offset(const RomImage& rom, bool dialogue_patched, int number) {
     constexpr std::int64_t outside = -1;
     std::array<std::uint8_t, 3> entry{};
@@ -99,7 +99,7 @@ std::string_view decode_dialogue_byte(std::uint8_t byte) {
 
 DialogueText wrap_dialogue(std::string text) {
     std::size_t lines = 1;
-    std::size_t start = 0; // behind the last place that has ended a line
+    std::size_t start = 0; // after the last place that has ended a line
     while (text.size() > line_width && text.size() - start >= line_width) {
         const std::size_t end = line_end(text, start);
         if (end == none)

@@ -8,25 +8,25 @@
 
 namespace veldrune {
 
-/// No text reads more bytes of the image than this.
+/// The most bytes of the image that are read for one text.
 inline constexpr std::size_t longest_dialogue = 4096;
 
-/// A dialogue as it shows in a cell.
+/// A dialogue as a cell of the Event Editor shows it.
 struct DialogueText {
-    std::string text;              // wrapped: lines parted by "\r\n", or by the wrapping's "\r"
-    std::uint8_t line_count = 0;   // one more than there are lines
+    std::string text;              // lines end with "\r\n", or with "\r" where they were wrapped
+    std::uint8_t line_count = 0;   // one more than the number of lines
     std::uint8_t option_count = 0; // choices that it offers
 };
 
 /// The text that a byte of a dialogue stands for.
 std::string_view decode_dialogue_byte(std::uint8_t byte);
 
-/// Breaks a text into lines of at most 33 characters where it has blanks to do so, and counts its
-/// lines and options.
+/// Breaks a text at its blanks into lines of at most 33 characters, and counts lines and options. A
+/// longer word is not broken.
 DialogueText wrap_dialogue(std::string text);
 
-/// The dialogue of this number, by the new table of an image with the Dialogue Patch or by the old
-/// one. A number past the table reads what lies there; what leaves the file ends there.
+/// The dialogue of this number, by the table of the Dialogue Patch if the image has it, else by the
+/// original one. A number past the table reads what lies there. A text ends at the end of the file.
 DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int number);
 
 } // namespace veldrune

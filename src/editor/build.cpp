@@ -12,41 +12,41 @@
 namespace veldrune {
 namespace {
 
-int built_number(const EditorState& state, std::string Form1::*field) {
+int field_number(const EditorState& state, std::string Form1::*field) {
     return parse_decimal_text(state.form1.*field, state.dialogs).value;
 }
 
-// Reads the first frames of the animated tiles anew. Returns the numbers that it goes by.
+// Reads the first frames of the animated tiles again. Returns the numbers read so far.
 TileNumbers refresh_anim_tiles(EditorState& state) {
     TileNumbers numbers;
-    numbers.animated_tileset = built_number(state, &Form1::Text18);
-    numbers.layer3_graphics = built_number(state, &Form1::Text23);
+    numbers.animated_tileset = field_number(state, &Form1::Text18);
+    numbers.layer3_graphics = field_number(state, &Form1::Text23);
     refresh_first_frames(state.rom, numbers.animated_tileset, state.map.anim_tiles);
     return numbers;
 }
 
 int tileset_number(const EditorState& state, std::string Form1::*field) {
-    const int number = built_number(state, field);
+    const int number = field_number(state, field);
     if (number >= rom_layout::tileset_count)
         state.dialogs.error("There is no tileset " + std::to_string(number) + ": the highest is " +
                             std::to_string(rom_layout::tileset_count - 1) + ".");
     return number;
 }
 
-// The other numbers, in the order in which texts that are none are warned of.
+// Reads the other numbers. Their order is that of the warnings about texts that are not numbers.
 void read_tile_numbers(const EditorState& state, TileNumbers& numbers) {
     for (std::size_t group = 0; group < numbers.tilesets.size(); ++group)
         numbers.tilesets[group] = tileset_number(state, tileset_controls[group]);
-    numbers.palette = built_number(state, &Form1::Text13);
+    numbers.palette = field_number(state, &Form1::Text13);
     for (const std::size_t layer : {1u, 0u})
-        numbers.formations[layer] = built_number(state, layer_controls[layer].formation);
+        numbers.formations[layer] = field_number(state, layer_controls[layer].formation);
 }
 
-// Sizes that are no numbers are told here, once a build; compositions read them silently.
+// Sizes that are not numbers are reported here, once per build; compositions read them silently.
 void warn_about_sizes(const EditorState& state) {
     for (const auto size : {&LayerControls::width, &LayerControls::height})
         for (const LayerControls& controls : layer_controls)
-            built_number(state, controls.*size);
+            field_number(state, controls.*size);
 }
 
 void show_map(EditorState& state) {

@@ -4,12 +4,12 @@
 
 namespace veldrune {
 
-/// "Build Tileset": decodes the tiles that the fields name and draws the map where it stands. Does
-/// nothing without an image and a selected map.
+/// "Build Tileset": decodes the tiles that the fields name and draws the map at the present
+/// scroll position. For an open image and a selected map.
 void build_tileset(EditorState& state);
 
-/// "Build/Refresh Map": draws the map from its top left corner with the tiles as they are. The
-/// same guard.
+/// "Build/Refresh Map": draws the map from its top left corner with the tiles as they are. For an
+/// open image and a selected map.
 void refresh_map(EditorState& state);
 
 /// Draws the current tile of the edit layer into Picture3.

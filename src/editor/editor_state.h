@@ -20,15 +20,15 @@
 
 namespace veldrune {
 
-/// Buffers without meaning between operations.
+/// Scratch buffers, without meaning between operations.
 struct WorkSpace {
     DecompressBuffer decompress_buffer;
     CompressOutput compress_output{};
 };
 
-/// Everything the editor knows, held once, on the heap: the image, the windows, and what was read
+/// The whole state of the editor, one object on the heap: the image, the windows, and what was read
 /// from the image, each group with the image that it was read from. The windows show it and change
-/// it through the operations of this folder alone.
+/// it only through the operations of this folder.
 struct EditorState {
     EditorState(FileLayer& files, Dialogs& dialog_port) : rom(files), dialogs(dialog_port) {}
 
@@ -56,7 +56,7 @@ struct EditorState {
     bool world_map_open = false; // Save and Save As take the world map's path
     bool view_stale = false;     // a "View Layer" box changed since the last full composition
     bool painting = false;       // a drag paints
-    bool tile_picked = false;    // the press was a pick: the coming click must not paint
+    bool tile_picked = false;    // the press was a pick: the click after it must not paint
     PatchFlags patch_flags{};    // the patch marks of all images opened so far
     float zoom = 1.0f;           // 0.25, 0.5, 1 or 2; a smaller value is a closer view
     std::string rom_path;        // path of the open image, as Label20 shows it

@@ -8,18 +8,18 @@ namespace veldrune {
 /// shown.
 void clear_map(EditorState& state);
 
-/// "Copy Tile Formations": keeps the record in memory, without what has been typed since.
+/// "Copy Tile Formations": copies the record in memory, without unsaved texts in the fields.
 void copy_properties(EditorState& state);
 
-/// "Paste Tile Formation": puts the kept record in the place of the one in memory and shows it in
-/// the fields. Does nothing without an image and a chosen map.
+/// "Paste Tile Formation": replaces the record in memory by the copied one and shows it in the
+/// fields. Does nothing without an image and a chosen map.
 void paste_properties(EditorState& state);
 
 /// "Memory Manager" and "About": a message each.
 void show_memory_manager(EditorState& state);
 void show_about(EditorState& state);
 
-/// "Expand Rom to 32mbit" and "Dialogue Patch" on the open image, at once.
+/// "Expand Rom to 32mbit" and "Dialogue Patch" on the open image, written at once.
 void expand_rom(EditorState& state);
 void apply_dialogue_patch(EditorState& state);
 

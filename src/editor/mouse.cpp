@@ -18,7 +18,7 @@ struct Cursor {
     std::int64_t column;
     std::int64_t row;
     bool in_picture;
-    bool in_map; // and inside the LayerMap, or the world map
+    bool in_map; // in_picture, and inside the LayerMap or the world map
 };
 
 Cursor locate_cursor(const EditorState& state, int x, int y) {
@@ -77,7 +77,7 @@ void pick_map_tile(EditorState& state, const Cursor& cursor) {
     state.form1.tool = Tool::draw;
 }
 
-// Unlike a pick on a map it leaves the tool, and the coming click may paint.
+// Unlike a pick on a map, it does not change the tool, and the click after it may paint.
 void pick_world_tile(EditorState& state, const Cursor& cursor) {
     if (!cursor.in_map)
         return;

@@ -6,9 +6,8 @@ namespace veldrune {
 
 enum class MouseButton { left, right };
 
-// The mouse on the map picture. x and y are pixels from the picture's top left, and may lie outside
-// it while a button is held down.
-
+/// The mouse on the map picture. x and y are pixels from the picture's top left, and may lie
+/// outside it while a button is held down.
 void on_press(EditorState& state, MouseButton button, int x, int y);
 void on_move(EditorState& state, int x, int y);
 void on_release(EditorState& state);

@@ -18,8 +18,8 @@ void read_object_counts(EditorState& state) {
     form.Label30 = std::to_string(objects[entrance].count + objects[long_entrance].count);
 }
 
-// A record of another map or image must not stay in the object window, nor rows that the disk has
-// refused to give in a list: a save would put them where they don't belong.
+// The object window must not keep a record of another map or image, nor a list rows that the disk
+// has refused to give: a save would write them where they don't belong.
 void read_object_lists(EditorState& state, ObjectKinds kinds) {
     const ReadWatch reads(state.rom);
     ObjectLists& lists = state.objects.lists;

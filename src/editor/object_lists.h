@@ -4,12 +4,13 @@
 
 namespace veldrune {
 
-/// Renews the counts of the five lists for row form1.Combo1 of the map list and shows them beside
-/// the boxes. The rows stay.
+/// Reads the counts of the five lists for row form1.Combo1 of the map list and shows them beside
+/// the check boxes. The rows stay as they are.
 void read_object_counts(EditorState& state);
 
-/// Reads the rows of the kinds for row form1.Combo1 of the map list. Lists that the disk refuses to
-/// give are empty, which is reported. The object window drops a record of another map or image.
+/// Reads the rows of the kinds for row form1.Combo1 of the map list. If the disk refuses a read,
+/// all lists are emptied, which is reported. The object window drops a record of another map or
+/// image.
 void read_object_lists(EditorState& state, ObjectKinds kinds);
 
 } // namespace veldrune

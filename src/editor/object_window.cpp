@@ -18,14 +18,14 @@ bool has_row(const EditorState& state, int index) {
     return index >= 0 && index < chosen_list(state).row_count;
 }
 
-// The place where the Event Editor would save stays: it may stand open on this object's script.
+// Keeps the offset that the Event Editor saves to: it may be open on this object's script.
 void forget_object(EditorState& state) {
     SelectedObject none;
     none.script_offset = state.objects.selected_object.script_offset;
     state.objects.selected_object = none;
 }
 
-// The list of Combo2 is the directions for an NPC and the items for a chest.
+// Combo2 lists the directions for an NPC and the items for a chest.
 void fill_lists(EditorState& state) {
     std::vector<std::string>& lines = state.form10.Combo2_lines;
     if (chosen_kind(state) == ObjectKind::npc)
@@ -66,13 +66,13 @@ void load_selected_record(EditorState& state, int index) {
     show_record_number(state, index);
 }
 
-// Whether the fields of the preview can be read: an NPC stands in them, and neither is blank.
+// Whether the preview can be drawn: an NPC is loaded, and neither of the two fields is blank.
 bool has_preview(const EditorState& state) {
     return state.objects.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
            !is_blank(state.form10.Text2) && !is_blank(state.form10.Text7);
 }
 
-// What has been typed so far, which is left as it was typed.
+// The number typed so far. The field's text stays as it was typed.
 std::int32_t typed_number(const EditorState& state, std::string text) {
     return parse_hex_text(text, state.dialogs);
 }

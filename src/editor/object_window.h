@@ -4,14 +4,14 @@
 
 namespace veldrune {
 
-/// The kind whose tab form10.TabStrip1 has chosen.
+/// The kind of the tab that form10.TabStrip1 has chosen.
 ObjectKind chosen_kind(const EditorState& state);
 
 /// Shows record index of a kind in the object window.
 void open_object(EditorState& state, ObjectKind kind, int index);
 
 /// A click with the object tool: opens every object on tile (x, y) whose kind is shown, one after
-/// the other, so that the last one stays. Of a world map only what it has.
+/// the other, so that the last one stays. On a world map only the kinds that it has.
 void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y);
 
 /// Drops the record: the fields are blank and disabled until another one is loaded.
@@ -28,7 +28,7 @@ void on_record_scroll(EditorState& state);
 void on_palette_text(EditorState& state);
 void on_sprite_text(EditorState& state);
 
-/// "Save": packs the fields and writes the record into the image, at once.
+/// "Save": packs the fields and writes the record into the image at once.
 void save_object(EditorState& state);
 
 /// After the user has closed the window.

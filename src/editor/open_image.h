@@ -9,11 +9,11 @@ namespace veldrune {
 /// Open: asks for a file name and opens that image. Cancel changes nothing.
 void open_image(EditorState& state);
 
-/// Opens the image at path in the place of the open one and enables the map list. Where that fails
-/// the former image stays open and nothing is said.
+/// Opens the image at path instead of the open one and enables the map list. If that fails, the
+/// former image stays open and no message is shown.
 void open_image_file(EditorState& state, const std::string& path);
 
-/// Shows path as that of the open image.
+/// Keeps and shows path as that of the open image.
 void take_over_path(EditorState& state, const std::string& path);
 
 } // namespace veldrune

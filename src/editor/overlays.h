@@ -4,11 +4,11 @@
 
 namespace veldrune {
 
-/// The last step of every drawing of a map: reads the object lists anew and outlines the objects of
-/// the kinds that are shown.
+/// The last step of every drawing of a map: reads the object lists again and outlines the objects
+/// of the kinds that are shown.
 void draw_objects(EditorState& state);
 
-/// The grid, where it is on, and the objects over the picture of a map as it stands.
+/// Draws the grid, if it is on, and the objects over the present picture of a map.
 void draw_overlays(EditorState& state);
 
 /// Outlines the objects of a world map, whose lists are read when it is opened.

@@ -8,12 +8,12 @@
 namespace veldrune {
 namespace {
 
-// Where the world map, or the map, that a save would write was read from; nothing without one.
+// The image that the map or world map to be saved was read from; nothing if none has been read.
 const std::optional<ImageSource>& source_of_save(const EditorState& state) {
     return state.world_map_open ? state.world.source : state.map.source;
 }
 
-// A map that was read from another image is saved only where the user wants that.
+// A map that was read from another image is saved only if the user agrees.
 bool may_save_foreign_map(EditorState& state) {
     const std::optional<ImageSource>& source = source_of_save(state);
     return !source || is_from(source, state.rom) ||
@@ -31,10 +31,10 @@ bool refuse(EditorState& state, const std::string& why) {
     return false;
 }
 
-// Makes a copy of the open image, unless path names that image itself, and opens it. What is in
-// memory of the original belongs to the copy from then on. False, with the former image open, where
-// that fails; it has been told.
-bool go_on_in_copy(EditorState& state, const std::string& path) {
+// Makes a copy of the open image, unless path names that image itself, and opens it. What was
+// read from the original counts as read from the copy from then on. False on failure, which has
+// been reported; the former image is then still open.
+bool switch_to_copy(EditorState& state, const std::string& path) {
     const FileIdentity original = state.rom.identity();
     if (!state.rom.is_file(path) && !state.rom.copy_to(path))
         return refuse(state, "The image could not be copied to " + path + ".");
@@ -58,7 +58,7 @@ bool save_properties_as(EditorState& state) {
                                   state.map.map_index, state.dialogs);
 }
 
-// True where the whole map has been written; the open image holds it from then on.
+// True if the whole map has been written; it then counts as read from the open image.
 bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
     if (!save_all_layers(state) || !save_the_properties(state))
         return false;
@@ -75,7 +75,7 @@ void save_world(EditorState& state) {
     state.world.source = source_of(state.rom);
 }
 
-// Whether the copy takes over the name. After a world map it does, whatever became of the save.
+// Whether the window shows the copy's path from now on: with a world map even if the save failed.
 bool save_into_copy(EditorState& state) {
     if (!state.world_map_open)
         return save_map(state, save_properties_as);
@@ -96,7 +96,7 @@ void save(EditorState& state) {
 
 void save_as(EditorState& state) {
     const auto path = state.dialogs.save_file_name();
-    if (!path || !may_save_foreign_map(state) || !go_on_in_copy(state, *path))
+    if (!path || !may_save_foreign_map(state) || !switch_to_copy(state, *path))
         return;
     if (!source_of_save(state) || save_into_copy(state))
         take_over_path(state, *path);

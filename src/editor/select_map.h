@@ -8,13 +8,13 @@ namespace veldrune {
 /// Rows of the map list.
 inline constexpr int map_list_rows = rom_layout::map_count;
 
-/// A choice in the map list, of the current row too: leaves the world map, asks about unsaved
-/// changes, and loads the record, the fields and the three layers of row form1.Combo1. Draws
-/// nothing.
+/// After a choice in the map list, also of the current row: leaves the world map, asks about
+/// unsaved changes, and loads the record, the fields and the three layers of row form1.Combo1.
+/// Draws nothing.
 void select_map(EditorState& state);
 
-/// Reports a read that the disk has refused. What was read from source is then not what the image
-/// holds, and must not be saved over that: it counts as never read.
+/// Reports a read that the disk has refused, and then resets source: what is in memory is not what
+/// the image holds and must not be saved over it, so it counts as never read.
 void report_map_refusal(const ReadWatch& reads, std::optional<ImageSource>& source,
                         Dialogs& dialogs);
 

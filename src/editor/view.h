@@ -4,7 +4,7 @@
 
 namespace veldrune {
 
-/// What the next composition will show, from the fields, boxes and scroll bars as they stand.
+/// What the next composition will show, from the present fields, boxes and scroll bars.
 MapView map_view(const EditorState& state);
 
 /// Whether at least one "View Layer" box is ticked.

@@ -16,12 +16,12 @@ inline constexpr float farthest_zoom = 2.0f;
 int cells_across(float zoom);
 int tile_size(float zoom);
 
-/// Where the view of a map, or of a world map, stands by its scroll bars at a zoom. A world map is
-/// drawn at the farthest zoom alone.
+/// The part of a map, or of a world map, in view, by its scroll bars and the zoom. A world map is
+/// drawn only at the farthest zoom.
 ViewPlace map_place(const Form1& form, float zoom);
 ViewPlace world_place(const Form1& form, float zoom = farthest_zoom);
 
-/// The scroll bars of a world map or of a map, in the place of the other ones.
+/// Shows the scroll bars of a world map or those of a map, and hides the others.
 void show_scroll_bars(Form1& form, bool world);
 
 } // namespace veldrune

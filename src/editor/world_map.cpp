@@ -16,9 +16,9 @@ void show_world_controls(EditorState& state) {
     state.form1.Text24_visible = true;
 }
 
-// Leaves the world map for the map in the list and comes back, whatever the user answers there. The
-// lists of the former map stay where the answer is Cancel.
-void borrow_objects(EditorState& state) {
+// Chooses the map whose object lists the world uses, and returns to the world whatever the user
+// answers to the question about unsaved changes. On Cancel the lists of the former map stay.
+void load_world_objects(EditorState& state) {
     state.form1.Combo1 = world_row(state.world.world).map;
     select_map(state);
     const bool chosen = state.changes_saved;
@@ -39,7 +39,7 @@ void open_world_map(EditorState& state, World world) {
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
     draw_world_view(state);
     report_map_refusal(reads, state.world.source, state.dialogs);
-    borrow_objects(state);
+    load_world_objects(state);
     draw_world_objects(state);
     show_scroll_bars(state.form1, true);
 }

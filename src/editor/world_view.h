@@ -4,10 +4,10 @@
 
 namespace veldrune {
 
-/// Draws the world's tiles where its scroll bars stand, and the grid where it is on.
+/// Draws the world's tiles at the position of its scroll bars, and the grid if it is on.
 void draw_world_view(EditorState& state);
 
-/// The same with the objects: after a change of HScroll2 or VScroll2 by the user, too.
+/// The same with the objects. Also called after a change of HScroll2 or VScroll2 by the user.
 void refresh_world_view(EditorState& state);
 
 /// Draws the current tile of the world's sheet into Picture3.

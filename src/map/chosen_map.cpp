@@ -30,7 +30,7 @@ void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, Chos
     map.source = source_of(rom);
     map.map_properties = map.record_at_load = record;
     map.layer3_order = read_layer3_order(rom, record);
-    // Four bits of byte 27, while the field and the build take five.
+    // The load takes four bits of byte 27, the field and the build take five.
     fill_anim_tile_table(rom, record[27] & 0x0F, map.anim_tiles);
     for (int layer = 0; layer < layer_count; ++layer) {
         Layer& loaded = map.layers[static_cast<std::size_t>(layer)];

@@ -20,8 +20,8 @@ struct ChosenMap {
     AnimTileTable anim_tiles{};
 };
 
-/// Loads a map, 0 to 413, from its record: the layers in the sizes that stand there, what lies
-/// outside them staying as it was, and all entries of the animated tiles.
+/// Loads a map, 0 to 413, from its record: the layers in the sizes given there, and all entries of
+/// the animated tiles. Cells outside a layer keep what they held.
 void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, ChosenMap& map);
 
 /// The size of a layer, 0 to 2, by the record.

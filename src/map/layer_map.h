@@ -10,20 +10,20 @@
 namespace veldrune {
 
 inline constexpr int layer_count = 3;
-/// No layer reaches beyond this many tiles.
+/// The largest layer that is kept in memory, in tiles.
 inline constexpr int max_layer_width = 128;
 inline constexpr int max_layer_height = 64;
 
-/// One layer in memory: a formation number for every 16 by 16 pixel tile. A row is 129 bytes long.
+/// One layer in memory: a formation number for every 16 by 16 pixel tile, in rows of 129 bytes.
 using LayerMap = TileGrid<129, 65>;
 
-/// Tiles in a row of a layer, and its rows.
+/// The size of a layer in tiles.
 struct LayerSize {
     int width = 0;
     int height = 0;
 };
 
-/// A layer of the chosen map and what is kept of its loading.
+/// A layer of the chosen map, and facts about the stream that it was loaded from.
 struct Layer {
     LayerMap map;
     std::int32_t layer_offset = 0; // offset of its stream from rom_layout::layer_data
@@ -35,8 +35,8 @@ struct Layer {
 /// What lies beyond 128 by 64 tiles is not loaded, and cells outside the layer keep what they held.
 void load_layer(const RomImage& rom, LayerSize size, DecompressBuffer& buffer, Layer& layer);
 
-/// Copies width by height tiles row by row into bytes, without gaps. Tiles behind the edge of the
-/// LayerMap count 0. bytes must hold width * height bytes.
+/// Copies width by height tiles row by row into bytes, without gaps. Tiles outside the
+/// LayerMap count as 0. bytes must hold width * height bytes.
 void pack_layer(const LayerMap& map, int width, int height, std::span<std::uint8_t> bytes);
 
 } // namespace veldrune

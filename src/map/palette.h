@@ -8,7 +8,7 @@
 
 namespace veldrune {
 
-/// 256 colours. The first 128 are a map's own; what lies behind them in the image comes along.
+/// 256 colours. The first 128 are a map's own; the rest is what follows them in the image.
 using Palette256 = std::array<Colour, 256>;
 
 /// The packed colour of a 15-bit word: red in bits 0-4, green in bits 5-9, blue in bits 10-14.
@@ -19,10 +19,10 @@ constexpr Colour packed_colour(std::uint16_t word) {
     return red << 19 | green << 11 | blue << 3;
 }
 
-/// Reads 256 colours from file offset on.
+/// Reads 256 colours from a file offset on.
 Palette256 read_palette(const RomImage& rom, std::int64_t offset);
 
-/// File offset of map palette number.
+/// File offset of the map palette with this number.
 std::int64_t map_palette_offset(int number);
 
 } // namespace veldrune

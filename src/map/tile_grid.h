@@ -5,7 +5,7 @@
 
 namespace veldrune {
 
-/// Tile numbers in rows without gaps.
+/// Tile numbers row by row, without gaps.
 template <int columns_, int rows_>
 struct TileGrid {
     static constexpr int columns = columns_;

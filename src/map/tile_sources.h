@@ -19,7 +19,7 @@ void fill_anim_tile_table(const RomImage& rom, int set, AnimTileTable& table);
 void refresh_first_frames(const RomImage& rom, int set, AnimTileTable& table);
 
 /// File offsets of the four groups of characters. A group whose number lies outside the table of
-/// pointers has none, and its characters are empty.
+/// pointers has no offset, and its characters are empty.
 using TilesetOffsets = std::array<std::optional<std::int64_t>, 4>;
 
 using TilesetNumbers = std::array<int, 4>;
@@ -30,7 +30,7 @@ TilesetOffsets read_tilesets(const RomImage& rom, const TilesetNumbers& numbers)
 /// their attribute bytes. Quadrants: 0 top left, 1 top right, 2 bottom left, 3 bottom right.
 using TileFormationSet = std::array<std::uint8_t, 2048>;
 
-/// Decodes formation set number.
+/// Decodes the formation set with this number.
 void read_formation_set(const RomImage& rom, int number, DecompressBuffer& buffer,
                         TileFormationSet& set);
 
@@ -60,7 +60,7 @@ void read_character_graphics(const RomImage& rom, const TilesetOffsets& groups,
 /// from 64 on come characters of 16 bytes. Only the first 4097 bytes are read; the rest are 0.
 using Layer3Graphics = std::array<std::uint8_t, 8193>;
 
-/// File offset of the layer 3 graphics' stream number.
+/// File offset of the stream of the layer 3 graphics with this number.
 std::int64_t layer3_graphics_offset(const RomImage& rom, int number);
 void read_layer3_graphics(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
                           Layer3Graphics& graphics);

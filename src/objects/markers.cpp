@@ -5,10 +5,10 @@
 namespace veldrune {
 namespace {
 
-constexpr std::size_t run_byte = 2; // of a long entrance
-constexpr int down_bit = 0x80;      // it runs down a column
+constexpr std::size_t run_byte = 2; // of a long entrance's record
+constexpr int down_bit = 0x80;      // the entrance runs down a column
 
-/// The tiles that an outline goes round.
+// The tiles that an outline encloses.
 struct TileArea {
     int x;
     int y;
@@ -25,7 +25,7 @@ int object_y(ObjectKind kind, std::span<const std::uint8_t> record) {
     return record[static_cast<std::size_t>(row.y_byte)] & row.y_mask;
 }
 
-// A run along a row is one tile longer than its number, one down a column is not.
+// A run along a row is one tile longer than its stored length, one down a column is not.
 TileArea outline(ObjectKind kind, std::span<const std::uint8_t> record) {
     TileArea area{object_x(kind, record), object_y(kind, record), 1, 1};
     if (kind != ObjectKind::long_entrance)
@@ -45,7 +45,7 @@ TileArea clickable_area(ObjectKind kind, std::span<const std::uint8_t> record) {
     return area;
 }
 
-// The pixel of a tile's edge; positions outside the picture come out as the nearest one outside.
+// The pixel of a tile's edge. A position outside the picture is moved to the nearest one outside.
 int edge(int tile, int origin, int tile_size) {
     const std::int64_t pixel = (std::int64_t{tile} - origin) * tile_size;
     return static_cast<int>(std::clamp<std::int64_t>(pixel, -1, view_size));

@@ -19,7 +19,7 @@ constexpr ObjectKindRow kinds[object_kind_count] = {
     {at::long_entrances, at::long_entrances,  7,    0, 1, 0xFF,     &F::Check4, 0x00FF00},
 };
 
-// Runs of letters in the code of the item names; a byte outside all of them is no letter.
+// Runs of letters in the character code of the item names; a byte outside all of them is no letter.
 struct LetterRun { std::size_t first; const char* letters; };
 constexpr LetterRun letter_runs[] = {
     {128, "ABCDEFGHIJKLMNOPQRSTUVWXYZ"},
@@ -41,7 +41,7 @@ constexpr std::array<char, 256> make_letters() {
 constexpr std::array<char, 256> letter_code = make_letters();
 using rom_layout::item_name_size;
 
-// To the nearest whole number, a tie to the even one.
+// Rounded to the nearest whole number, a tie to the even one.
 constexpr int rounded_quotient(int dividend, int divisor) {
     const int quotient = dividend / divisor;
     const int twice_rest = dividend % divisor * 2;

@@ -11,7 +11,7 @@ namespace {
 constexpr int sprite_width = 16;
 constexpr int character_size = 32;
 
-/// Which of a sprite's characters are drawn, two to a row.
+// Which of a sprite's characters are drawn, two to a row.
 struct SpriteForm {
     int first_character;
     int character_count;

@@ -8,7 +8,7 @@ namespace veldrune {
 
 namespace {
 
-/// The formations that are stacked on one cell. Those of a layer that isn't shown are empty.
+// The formations that are stacked in one cell. Those of a layer that isn't shown are empty.
 struct CellLayers {
     const Formation& layer1_high;
     const Formation& layer1_low;
@@ -30,24 +30,24 @@ CellLayers cell_layers(const FormationBitmaps& bitmaps, const LayerStack& stack,
             has_layer3 ? shown(2, bitmaps.layer3_pixels) : empty_formation};
 }
 
-/// p with colour c over it.
+// p with colour c over it.
 constexpr Colour over(Colour c, Colour p) {
     return c ? c : p;
 }
 
-/// The mean of each channel, rounded down, with no carry from one channel to the next.
+// The mean of each channel, rounded down, with no carry from one channel to the next.
 constexpr Colour mean(Colour c, Colour d) {
     return (c & d) + (((c ^ d) & 0xFEFEFE) >> 1);
 }
 
-/// p with layer 3's colour c over it.
+// p with layer 3's colour c over it.
 template <Layer3Blend blend>
 constexpr Colour blend_layer3(Colour c, Colour p) {
     return c ? (blend == Layer3Blend::half ? mean(c, p) : c) : p;
 }
 
-/// Draws a cell into out, whose rows are stride pixels apart. It takes its layers by value, so that
-/// they need not be fetched anew after each row written.
+// Draws a cell into out, whose rows are stride pixels apart. It takes its layers by value, so that
+// they need not be loaded again after each row written.
 template <int layer3_order, Layer3Blend blend>
 [[gnu::always_inline]] inline void stack_layers(const CellLayers cell, Colour* out,
                                                 std::ptrdiff_t stride) {
@@ -107,7 +107,7 @@ void draw_plainly(const CellLayers& cell, const LayerStack& stack, Colour* out,
 
 struct VectorRow {
     VectorUnit unit;
-    bool (*present)();
+    bool (*supported)();
     void (*draw)(const CellLayers& cell, const LayerStack& stack, Colour* out,
                  std::ptrdiff_t stride);
 };
@@ -124,13 +124,13 @@ constexpr VectorRow vector_rows[] = { // the widest last
 const VectorRow& widest_row() {
     const VectorRow* widest = vector_rows;
     for (const VectorRow& row : vector_rows)
-        if (row.present())
+        if (row.supported())
             widest = &row;
     return *widest;
 }
 const VectorRow& widest = widest_row();
 
-/// Draws a cell into the picture from out on, each of its pixels scale by scale.
+// Draws a cell into the picture from out on, each of its pixels scale by scale.
 template <int scale>
 void draw_enlarged(const Formation& cell, Colour* out) {
     for (std::size_t y = 0; y < 16; ++y) {
@@ -147,7 +147,7 @@ void draw_enlarged(const Formation& cell, Colour* out) {
 std::vector<VectorUnit> vector_units() {
     std::vector<VectorUnit> units;
     for (const VectorRow& row : vector_rows)
-        if (row.present())
+        if (row.supported())
             units.push_back(row.unit);
     return units;
 }

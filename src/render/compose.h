@@ -16,7 +16,7 @@ enum class Layer3Blend {
     opaque, // it covers the pixel below
 };
 
-/// What layer 3 does by the number of its graphics, one of which is opaque.
+/// The blend of the layer 3 graphics with this number, one of which is opaque.
 constexpr Layer3Blend layer3_blend(bool has_layer3, int graphics) {
     constexpr int opaque_graphics = 6;
     if (!has_layer3)
@@ -31,14 +31,14 @@ struct LayerStack {
     Layer3Blend blend = Layer3Blend::none;
 };
 
-/// Numbers of the formations that lie on one cell in layers 1 to 3.
+/// The formation numbers of one cell in layers 1 to 3.
 using CellTiles = std::array<std::uint8_t, layer_count>;
 
 /// The layers of a map and the part of them that is in view.
 struct MapView {
     LayerStack stack;
     std::array<const LayerMap*, layer_count> maps{};
-    std::array<int, layer_count> widths{}; // tiles; any value, beyond 128 by 64 there is nothing
+    std::array<int, layer_count> widths{}; // tiles; any value, nothing lies beyond 128 by 64
     std::array<int, layer_count> heights{};
     int h = 0; // map column and row of the view's top left cell, at least 0
     int v = 0;
@@ -46,11 +46,11 @@ struct MapView {
     int tile_size() const { return view_size / cells_across; }
 };
 
-/// What the picture is made of and shows.
+/// The chosen map's formations as pixels, and the pictures that are drawn from them.
 struct MapDisplay {
     FormationBitmaps bitmaps;
     PixelBuffer picture;
-    int last_h = 0; // place of the latest composition or scroll
+    int last_h = 0; // h and v of the latest composition or scroll
     int last_v = 0;
     PixelBuffer tile_sheet; // Picture1 of the tile chooser
 };
@@ -60,12 +60,11 @@ struct MapDisplay {
 void compose_cell(const FormationBitmaps& bitmaps, const LayerStack& stack, const CellTiles& tiles,
                   Formation& cell);
 
-/// What the processor may have to work on many pixels at once. Cells are composed with the widest
-/// that it has.
+/// Vector units that a processor may have. Cells are composed with the widest that this one has.
 enum class VectorUnit { none, avx2, avx512 };
-/// Those that the processor has, the widest last.
+/// The units that the processor has, the widest last.
 std::vector<VectorUnit> vector_units();
-/// The same as compose_cell, with a unit that the processor has.
+/// The same as compose_cell, with a given unit that the processor has.
 void compose_cell_with(VectorUnit unit, const FormationBitmaps& bitmaps, const LayerStack& stack,
                        const CellTiles& tiles, Formation& cell);
 
@@ -82,7 +81,7 @@ void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int 
                       const CellTiles& tiles, PixelBuffer& buffer);
 
 /// Moves the picture by the step from (last_h, last_v) to the view's place and composes what that
-/// uncovers. Where both changed, nothing changed, or by a whole view or more, all cells are
+/// uncovers. If both coordinates changed, or neither, or one by a whole view or more, all cells are
 /// composed.
 void scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
                     PixelBuffer& buffer);

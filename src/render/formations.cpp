@@ -10,10 +10,10 @@ constexpr int priority_bit = 0x20;
 constexpr int flip_horizontally_bit = 0x40;
 constexpr int flip_vertically_bit = 0x80;
 
-/// Eight pixels of a character, a byte each, the leftmost in bits 0-7.
+// Eight pixels of a character, a byte each, the leftmost in bits 0-7.
 using PixelValues = std::uint64_t;
 
-/// The pixels of every plane byte, 0 or 1 each. Bit 7 of a plane is the leftmost pixel.
+// The pixels of every plane byte, 0 or 1 each. Bit 7 of a plane is the leftmost pixel.
 using PlaneTable = std::array<PixelValues, 256>;
 
 constexpr PlaneTable plane_table(bool flipped) {
@@ -32,7 +32,7 @@ void colour_pixels(PixelValues values, const PaletteRow& colours, Colour* out) {
         out[x] = colours[values >> 8 * x & 0xF];
 }
 
-/// Offset of pixel (0, 0) of a quadrant in its formation.
+// Offset of pixel (0, 0) of a quadrant in its formation.
 constexpr std::size_t quadrant_start(std::size_t quadrant) {
     return quadrant / 2 * 8 * 16 + quadrant % 2 * 8;
 }
@@ -42,7 +42,7 @@ void clear_quadrant(Colour* out) {
         std::fill_n(out + 16 * y, 8, Colour{0});
 }
 
-/// Decodes a layer 3 formation: four characters of two planes, 16 bytes each.
+// Decodes a layer 3 formation: four characters of two planes, 16 bytes each.
 void decode_layer3_formation(const std::uint8_t* graphics, const PaletteRow& colours,
                              Formation& formation) {
     for (std::size_t quadrant = 0; quadrant < 4; ++quadrant)

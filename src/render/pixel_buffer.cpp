@@ -12,7 +12,7 @@ bool inside(int position) {
     return position >= 0 && position < view_size;
 }
 
-/// Moves one row's pixels right by dx, out of source into target, which may be the same row.
+// Moves one row's pixels right by dx, out of source into target, which may be the same row.
 void shift_row(const Colour* source, int dx, Colour* target) {
     const Colour* first = source + std::max(-dx, 0);
     const Colour* last = source + view_size - std::max(dx, 0);

@@ -7,7 +7,7 @@ namespace veldrune {
 /// The side of the map picture in pixels.
 inline constexpr int view_size = 512;
 
-/// The map picture: 512 by 512 packed colours. What is not drawn over stays.
+/// The map picture: 512 by 512 packed colours. Pixels that are not drawn over keep their colour.
 using PixelBuffer = Picture<view_size, view_size>;
 
 /// Draws a line one pixel wide from (x0, y) up to, but not at, (x1, y); what falls outside the

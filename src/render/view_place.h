@@ -2,7 +2,7 @@
 
 namespace veldrune {
 
-/// How tiles lie on the picture: the tile at its top left corner, and the side of a tile in pixels.
+/// The part of a map in view: the tile at the picture's top left, and the side of a tile in pixels.
 struct ViewPlace {
     int h = 0; // column
     int v = 0; // row

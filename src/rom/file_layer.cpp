@@ -23,8 +23,8 @@ ssize_t uninterrupted(Call call) {
     return result;
 }
 
-// The standard library can't tell which file stands behind a name that has changed since it was
-// opened, and reports a full disk late. The system's own calls do both.
+// Uses the system's own calls: the standard library can't identify an open file whose name has
+// changed since, and reports a full disk late.
 class DiskFile : public File {
   public:
     explicit DiskFile(int descriptor) : descriptor_(descriptor) {}

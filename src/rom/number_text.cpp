@@ -19,16 +19,16 @@ void normalise(std::string& text) {
             c = static_cast<char>(c - 'a' + 'A');
 }
 
-// Whether c goes on with a character that began before it.
-bool continues_character(char c) {
+// Whether c is a UTF-8 byte that does not begin a character.
+bool is_continuation_byte(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-std::string_view behind_characters(std::string_view text, std::size_t count) {
+std::string_view skip_characters(std::string_view text, std::size_t count) {
     for (; count > 0 && !text.empty(); --count)
         do
             text.remove_prefix(1);
-        while (!text.empty() && continues_character(text.front()));
+        while (!text.empty() && is_continuation_byte(text.front()));
     return text;
 }
 
@@ -48,13 +48,13 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
         dialogs.message(MessageKind::warning, "invalid hex", "I Pity The Fool");
         return 0;
     }
-    // A message box lets the user's window run: what is parsed is what stood here when it began.
+    // The text may change while a message box is open; this copy is what gets parsed.
     const std::string digits = text;
     std::uint32_t value = 0;
-    std::uint32_t digit = 0; // of a bad character: the one to its right
+    std::uint32_t digit = 0; // the last good one, which a bad character to its left repeats
     int place = 0;
     for (auto c = digits.rbegin(); c != digits.rend(); ++c) {
-        if (continues_character(*c))
+        if (is_continuation_byte(*c))
             continue;
         const std::optional<std::uint32_t> good = hex_digit(*c);
         if (!good)
@@ -116,14 +116,14 @@ std::string format_number(NumberForm form, std::int64_t value) {
 
 std::size_t character_count(std::string_view text) {
     std::size_t count = 0;
-    for (; !text.empty(); text = behind_characters(text, 1))
+    for (; !text.empty(); text = skip_characters(text, 1))
         ++count;
     return count;
 }
 
 std::string_view characters(std::string_view text, std::size_t first, std::size_t count) {
-    text = behind_characters(text, first);
-    return text.substr(0, text.size() - behind_characters(text, count).size());
+    text = skip_characters(text, first);
+    return text.substr(0, text.size() - skip_characters(text, count).size());
 }
 
 std::string byte_to_bits(std::uint8_t value) {

@@ -26,19 +26,19 @@ class RomImage {
   public:
     explicit RomImage(FileLayer& file_layer) : files_(file_layer) {}
 
-    /// Opens path for reading and writing in the place of the file that was open. On failure
-    /// that one stays open; a file whose status the disk refuses is one.
+    /// Opens path for reading and writing instead of the file that was open. On failure that one
+    /// stays open. Fails also if the file's status can't be read.
     bool open(const std::string& path);
     bool is_open() const { return file_ != nullptr; }
     /// The path of the open file.
     const std::string& path() const { return path_; }
-    /// The file behind the open handle, whatever its name is by now.
+    /// The identity of the open file, which survives a change of its name.
     FileIdentity identity() const { return identity_; }
     /// Whether path names the open file.
     bool is_file(const std::string& path) const;
-    /// Bytes of the open file. Nothing without one, or where the disk does not tell.
+    /// Size of the open file in bytes. Nothing without one, or if the disk does not report it.
     std::optional<std::int64_t> size() const;
-    /// Copies the open file to path. On failure nothing has changed there.
+    /// Copies the open file to path. False on failure; nothing has changed there then.
     bool copy_to(const std::string& path) const;
     /// How many reads the disk has refused so far.
     int refused_reads() const { return refused_reads_; }
@@ -49,7 +49,7 @@ class RomImage {
     /// Fills all of bytes from offset on. Returns how many of them the file holds.
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> bytes) const;
 
-    /// False where the bytes could not be written; some of them may then stand in the file.
+    /// False if the bytes could not be written; some of them may then be in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
     bool write_byte(std::int64_t offset, std::uint8_t value) { return write(offset, {&value, 1}); }
 
@@ -61,11 +61,11 @@ class RomImage {
     mutable int refused_reads_ = 0;
 };
 
-/// Watches the reads of an operation, from its making on.
+/// Watches the reads of an image from its own construction on.
 class ReadWatch {
   public:
     explicit ReadWatch(const RomImage& rom) : rom_(rom), refused_before_(rom.refused_reads()) {}
-    /// Whether the disk has refused a read since.
+    /// Whether the disk has refused a read since then.
     bool refused() const { return rom_.refused_reads() != refused_before_; }
     const RomImage& rom() const { return rom_; }
 
@@ -82,7 +82,7 @@ struct ImageSource {
 inline ImageSource source_of(const RomImage& rom) {
     return {rom.identity(), rom.path()};
 }
-/// Whether something was read, and from the open image.
+/// Whether there is a source, and it is the open image.
 inline bool is_from(const std::optional<ImageSource>& source, const RomImage& rom) {
     return source && source->identity == rom.identity();
 }

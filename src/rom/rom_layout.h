@@ -51,7 +51,7 @@ inline constexpr std::int32_t dawn_graphics_pointer         = 0x2EB412; // $EEB2
 inline constexpr std::int32_t dusk_graphics_pointer         = 0x2EB41E; // $EEB21E here before the one of the map
 inline constexpr std::int32_t dusk_map_pointer              = 0x2EB421; // $EEB221
 inline constexpr std::int32_t patch_marks                   = 0x3000E0; // $EFFEE0 2 bytes, a clear bit is a set mark
-inline constexpr std::int32_t added_area                    = 0x300200; // $F00000 what an expansion adds
+inline constexpr std::int32_t added_area                    = 0x300200; // $F00000 start of the megabyte that an expansion adds
 inline constexpr std::int32_t new_dialogue_pointers         = 0x300200; // $F00000 24 bits a text, made by the Dialogue Patch
 // clang-format on
 

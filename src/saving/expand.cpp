@@ -10,7 +10,7 @@ namespace veldrune {
 namespace {
 
 constexpr std::size_t dialogue_count = rom_layout::dialogue_count;
-// The new table gives one text more to the first bank than the game's old reader does.
+// The new table puts one text more into the first bank than the game's original code does.
 constexpr std::size_t last_of_first_bank = rom_layout::first_dialogue_of_second_bank;
 constexpr std::uint8_t first_bank = 0xCD;
 constexpr std::uint8_t second_bank = 0xCE;

@@ -32,7 +32,7 @@ LayerSize saved_size(const Form1& form, int index) {
             decimal_number(form.*controls.height).value};
 }
 
-// Tells of texts that are no numbers.
+// Warns about texts that are not numbers.
 void warn_about_size(const Form1& form, int index, Dialogs& dialogs) {
     for (const auto size : {&LayerControls::width, &LayerControls::height})
         parse_decimal_text(form.*(layer_controls[index].*size), dialogs);
@@ -51,8 +51,8 @@ std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& 
 
 using LayerSizes = std::array<LayerSize, layer_count>;
 
-// The sizes of all layers, looked at before anything is written. Nothing where one of them can't be
-// saved, which has been told.
+// The sizes of all layers, checked before anything is written. Nothing if one of them can't be
+// saved, which has been reported.
 std::optional<LayerSizes>
 sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
     LayerSizes sizes;
@@ -62,7 +62,7 @@ sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, D
         const std::string why = obstacle(form, index, sizes[at], layers[at]);
         if (why.empty())
             continue;
-        warn_about_size(form, index, dialogs); // a text that is no number may be the cause
+        warn_about_size(form, index, dialogs); // a text that is not a number may be the cause
         refuse_to_save(layer_words[index], why, dialogs);
         return std::nullopt;
     }

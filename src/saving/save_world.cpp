@@ -10,7 +10,7 @@ namespace {
 constexpr StreamWords world_words = {"The world map", "The map youre trying to save is ",
                                      " larger than the original map saving"};
 
-// Why location can't be named by a pointer, or an empty text.
+// Why no pointer can hold location, or an empty text.
 std::string pointer_obstacle(std::int32_t location, const std::string& location_text) {
     const auto address = static_cast<std::uint32_t>(location - rom_layout::header_size);
     if (format_hex(address).size() != 6)

@@ -10,9 +10,9 @@
 namespace veldrune {
 
 /// Packs a world that has been read and writes its stream at the file offset in location_text,
-/// asking first where it has grown, and then the pointer to it. A place that no pointer can name is
-/// reported and leaves the pointer as it was. False where nothing or not all was written: the user
-/// cancelled, or was told why.
+/// asking first if it has grown, and then the pointer to it. A location that no pointer can hold is
+/// reported and leaves the pointer as it was. False if the user cancelled, or if the stream or the
+/// pointer could not be written, which has been reported.
 bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
                     CompressOutput& output, Dialogs& dialogs);
 

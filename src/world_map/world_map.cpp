@@ -16,7 +16,7 @@ int palette_row(WorldGraphics graphics, std::size_t character) {
     return character % 2 == 0 ? rows % 16 : rows / 16;
 }
 
-/// Four bytes make a row of pixels; the low four bits of each are the left one of two.
+// Four bytes make a row of pixels; the low four bits of each are the left one of two pixels.
 void draw_character(WorldGraphics graphics, std::size_t character, const Palette256& palette,
                     Colour* target) {
     const Colour* colours = palette.data() + 16 * palette_row(graphics, character);

@@ -14,8 +14,8 @@
 
 namespace veldrune {
 
-inline constexpr int world_side = 256;     // tiles in a row of a world map, and rows
-inline constexpr int world_tile_size = 16; // pixels of a tile's side, in the sheet and in the view
+inline constexpr int world_side = 256;     // tiles per row and per column of a world map
+inline constexpr int world_tile_size = 16; // side of a tile in pixels, in the sheet and in the view
 inline constexpr int world_view_tiles = view_size / world_tile_size;
 
 using WorldMap = TileGrid<world_side, world_side>;
@@ -32,7 +32,7 @@ struct WorldSheet {
     Colour* tile(int number) { return const_cast<Colour*>(std::as_const(*this).tile(number)); }
 };
 
-/// The world map in memory.
+/// The world map in memory, with the sheet of its tiles.
 struct OpenWorld {
     World world = World::dawn;         // the one that was read last
     std::optional<ImageSource> source; // nothing before the first opening
@@ -48,7 +48,7 @@ inline constexpr std::size_t world_characters_at = 1024;
 inline constexpr std::size_t world_character_rows_at = 9216;
 inline constexpr std::size_t world_graphics_size = 9344;
 
-/// Reads a world as its two pointers have it, and draws its sheet. Returns the file offset of the
+/// Reads a world through its two pointers and draws its sheet. Returns the file offset of the
 /// stream of its tiles.
 std::int32_t load_world(const RomImage& rom, World which, DecompressBuffer& buffer,
                         OpenWorld& world);

@@ -8,7 +8,7 @@ namespace veldrune {
 
 enum class World { dawn, dusk };
 
-/// Where a world lies, as file offsets, and the map whose object lists are its own.
+/// Where a world lies, as file offsets, and the map whose object lists it uses.
 struct WorldRow {
     std::int32_t map_pointer;      // of the stream of its tiles
     std::int32_t graphics_pointer; // of the stream of its tile table and characters
