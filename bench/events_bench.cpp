@@ -105,7 +105,7 @@ void encode_a_script(benchmark::State& bench) {
 
 // 4096 bytes of six letters each: one word, words of five letters, words that fit no line.
 void wrap_the_longest_text(benchmark::State& bench) {
-    std::string text(longest_dialogue * 6, 'A');
+    std::string text(max_dialogue_bytes * 6, 'A');
     if (bench.range(0) != 0)
         for (auto at = static_cast<std::size_t>(bench.range(0)); at < text.size();
              at += static_cast<std::size_t>(bench.range(0)) + 1)

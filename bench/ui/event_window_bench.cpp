@@ -20,12 +20,12 @@ constexpr std::size_t dialogue_at = 0x50000; // 6667 rows, every other one of a 
 
 test::Bytes long_scripts() {
     test::Bytes image = test::script_image();
-    std::fill_n(image.begin() + plain_at, longest_script - 1, std::uint8_t{0x38});
-    image[plain_at + longest_script - 1] = return_command;
-    for (std::size_t i = 0; i < longest_script - 1; ++i)
+    std::fill_n(image.begin() + plain_at, max_script_bytes - 1, std::uint8_t{0x38});
+    image[plain_at + max_script_bytes - 1] = return_command;
+    for (std::size_t i = 0; i < max_script_bytes - 1; ++i)
         image[dialogue_at + i] = i % 3 == 0 ? 0x4B : i % 3 == 1 ? static_cast<std::uint8_t>(i) : 0;
-    image[dialogue_at + longest_script - 2] = 0x38; // where no whole dialogue fits
-    image[dialogue_at + longest_script - 1] = return_command;
+    image[dialogue_at + max_script_bytes - 2] = 0x38; // where no whole dialogue fits
+    image[dialogue_at + max_script_bytes - 1] = return_command;
     return image;
 }
 
@@ -51,7 +51,7 @@ class OpenEventEditor {
     }
     // What follows every edit in any window, and every move of the mouse over the map.
     void show_all() {
-        const Gate edit = windows_.gate(*window_);
+        const Gate edit = windows_.edit_gate().gate(*window_);
         edit([] {});
     }
     test::WindowDriver user() { return test::WindowDriver(*window_); }

@@ -26,7 +26,7 @@ class StreamArea {
     void add(std::int32_t pointer, std::span<const std::uint8_t> bytes) {
         const auto stream = std::make_unique<CompressOutput>();
         const auto size = compress_world_map(bytes, *stream);
-        if (!size || *size > longest_world_stream ||
+        if (!size || *size > max_world_stream_bytes ||
             next_ + static_cast<std::int32_t>(*size) > streams_end)
             throw std::length_error("a world of the demo image does not pack");
         writer_.put(next_, std::span(*stream).first(*size));

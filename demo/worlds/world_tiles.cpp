@@ -205,7 +205,7 @@ std::vector<std::uint8_t> world_graphics(World world) {
         for (std::size_t i = 0; i < 32; ++i)
             block[world_characters_at + 32 * c + i] =
                 static_cast<std::uint8_t>(pixels[2 * i] % 16 | pixels[2 * i + 1] % 16 << 4);
-        block[world_character_rows_at + c / 2] |=
+        block[world_palette_rows_at + c / 2] |=
             static_cast<std::uint8_t>(pixels[0] / 16 << c % 2 * 4);
     }
     return block;

@@ -60,7 +60,8 @@ void decompress_stream(const RomImage& rom, std::int64_t stream_offset, Decompre
                        int output_limit) {
     std::fill_n(buffer.output(), output_limit + 1, std::uint8_t{0});
     const std::size_t length = rom.read_word(stream_offset);
-    const std::size_t longest = output_limit == layer_output_limit ? 0xFFFF : longest_world_stream;
+    const std::size_t longest =
+        output_limit == layer_output_limit ? 0xFFFF : max_world_stream_bytes;
     if (length < 2 || length > longest)
         return;
     std::array<std::uint8_t, 0xFFFF + 1> bytes;

@@ -19,7 +19,7 @@ inline constexpr int world_graphics_output_limit = 16384;
 inline constexpr int world_map_output_limit = 65536;
 
 /// The longest stream that the decoders of the world maps accept: their length is a signed word.
-inline constexpr int longest_world_stream = 0x7FFF;
+inline constexpr int max_world_stream_bytes = 0x7FFF;
 
 /// The decoder's linear output, with a guard below index 0 that always reads as zero.
 class DecompressBuffer {

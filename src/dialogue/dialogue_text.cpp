@@ -118,7 +118,7 @@ DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int 
     std::string text;
     std::int64_t at = text_offset(rom, dialogue_patched, number);
     std::array<std::uint8_t, 256> block;
-    for (std::size_t done = 0; done < longest_dialogue; done += block.size()) {
+    for (std::size_t done = 0; done < max_dialogue_bytes; done += block.size()) {
         const std::size_t count = rom.read(at, block);
         const auto bytes = std::span(block).first(count);
         const auto end = std::ranges::find(bytes, std::uint8_t{0});

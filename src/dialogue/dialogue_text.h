@@ -9,7 +9,7 @@
 namespace veldrune {
 
 /// The most bytes of the image that are read for one text.
-inline constexpr std::size_t longest_dialogue = 4096;
+inline constexpr std::size_t max_dialogue_bytes = 4096;
 
 /// A dialogue as a cell of the Event Editor shows it.
 struct DialogueText {

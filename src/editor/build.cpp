@@ -69,7 +69,7 @@ void build_tileset(EditorState& state) {
     read_tile_numbers(state, numbers);
     build_tiles(state.rom, numbers, state.map.anim_tiles, state.work.decompress_buffer,
                 state.display.bitmaps);
-    report_read_refusal(reads, "The tiles are not drawn as the image holds them.", state.dialogs);
+    report_refused_reads(reads, "The tiles are not drawn as the image holds them.", state.dialogs);
     show_map(state);
 }
 

@@ -24,14 +24,14 @@ void tell(EditorState& state, const std::string& text) {
 }
 
 bool reading_failed(const ReadWatch& reads, Dialogs& dialogs) {
-    return report_read_refusal(reads, "What is shown of this script is not what the image holds.",
-                               dialogs);
+    return report_refused_reads(reads, "What is shown of this script is not what the image holds.",
+                                dialogs);
 }
 
 void tell_if_cut(EditorState& state) {
     if (!state.script.loaded.whole)
         tell(state, "The script at " + state.form9.Text3 + " has no end within " +
-                        std::to_string(longest_script) +
+                        std::to_string(max_script_bytes) +
                         " bytes and the file. It is shown as far as it goes and can't be saved.");
 }
 

@@ -35,7 +35,7 @@ void paste_properties(EditorState& state) {
     const ReadWatch reads(state.rom);
     state.map.map_properties = state.property_clipboard;
     show_map_fields(state);
-    report_map_refusal(reads, state.map.source, state.dialogs);
+    report_refused_map_reads(reads, state.map.source, state.dialogs);
 }
 
 void show_memory_manager(EditorState& state) {

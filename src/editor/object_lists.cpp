@@ -25,7 +25,7 @@ void read_object_lists(EditorState& state, ObjectKinds kinds) {
     ObjectLists& lists = state.objects.lists;
     const bool same = load_object_lists(state.rom, kinds, state.form1.Combo1, lists);
     const bool refused =
-        report_read_refusal(reads, "The objects of the map are not shown.", state.dialogs);
+        report_refused_reads(reads, "The objects of the map are not shown.", state.dialogs);
     if (refused)
         lists = {};
     if (refused || !same)

@@ -105,7 +105,7 @@ void select_object_at(EditorState& state, std::uint8_t x, std::uint8_t y) {
         const bool shown = state.form1.*object_kind_row(kind).shown;
         const ObjectList& list = state.objects.lists[kind];
         for (int index = 0; shown && index < list.row_count; ++index)
-            if (object_covers(kind, list, index, x, y))
+            if (object_hit_by_click(kind, list, index, x, y))
                 open_object(state, kind, index);
     }
 }

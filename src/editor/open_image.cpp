@@ -2,7 +2,7 @@
 
 namespace veldrune {
 
-void take_over_path(EditorState& state, const std::string& path) {
+void set_image_path(EditorState& state, const std::string& path) {
     state.rom_path = path;
     state.form1.Label20 = path;
 }
@@ -10,7 +10,7 @@ void take_over_path(EditorState& state, const std::string& path) {
 void open_image_file(EditorState& state, const std::string& path) {
     if (!state.rom.open(path))
         return;
-    take_over_path(state, path);
+    set_image_path(state, path);
     state.rom_open = true;
     state.form1.Combo1_enabled = true;
     read_patch_flags(state.rom, state.patch_flags);

@@ -14,6 +14,6 @@ void open_image(EditorState& state);
 void open_image_file(EditorState& state, const std::string& path);
 
 /// Keeps and shows path as that of the open image.
-void take_over_path(EditorState& state, const std::string& path);
+void set_image_path(EditorState& state, const std::string& path);
 
 } // namespace veldrune

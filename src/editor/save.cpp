@@ -99,7 +99,7 @@ void save_as(EditorState& state) {
     if (!path || !may_save_foreign_map(state) || !switch_to_copy(state, *path))
         return;
     if (!source_of_save(state) || save_into_copy(state))
-        take_over_path(state, *path);
+        set_image_path(state, *path);
 }
 
 } // namespace veldrune

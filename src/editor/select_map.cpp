@@ -27,9 +27,9 @@ bool may_drop_changes(EditorState& state) {
 
 } // namespace
 
-void report_map_refusal(const ReadWatch& reads, std::optional<ImageSource>& source,
-                        Dialogs& dialogs) {
-    if (report_read_refusal(
+void report_refused_map_reads(const ReadWatch& reads, std::optional<ImageSource>& source,
+                              Dialogs& dialogs) {
+    if (report_refused_reads(
             reads,
             "What is shown of this map is not what the image holds, and it can't be "
             "saved.",
@@ -56,7 +56,7 @@ void select_map(EditorState& state) {
     if (form.Combo1 > 0)
         state.map_selected = true;
     show_map_fields(state);
-    report_map_refusal(reads, state.map.source, state.dialogs);
+    report_refused_map_reads(reads, state.map.source, state.dialogs);
 }
 
 } // namespace veldrune

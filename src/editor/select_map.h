@@ -15,8 +15,8 @@ void select_map(EditorState& state);
 
 /// Reports a read that the disk has refused, and then resets source: what is in memory is not what
 /// the image holds and must not be saved over it, so it counts as never read.
-void report_map_refusal(const ReadWatch& reads, std::optional<ImageSource>& source,
-                        Dialogs& dialogs);
+void report_refused_map_reads(const ReadWatch& reads, std::optional<ImageSource>& source,
+                              Dialogs& dialogs);
 
 /// Shows the record in memory, and the map's monster set, in the fields.
 void show_map_fields(EditorState& state);

@@ -38,7 +38,7 @@ void open_world_map(EditorState& state, World world) {
         load_world(state.rom, world, state.work.decompress_buffer, state.world);
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
     draw_world_view(state);
-    report_map_refusal(reads, state.world.source, state.dialogs);
+    report_refused_map_reads(reads, state.world.source, state.dialogs);
     load_world_objects(state);
     draw_world_objects(state);
     show_scroll_bars(state.form1, true);

@@ -181,7 +181,7 @@ class Decoder {
 
 LoadedScript load_script(const RomImage& rom, std::int64_t offset, bool dialogue_patched,
                          ScriptGrid& grid) {
-    std::array<std::uint8_t, longest_script> bytes;
+    std::array<std::uint8_t, max_script_bytes> bytes;
     const std::size_t count = rom.read(offset, bytes);
     grid = empty_script_grid();
     grid.pop_back();

@@ -6,7 +6,7 @@
 namespace veldrune {
 
 /// A script has at most this many bytes, the final 0xFE included.
-inline constexpr int longest_script = 10001;
+inline constexpr int max_script_bytes = 10001;
 
 struct LoadedScript {
     int length = 0;     // bytes, the final 0xFE included

@@ -66,11 +66,11 @@ void draw_markers(ObjectKind kind, ObjectList& list, ViewPlace place, PixelBuffe
         draw_column(buffer, right, top, bottom + 1, colour);
         draw_column(buffer, left, top, bottom + 1, colour);
     }
-    list.drawn = true;
+    list.markers_drawn = true;
 }
 
-bool object_covers(ObjectKind kind, const ObjectList& list, int index, int x, int y) {
-    if (kind == ObjectKind::npc && !list.drawn)
+bool object_hit_by_click(ObjectKind kind, const ObjectList& list, int index, int x, int y) {
+    if (kind == ObjectKind::npc && !list.markers_drawn)
         return false;
     const TileArea area = clickable_area(kind, object_row(kind, list, index));
     return x >= area.x && x < area.x + area.width && y >= area.y && y < area.y + area.height;

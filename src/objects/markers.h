@@ -12,6 +12,6 @@ void draw_markers(ObjectKind kind, ObjectList& list, ViewPlace place, PixelBuffe
 
 /// Whether a click on tile (x, y) finds record index of the list. NPCs are found only once they
 /// have been drawn. A run down a column is found on one tile more than its outline covers.
-bool object_covers(ObjectKind kind, const ObjectList& list, int index, int x, int y);
+bool object_hit_by_click(ObjectKind kind, const ObjectList& list, int index, int x, int y);
 
 } // namespace veldrune

@@ -68,7 +68,7 @@ void load_object_list(const RomImage& rom, ObjectKind kind, int map_index, Objec
     const ObjectExtent extent = read_object_extent(rom, kind, map_index);
     list.count = list.row_count = extent.count;
     list.first_offset = extent.first_offset;
-    list.drawn = false;
+    list.markers_drawn = false;
     const auto size = static_cast<std::size_t>(extent.count * object_kind_row(kind).record_size);
     if (size != 0)
         rom.read(object_offset(kind, list, 0), std::span(list.bytes).first(size));

@@ -46,10 +46,10 @@ inline constexpr int max_object_size = 9;
 
 /// The records of one kind on a map, as the image held them when the list was read.
 struct ObjectList {
-    int count = 0;        // records by the pointers, 0 to 255; read whenever a map is chosen
-    int first_offset = 0; // of record 0, from the kind's base; read with the rows
-    int row_count = 0;    // records that bytes holds
-    bool drawn = false;   // the markers have been drawn since the list was read
+    int count = 0;              // records by the pointers, 0 to 255; read whenever a map is chosen
+    int first_offset = 0;       // of record 0, from the kind's base; read with the rows
+    int row_count = 0;          // records that bytes holds
+    bool markers_drawn = false; // the markers have been drawn since the list was read
     std::array<std::uint8_t, max_object_count * max_object_size> bytes{};
 };
 

@@ -13,7 +13,8 @@ bool write_or_report(RomImage& rom, std::int64_t offset, std::span<const std::ui
     return false;
 }
 
-bool report_read_refusal(const ReadWatch& reads, const std::string& consequence, Dialogs& dialogs) {
+bool report_refused_reads(const ReadWatch& reads, const std::string& consequence,
+                          Dialogs& dialogs) {
     if (!reads.refused())
         return false;
     dialogs.error("Reading " + reads.rom().path() + " failed. " + consequence);

@@ -14,6 +14,6 @@ bool write_or_report(RomImage& rom, std::int64_t offset, std::span<const std::ui
 
 /// Whether the disk has refused a watched read. If so, a message reports it, followed by the
 /// consequence.
-bool report_read_refusal(const ReadWatch& reads, const std::string& consequence, Dialogs& dialogs);
+bool report_refused_reads(const ReadWatch& reads, const std::string& consequence, Dialogs& dialogs);
 
 } // namespace veldrune

@@ -68,7 +68,7 @@ void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
     // The mark is read before the table makes a short file longer.
     const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
     const PointerTable pointers = wide_pointers(rom);
-    if (report_read_refusal(reads, "Nothing has been changed.", dialogs))
+    if (report_refused_reads(reads, "Nothing has been changed.", dialogs))
         return;
     if (write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
         write_or_report(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&

@@ -13,7 +13,7 @@ constexpr int missing_layer3_side = 16; // the layer that all maps without layer
 constexpr std::int64_t max_tiles = max_layer_width * max_layer_height;
 
 constexpr const char* after_growth = " bytes larger than the original map. Saving";
-constexpr StreamWords layer_words[layer_count] = {
+constexpr StreamMessages layer_words[layer_count] = {
     {"Layer 1", "Layer 1 is ", after_growth},
     {"Layer 2", "Layer 2 is ", after_growth},
     {"Layer 3", "Layer 3 is ", after_growth},

@@ -29,7 +29,7 @@ constexpr RecordField as_palette[] = {palette};
 
 // What Save merges once the pointers are written.
 using Fields = std::span<const RecordField>;
-constexpr Fields behind_pointers[] = {shifts, tilesets, animated, viewable, others};
+constexpr Fields after_pointers[] = {shifts, tilesets, animated, viewable, others};
 
 // The parts of the record that Save As writes: some fields and the bytes that they lie in.
 struct SaveAsStep { Fields fields; std::size_t first_byte; std::size_t byte_count; };
@@ -144,7 +144,7 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
     merge_fields(merged, form, formations, dialogs);
     if (!write_pointers(rom, form, merged, dialogs))
         return false;
-    for (const Fields fields : behind_pointers)
+    for (const Fields fields : after_pointers)
         merge_fields(merged, form, fields, dialogs);
     const auto monster_set = static_cast<std::uint8_t>(parse_hex_text(form.Text41, dialogs));
     if (!write_or_report(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
@@ -160,7 +160,7 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
         return false;
     const ReadWatch reads(rom);
     MapProperties record = read_record(rom, map_index);
-    if (report_read_refusal(reads, "Nothing more is written.", dialogs))
+    if (report_refused_reads(reads, "Nothing more is written.", dialogs))
         return false;
     const auto write_bytes = [&](std::size_t first, std::size_t count) {
         return write_or_report(rom, record_offset(map_index) + static_cast<std::int64_t>(first),

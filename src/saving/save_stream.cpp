@@ -4,12 +4,12 @@
 
 namespace veldrune {
 
-void refuse_to_save(const StreamWords& words, const std::string& why, Dialogs& dialogs) {
+void refuse_to_save(const StreamMessages& words, const std::string& why, Dialogs& dialogs) {
     dialogs.error(std::string(words.name) + " can't be saved: " + why);
 }
 
 bool save_stream(RomImage& rom, std::int64_t location, std::span<const std::uint8_t> stream,
-                 int former_size, const StreamWords& words, Dialogs& dialogs) {
+                 int former_size, const StreamMessages& words, Dialogs& dialogs) {
     const int growth = static_cast<int>(stream.size()) - former_size;
     if (growth > 0 &&
         !dialogs.question(words.before_growth + std::to_string(growth) + words.after_growth +

@@ -7,8 +7,8 @@
 namespace veldrune {
 namespace {
 
-constexpr StreamWords world_words = {"The world map", "The map youre trying to save is ",
-                                     " larger than the original map saving"};
+constexpr StreamMessages world_words = {"The world map", "The map youre trying to save is ",
+                                        " larger than the original map saving"};
 
 // Why no pointer can hold location, or an empty text.
 std::string pointer_obstacle(std::int32_t location, const std::string& location_text) {
@@ -35,7 +35,7 @@ bool write_pointer(RomImage& rom, World world, std::int32_t location,
 
 bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
                     CompressOutput& output, Dialogs& dialogs) {
-    if (world.world_packed_size > longest_world_stream) {
+    if (world.world_packed_size > max_world_stream_bytes) {
         refuse_to_save(world_words,
                        "what the image holds could not be read, and an empty map would take its "
                        "place.",
@@ -43,9 +43,9 @@ bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
         return false;
     }
     const auto length = compress_world_map(world.world_map.cells, output);
-    if (!length || *length > longest_world_stream) {
+    if (!length || *length > max_world_stream_bytes) {
         refuse_to_save(world_words,
-                       "its stream would take more than " + std::to_string(longest_world_stream) +
+                       "its stream would take more than " + std::to_string(max_world_stream_bytes) +
                            " bytes, which the game can't read.",
                        dialogs);
         return false;

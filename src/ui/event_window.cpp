@@ -36,8 +36,8 @@ constexpr ScriptButton script_buttons[] = {
 
 } // namespace
 
-EventWindow::EventWindow(EditorState& state, Windows& windows, QWidget* behind)
-    : SideWindow(state, windows, state.form9.visible, close_event_editor, behind, Qt::Window),
+EventWindow::EventWindow(EditorState& state, EditGate& gate)
+    : SideWindow(state, gate, state.form9.visible, close_event_editor, nullptr, Qt::Window),
       grid_(new ScriptView(state, bindings_)) {
     setObjectName("Form9");
     setWindowTitle("Event Editor");
@@ -87,7 +87,7 @@ void EventWindow::show_script() {
     const bool loaded = std::exchange(shown_load_, form.load_number) != form.load_number;
     if (!loaded && shown_work_ == form.work_number)
         return;
-    shown_work_ = windows_.busy() ? -1 : form.work_number; // the work goes on behind a box
+    shown_work_ = gate_.busy() ? -1 : form.work_number; // work goes on while a message box is open
     grid_->show_changes();
     if (loaded)
         grid_->show_beginning();

@@ -11,7 +11,7 @@ class ScriptView;
 /// The Event Editor, Form9: a script as a table, with a box to type in that lies over one cell.
 class EventWindow : public SideWindow {
   public:
-    EventWindow(EditorState& state, Windows& windows, QWidget* behind);
+    EventWindow(EditorState& state, EditGate& gate);
 
   private:
     QLayout* make_bar();

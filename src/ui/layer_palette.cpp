@@ -16,8 +16,8 @@ constexpr const char* controls[layer_count] = {"Option1", "Option2", "Option3"};
 
 } // namespace
 
-LayerPalette::LayerPalette(EditorState& state, Windows& windows, QWidget* behind)
-    : SideWindow(state, windows, state.form2.visible, close_tile_chooser, behind, Qt::Tool) {
+LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& behind)
+    : SideWindow(state, gate, state.form2.visible, close_tile_chooser, &behind, Qt::Tool) {
     setObjectName("Form2");
     setWindowTitle("Layer");
     auto* panel = new QWidget;

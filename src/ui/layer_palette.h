@@ -8,7 +8,7 @@ namespace veldrune {
 /// tiles it shows.
 class LayerPalette : public SideWindow {
   public:
-    LayerPalette(EditorState& state, Windows& windows, QWidget* behind);
+    LayerPalette(EditorState& state, EditGate& gate, QWidget& behind);
 
   protected:
     void showEvent(QShowEvent* event) override;

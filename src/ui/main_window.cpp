@@ -2,11 +2,11 @@
 
 #include "editor/open_image.h"
 #include "editor/tile_chooser.h"
+#include "ui/edit_gate.h"
 #include "ui/icons.h"
 #include "ui/map_picture.h"
 #include "ui/menus.h"
 #include "ui/panels.h"
-#include "ui/windows.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>
@@ -52,8 +52,8 @@ QString dropped_file(const QDropEvent& event) {
 
 } // namespace
 
-MainWindow::MainWindow(EditorState& state, Windows& windows)
-    : state_(state), windows_(windows), bindings_(windows.gate(*this)), controls_{state, bindings_},
+MainWindow::MainWindow(EditorState& state, EditGate& gate)
+    : state_(state), gate_(gate), bindings_(gate.gate(*this)), controls_{state, bindings_},
       picture_(new MapPicture(state, bindings_)) {
     setObjectName("Form1");
     setWindowTitle("Veldrune Map Editor 1.00");
@@ -98,12 +98,12 @@ void MainWindow::open_file(const std::string& path) {
 /// The tile chooser closes, too. The object window and the Event Editor stay until the user closes
 /// them.
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(!windows_.busy());
+    event->setAccepted(!gate_.busy());
     bindings_.edit([this] { close_tile_chooser(state_); });
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!windows_.busy() && !dropped_file(*event).isEmpty())
+    if (!gate_.busy() && !dropped_file(*event).isEmpty())
         event->acceptProposedAction();
 }
 

@@ -11,14 +11,14 @@
 namespace veldrune {
 
 class MapPicture;
-class Windows;
+class EditGate;
 
 /// The main window, Form1. It keeps nothing of its own: every edit of the user goes into the state,
 /// and the window shows the state.
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
-    MainWindow(EditorState& state, Windows& windows);
+    MainWindow(EditorState& state, EditGate& gate);
     /// Brings the window in line with the state.
     void show_state() const { bindings_.show(); }
     /// Ends a stroke of the mouse on the map picture, without a click.
@@ -37,7 +37,7 @@ class MainWindow : public QMainWindow {
     void build_panels();
 
     EditorState& state_;
-    Windows& windows_;
+    EditGate& gate_;
     Bindings bindings_;
     Controls controls_;
     MapPicture* picture_;

@@ -91,8 +91,8 @@ QLabel* make_record_number(EditorState& state, Bindings& bindings) {
 
 } // namespace
 
-ObjectWindow::ObjectWindow(EditorState& state, Windows& windows, QWidget* behind)
-    : SideWindow(state, windows, state.form10.visible, close_object_window, behind, Qt::Window) {
+ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& main_window)
+    : SideWindow(state, gate, state.form10.visible, close_object_window, nullptr, Qt::Window) {
     setObjectName("Form10");
     setWindowTitle("Object Info");
     build_menus(*this, menu_rows, state, bindings_);
@@ -100,7 +100,7 @@ ObjectWindow::ObjectWindow(EditorState& state, Windows& windows, QWidget* behind
     bindings_.show();
     follow_to_front(state.form10.to_front);
     QRect place(QPoint(0, 0), sizeHint()); // leaves most of the map picture free
-    place.moveBottomRight(windows.main_window().frameGeometry().bottomRight());
+    place.moveBottomRight(main_window.frameGeometry().bottomRight());
     move(place.topLeft());
 }
 

@@ -12,8 +12,8 @@ class QtDialogs : public Dialogs {
   public:
     /// before_box runs before anything is shown, to bring the windows up to date.
     void attach(Action before_box) { before_box_ = std::move(before_box); }
-    /// The coming boxes lie over window.
-    void lie_over(QWidget* window) { window_ = window; }
+    /// Message boxes are modal to window from now on.
+    void set_parent_window(QWidget* window) { window_ = window; }
 
     void message(MessageKind kind, const std::string& text, const std::string& title) override;
     bool question(const std::string& text) override;

@@ -8,9 +8,9 @@
 
 namespace veldrune {
 
-SideWindow::SideWindow(EditorState& state, Windows& windows, const bool& visible,
+SideWindow::SideWindow(EditorState& state, EditGate& gate, const bool& visible,
                        void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type)
-    : QMainWindow(parent, type), state_(state), bindings_(windows.gate(*this)), windows_(windows),
+    : QMainWindow(parent, type), state_(state), bindings_(gate.gate(*this)), gate_(gate),
       visible_(visible), close_(close_in_editor) {
     setWindowIcon(window_icon());
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -34,7 +34,7 @@ void SideWindow::follow_to_front(bool& to_front) {
 }
 
 void SideWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(!windows_.busy());
+    event->setAccepted(!gate_.busy());
     bindings_.edit([this] { close_(state_); });
 }
 

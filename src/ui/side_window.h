@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/windows.h"
+#include "ui/edit_gate.h"
 
 #include <QMainWindow>
 
@@ -15,7 +15,7 @@ class SideWindow : public QMainWindow {
   protected:
     /// close_in_editor tells the editor that the user has closed the window. parent is a window
     /// that this one stays in front of, or null.
-    SideWindow(EditorState& state, Windows& windows, const bool& visible,
+    SideWindow(EditorState& state, EditGate& gate, const bool& visible,
                void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type);
     void closeEvent(QCloseEvent* event) override;
     /// Brings the window in front of all others when the state wants it there, which is then done.
@@ -23,7 +23,7 @@ class SideWindow : public QMainWindow {
 
     EditorState& state_;
     Bindings bindings_;
-    const Windows& windows_;
+    const EditGate& gate_;
 
   private:
     const bool& visible_;

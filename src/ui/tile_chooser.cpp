@@ -43,8 +43,8 @@ class SheetPicture : public PixelPicture {
 
 } // namespace
 
-TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
-    : SideWindow(state, windows, state.form8.visible, close_tile_chooser, behind, Qt::Window) {
+TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& behind)
+    : SideWindow(state, gate, state.form8.visible, close_tile_chooser, &behind, Qt::Window) {
     setObjectName("Form8");
     setWindowTitle("Choose Tile");
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -62,8 +62,8 @@ TileChooser::TileChooser(EditorState& state, Windows& windows, QWidget* behind)
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
     QRect place(QPoint(0, 0), sizeHint()); // leaves the map picture free
-    place.moveCenter(behind->frameGeometry().center());
-    place.moveRight(behind->frameGeometry().right());
+    place.moveCenter(behind.frameGeometry().center());
+    place.moveRight(behind.frameGeometry().right());
     move(place.topLeft());
 }
 

@@ -7,7 +7,7 @@ namespace veldrune {
 /// The tile chooser, Form8: the picture of all tiles, of which a click takes one.
 class TileChooser : public SideWindow {
   public:
-    TileChooser(EditorState& state, Windows& windows, QWidget* behind);
+    TileChooser(EditorState& state, EditGate& gate, QWidget& behind);
 };
 
 } // namespace veldrune

@@ -7,19 +7,15 @@
 #include "ui/qt_dialogs.h"
 #include "ui/tile_chooser.h"
 
-#include <QScopeGuard>
-
 namespace veldrune {
 
 namespace {
 
-/// Makes the window when it is first to be seen, in front of behind, and brings it in line with the
-/// state.
-template <typename Window>
-void show_side_window(std::unique_ptr<Window>& window, bool visible, EditorState& state,
-                      Windows& windows, QWidget* behind) {
+// Makes the window when it is first to be seen, and updates it.
+template <typename Window, typename... Arguments>
+void show_side_window(std::unique_ptr<Window>& window, bool visible, Arguments&&... arguments) {
     if (visible && !window)
-        window = std::make_unique<Window>(state, windows, behind);
+        window = std::make_unique<Window>(arguments...);
     if (window)
         window->show_state();
 }
@@ -27,8 +23,9 @@ void show_side_window(std::unique_ptr<Window>& window, bool visible, EditorState
 } // namespace
 
 Windows::Windows(EditorState& state, QtDialogs& dialogs)
-    : state_(state), dialogs_(dialogs), form1_(std::make_unique<MainWindow>(state, *this)) {
-    dialogs_.attach([this] {
+    : state_(state), gate_(dialogs, [this] { show(); }),
+      form1_(std::make_unique<MainWindow>(state, gate_)) {
+    dialogs.attach([this] {
         form1_->end_stroke();
         show();
     });
@@ -37,26 +34,13 @@ Windows::Windows(EditorState& state, QtDialogs& dialogs)
 
 Windows::~Windows() = default;
 
-Gate Windows::gate(QWidget& window) {
-    return [this, &window](const Action& edit) {
-        if (busy_)
-            return;
-        busy_ = true;
-        const auto finish = qScopeGuard([this] { // whether the edit returns or throws
-            busy_ = false;
-            show();
-        });
-        dialogs_.lie_over(&window);
-        edit();
-    };
-}
-
 void Windows::show() {
     form1_->show_state();
-    show_side_window(form8_, state_.form8.visible, state_, *this, form1_.get());
-    show_side_window(form2_, state_.form2.visible, state_, *this, form8_.get());
-    show_side_window(form10_, state_.form10.visible, state_, *this, nullptr);
-    show_side_window(form9_, state_.form9.visible, state_, *this, nullptr);
+    show_side_window(form8_, state_.form8.visible, state_, gate_, *form1_);
+    if (form8_)
+        show_side_window(form2_, state_.form2.visible, state_, gate_, *form8_);
+    show_side_window(form10_, state_.form10.visible, state_, gate_, *form1_);
+    show_side_window(form9_, state_.form9.visible, state_, gate_);
 }
 
 } // namespace veldrune

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/editor_state.h"
-#include "ui/bindings.h"
+#include "ui/edit_gate.h"
 
 #include <memory>
 
@@ -14,9 +14,7 @@ class ObjectWindow;
 class QtDialogs;
 class TileChooser;
 
-/// All windows of the program. One edit runs at a time, whichever window it comes from, and then
-/// every window shows the state that it leaves. Those beside the main window are made when they
-/// show for the first time.
+/// All windows of the program. Those other than the main window are made when they are first shown.
 class Windows {
   public:
     Windows(EditorState& state, QtDialogs& dialogs);
@@ -25,17 +23,13 @@ class Windows {
     Windows& operator=(const Windows&) = delete;
 
     MainWindow& main_window() { return *form1_; }
-    /// What lets the edits of a window through. A box that such an edit raises lies over window.
-    Gate gate(QWidget& window);
-    /// An edit runs, maybe behind a message box.
-    bool busy() const { return busy_; }
+    EditGate& edit_gate() { return gate_; }
 
   private:
     void show();
 
     EditorState& state_;
-    QtDialogs& dialogs_;
-    bool busy_ = false;
+    EditGate gate_;
     // Each window is declared before those that lie in front of it.
     std::unique_ptr<MainWindow> form1_;
     std::unique_ptr<TileChooser> form8_;

@@ -12,7 +12,7 @@ constexpr std::size_t character_size = 32;
 using WorldGraphics = std::span<const std::uint8_t, world_graphics_size>;
 
 int palette_row(WorldGraphics graphics, std::size_t character) {
-    const int rows = graphics[world_character_rows_at + character / 2];
+    const int rows = graphics[world_palette_rows_at + character / 2];
     return character % 2 == 0 ? rows % 16 : rows / 16;
 }
 

@@ -45,7 +45,7 @@ struct OpenWorld {
 /// left, bottom right); 256 characters of 32 bytes; the characters' palette rows, two a byte, the
 /// even character's in the low four bits.
 inline constexpr std::size_t world_characters_at = 1024;
-inline constexpr std::size_t world_character_rows_at = 9216;
+inline constexpr std::size_t world_palette_rows_at = 9216;
 inline constexpr std::size_t world_graphics_size = 9344;
 
 /// Reads a world through its two pointers and draws its sheet. Returns the file offset of the
@@ -54,7 +54,7 @@ std::int32_t load_world(const RomImage& rom, World which, DecompressBuffer& buff
                         OpenWorld& world);
 
 /// Unpacks the stream of tiles at a file offset and returns its length field. A stream longer than
-/// longest_world_stream gives tile 0 everywhere.
+/// max_world_stream_bytes gives tile 0 everywhere.
 int read_world_map(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
                    WorldMap& map);
 

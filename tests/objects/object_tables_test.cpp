@@ -118,7 +118,7 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
         drawn->fill(0x123456);
         *expected = *drawn;
         ASSERT_TRUE(kind != npc || list.row_count == 0 ||
-                    !object_covers(kind, list, 0, list.bytes[4], list.bytes[5] % 64));
+                    !object_hit_by_click(kind, list, 0, list.bytes[4], list.bytes[5] % 64));
         draw_markers(kind, list, {h, v, size}, *drawn);
         for (int i = 0; i < list.row_count; ++i) {
             const Place p = place_in(kind, object_row(kind, list, i));
@@ -132,9 +132,9 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
                     plot(x, y, colours[static_cast<int>(kind)]);
             for (int y = 0; y < 256; ++y)
                 for (int x = 0; x < 256; ++x)
-                    ASSERT_EQ(object_covers(kind, list, i, x, y), x >= p.x && x < p.x + p.width &&
-                                                                      y >= p.y &&
-                                                                      y < p.y + p.click_height);
+                    ASSERT_EQ(object_hit_by_click(kind, list, i, x, y),
+                              x >= p.x && x < p.x + p.width && y >= p.y &&
+                                  y < p.y + p.click_height);
         }
         ASSERT_TRUE(*drawn == *expected) << round;
     }
