@@ -11,6 +11,7 @@ namespace veldrune::test {
 namespace {
 
 struct Image : OpenImage {
+    std::unique_ptr<DecompressBuffer> buffer = std::make_unique<DecompressBuffer>();
     Image() : OpenImage(Bytes(rom_layout::image_size, 0)) {}
     void word(int offset, int value) {
         put_word(bytes(), static_cast<std::size_t>(offset), static_cast<std::size_t>(value));
@@ -24,15 +25,14 @@ struct Image : OpenImage {
 
 TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
     Image image;
-    image.word(0x93D5 + 2 * 3, -16);              // set 3 lies 16 bytes before the sets' base
-    image.word(0x9401 - 16 + 10 * 2, 0x0100);     // tile 2, frame 0
-    image.word(0x9401 - 16 + 10 * 2 + 2, -0x20);  // frame 1
-    image.word(0x9401 - 16 + 10 * 2 + 6, 0x7FFF); // frame 3
+    constexpr int tile2 = 0x9401 - 16 + 10 * 2; // set 3 lies 16 bytes before the sets' base
+    image.word(0x93D5 + 2 * 3, -16);
+    for (int frame = 0; const int value : {0x0100, -0x20, 0, 0x7FFF})
+        image.word(tile2 + 2 * frame++, value);
     AnimTileTable table{};
     fill_anim_tile_table(image.rom, 3, table);
     // clang-format off
     const std::pair<std::size_t, int> entries[] = {
-        {8,        0x260300},
         {8 + 3,    0x260300 + 3 * 32},
         {12,       0x260200},
         {64 + 8,   0x624DF},
@@ -50,68 +50,48 @@ TEST(TileSources, AnimatedEntriesFollowTheFrameValuesAsSignedWords) {
     EXPECT_TRUE(std::equal(table.begin() + 64, table.end(), before.begin() + 64));
 }
 
-TEST(TileSources, CharactersComeFromTheirGroups) {
-    Image image;
-    // Every 32 bytes of the graphics begin with their own number.
-    for (int area : {rom_layout::tileset_graphics, rom_layout::animated_graphics})
-        for (int i = 0; i < 0x600; ++i)
-            image.word(area + 32 * i, (area == rom_layout::animated_graphics ? 0x8000 : 0) + i);
-    TilesetOffsets groups;
-    for (std::size_t k = 0; k < 4; ++k)
-        groups[k] = rom_layout::tileset_graphics + 0x2000 * static_cast<int>(k);
+TEST(TileSources, CharactersComeFromTheGroupsOfTheirTilesets) {
+    Image image; // every 32 bytes of the graphics begin with their own number
+    for (const auto& [area, first] : {std::pair(0x1FDD00, 0), std::pair(0x260200, 0x8000)})
+        for (int i = 0; i < 0x400; ++i)
+            image.word(area + 32 * i, first + i);
+    constexpr TilesetNumbers numbers{84, 0, 85, 1}; // 85 lies beyond the table
+    for (int k = 0; k < 4; ++k)
+        image.rom.write(rom_layout::tileset_pointers + 3 * numbers[static_cast<std::size_t>(k)],
+                        pointer24_bytes(0x2000 * k));
     AnimTileTable anim{};
     for (std::size_t i = 0; i < 256; ++i)
-        anim[i] = rom_layout::animated_graphics + 32 * static_cast<int>(i);
+        anim[i] = 0x260200 + 32 * static_cast<int>(i);
     CharacterGraphics graphics;
+    read_character_graphics(image.rom, read_tilesets(image.rom, numbers), anim, graphics);
     // clang-format off
-    const struct { int attribute, tile, source; } cases[] = {
-        {0x00, 0x80, 0x0080},
+    const struct { std::uint8_t attribute, tile; int source; } cases[] = {
         {0xFC, 0xFF, 0x00FF},
-        {0x01, 0x00, 0x0100},
         {0x01, 0x7F, 0x017F},
-        {0x01, 0x80, 0x0200},
+        {0x01, 0x80, 0},      // a tileset beyond the table is empty
         {0x02, 0x00, 0x0300},
         {0x02, 0x80, 0x8000},
-        {0x02, 0xFF, 0x807F},
-        {0x03, 0x00, 0x8080},
         {0x03, 0x7F, 0x80FF},
-        {0x03, 0x80, 0x8000},
         {0x03, 0xFF, 0x807F},
     };
     // clang-format on
-    for (const bool third_missing : {false, true}) {
-        if (third_missing)
-            groups[2].reset();
-        read_character_graphics(image.rom, groups, anim, graphics);
-        for (const auto& c : cases) {
-            const auto& bytes = graphics[character_number(static_cast<std::uint8_t>(c.tile),
-                                                          static_cast<std::uint8_t>(c.attribute))];
-            const bool empty = third_missing && c.source == 0x200;
-            EXPECT_EQ(bytes[0] + 256 * bytes[1], empty ? 0 : c.source) << c.attribute << c.tile;
-        }
+    for (const auto& [attribute, tile, source] : cases) {
+        const auto& bytes = graphics[character_number(tile, attribute)];
+        EXPECT_EQ(bytes[0] + 256 * bytes[1], source) << int{attribute} << ' ' << int{tile};
     }
-}
-
-TEST(TileSources, ATilesetBeyondTheTableIsMissing) {
-    Image image;
-    image.rom.write(rom_layout::tileset_pointers + 3 * 84, pointer24_bytes(0x1234));
-    const TilesetOffsets expected{0x1FDD00 + 0x1234, std::nullopt, std::nullopt, 0x1FDD00};
-    EXPECT_EQ(read_tilesets(image.rom, {84, 85, 2147483647, 0}), expected);
 }
 
 TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
     Image image;
-    Random random(2);
     Bytes bytes(6000);
-    std::ranges::generate(bytes, [&] { return random.byte() & 3; });
+    Random(2).fill(bytes);
     image.rom.write(rom_layout::formation_pointers + 3 * 9, pointer24_bytes(0x100));
     image.stream(rom_layout::formation_data + 0x100, std::span(bytes).first(2048));
     image.rom.write(rom_layout::layer3_graphics_pointers + 3 * 6, pointer24_bytes(0x40));
     image.stream(rom_layout::layer3_graphics + 0x40, bytes);
 
-    auto buffer = std::make_unique<DecompressBuffer>();
     TileFormationSet set;
-    read_formation_set(image.rom, 9, *buffer, set);
+    read_formation_set(image.rom, 9, *image.buffer, set);
     const FormationCharacters characters = split_formations(set);
     EXPECT_EQ(characters.tiles[4 * 77 + 2], bytes[512 + 77]);
     EXPECT_EQ(characters.attributes[4 * 255 + 3], bytes[2047]);
@@ -119,9 +99,10 @@ TEST(TileSources, FormationsAndLayer3GraphicsAreDecodedAndCut) {
 
     Layer3Graphics graphics;
     graphics.fill(0xEE);
-    read_layer3_graphics(image.rom, layer3_graphics_offset(image.rom, 6), *buffer, graphics);
-    EXPECT_TRUE(std::equal(bytes.begin(), bytes.begin() + 4097, graphics.begin()));
-    EXPECT_TRUE(std::all_of(graphics.begin() + 4097, graphics.end(), [](int b) { return b == 0; }));
+    read_layer3_graphics(image.rom, layer3_graphics_offset(image.rom, 6), *image.buffer, graphics);
+    std::fill(bytes.begin() + 4097, bytes.end(), std::uint8_t{0});
+    bytes.resize(graphics.size());
+    EXPECT_TRUE(std::ranges::equal(graphics, bytes));
 }
 
 TEST(Palette, WordsBecomePackedColours) {
@@ -140,37 +121,35 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<std::uint8_t>(i / 128 + 1);
     image.stream(rom_layout::layer_data + 0x10, bytes);
-    auto buffer = std::make_unique<DecompressBuffer>();
     // clang-format off
     const struct { LayerSize size; int columns, rows; bool rows_missing; } cases[] = {
         {{128, 64},          128, 64, false},
-        {{16, 16},           16,  16, false},
         {{0, 16},            0,   0,  false},
         {{64, 128},          64,  64, true},
         {{2147483647, 9999}, 128, 64, true},
     };
     // clang-format on
-    for (const auto& c : cases) {
+    for (const auto& [size, columns, rows, rows_missing] : cases) {
         Layer layer;
         layer.layer_offset = 0x10;
         layer.map.cells.fill(0xEE);
-        load_layer(image.rom, c.size, *buffer, layer);
+        LayerMap expected = layer.map;
+        for (int i = 0; i < columns * rows; ++i)
+            expected.at(i % columns, i / columns) = bytes[static_cast<std::size_t>(i)];
+        load_layer(image.rom, size, *image.buffer, layer);
         EXPECT_EQ(layer.layer_packed_size, image.rom.read_word(rom_layout::layer_data + 0x10));
-        EXPECT_EQ(layer.rows_missing, c.rows_missing);
-        for (int row = 0; row < LayerMap::rows; ++row)
-            for (int column = 0; column < LayerMap::columns; ++column) {
-                const int index = row * c.columns + column;
-                const int expected = column < c.columns && row < c.rows ? index / 128 + 1 : 0xEE;
-                ASSERT_EQ(layer.map.at(column, row), expected) << column << ' ' << row;
-            }
+        EXPECT_EQ(layer.rows_missing, rows_missing);
+        EXPECT_TRUE(layer.map.cells == expected.cells) << columns << " by " << rows;
     }
+}
+
+TEST(LayerMap, PacksWhatLiesBehindItsEdgeAsZeros) {
     LayerMap map;
     map.cells.fill(5);
-    std::array<std::uint8_t, 8192> packed;
-    pack_layer(map, 4096, 2, packed);
-    EXPECT_EQ(std::count(packed.begin(), packed.end(), 5), 2 * 129); // behind the edge is 0
-    EXPECT_EQ(packed[128] + packed[4096], 10);
-    EXPECT_EQ(packed[129], 0);
+    Bytes packed(2 * 130), expected(2 * 130, 5);
+    expected[129] = expected[130 + 129] = 0;
+    pack_layer(map, 130, 2, packed);
+    EXPECT_EQ(packed, expected);
 }
 
 } // namespace

@@ -12,27 +12,26 @@ using enum ObjectKind;
 
 TEST(ObjectTables, CountsAreRoundedTiesToEven) {
     // clang-format off
-    using Counts = std::vector<std::pair<std::size_t, int>>; // by the bytes of a list
-    const struct { ObjectKind kind; int first; Counts counts; } cases[] = {
-        {npc,           0,      {{255 * 9 + 4, 255}, {255 * 9 + 5, 0}, {0xFFFF, 0}}},
-        {npc,           0x1000, {{0, 0}, {4, 0}, {13, 1}, {14, 2}}},
-        {npc,           0x1001, {{0xFFFF, 0}}}, // it ends before it begins
-        {chest,         9,      {{8, 2}}},
-        {event_trigger, 0xFFF0, {{15, 3}}},
-        {entrance,      7,      {{3, 0}, {9, 2}, {15, 2}, {21, 4}}},
-        {long_entrance, 7,      {{4, 1}}},
+    const struct { ObjectKind kind; std::size_t first, size; int count; } cases[] = {
+        {npc,           0,      255 * 9 + 4, 255},
+        {npc,           0,      255 * 9 + 5, 0},
+        {npc,           0x1000, 14,          2},
+        {npc,           0x1001, 0xF000,      0}, // it ends before it begins
+        {chest,         9,      8,           2},
+        {event_trigger, 0xFFF0, 15,          3},
+        {entrance,      7,      9,           2},
+        {entrance,      7,      15,          2},
+        {long_entrance, 7,      4,           1},
     };
     // clang-format on
     Bytes bytes(0x300200);
-    for (const auto& [kind, first, counts] : cases)
-        for (const auto& [size, count] : counts) {
-            const std::size_t start = static_cast<std::size_t>(first);
-            put_word(bytes, place_of(kind).pointers + 2 * 413, start);
-            put_word(bytes, place_of(kind).pointers + 2 * 414, start + size);
-            const ObjectExtent extent = read_object_extent(OpenImage(bytes).rom, kind, 413);
-            EXPECT_EQ(std::pair(extent.count, extent.first_offset), std::pair(count, first))
-                << size;
-        }
+    for (const auto& [kind, first, size, count] : cases) {
+        put_word(bytes, place_of(kind).pointers + 2 * 413, first);
+        put_word(bytes, place_of(kind).pointers + 2 * 414, first + size);
+        const ObjectExtent extent = read_object_extent(OpenImage(bytes).rom, kind, 413);
+        EXPECT_EQ(extent.count, count) << size;
+        EXPECT_EQ(extent.first_offset, static_cast<int>(first));
+    }
 }
 
 TEST(ObjectTables, ItemNamesAndSpritesAreFound) {
@@ -52,32 +51,24 @@ TEST(ObjectTables, ItemNamesAndSpritesAreFound) {
 
 TEST(SpritePreview, ShowsTallAndShortSpritesSixTimesTheirSize) {
     OpenImage open(Bytes(0x300200, 0));
-    Bytes& image = open.bytes();
-    // Characters at 0x1000: pixel (0, 0) of number n has value n + 1, pixel (7, 6) has 15.
+    // Six characters at 0x1000: number n has value n + 9 in all but its first two pixels.
     for (std::size_t n = 0; n < 6; ++n)
-        for (std::size_t plane = 0; plane < 4; ++plane) {
-            const std::size_t at = 0x1000 + 32 * n + plane % 2 + plane / 2 * 16;
-            if ((n + 1) >> plane & 1)
-                image[at] = 0x80;
-            image[at + 2 * 6] = 0x01;
-        }
+        for (std::size_t i = 0; i < 32; ++i) // rows of planes 0 and 1, then of planes 2 and 3
+            if ((n + 9) >> (i / 16 * 2 + i % 2) & 1)
+                open.bytes()[0x1000 + 32 * n + i] = i % 16 < 2 ? 0x3F : 0xFF;
     for (std::size_t i = 0; i < 256; ++i) // red is the number in the row, green the row
-        put_word(image, 0x268200 + 2 * i, i % 16 | i / 16 << 5);
+        put_word(open.bytes(), 0x268200 + 2 * i, i % 16 | i / 16 << 5);
     Form10 form;
     for (const int sprite : {0, 0x56, 0x57, 0x72}) {
         const bool tall = sprite < 0x57;
         draw_sprite_preview(open.rom, 0x1000, sprite, 5, form);
         ASSERT_EQ(form.Picture1_height, tall ? 144 : 96);
-        for (int y = 0; y < 144; ++y) // behind a short one nothing of the tall one stays
+        for (int y = 0; y < 144; ++y) // below a short one nothing of the tall one stays
             for (int x = 0; x < 96; ++x) {
-                const int px = x % 48 / 6, py = y % 48 / 6;
-                const int first = y / 48 * 2 + x / 48 + (tall ? 1 : 2);
-                const int value = y >= form.Picture1_height ? 0
-                                  : px == 0 && py == 0      ? first
-                                  : px == 7 && py == 6      ? 15
-                                                            : 0;
-                ASSERT_EQ(form.Picture1[static_cast<std::size_t>(96 * y + x)],
-                          value == 0 ? 0u : static_cast<Colour>(value << 19 | 5 << 11))
+                const int character = y / 48 * 2 + x / 48 + (tall ? 0 : 1);
+                const bool blank = y >= form.Picture1_height || (x % 48 < 12 && y % 48 < 6);
+                ASSERT_EQ(form.Picture1.row(y)[x],
+                          blank ? 0u : static_cast<Colour>((character + 9) << 19 | 5 << 11))
                     << sprite << ": " << x << ", " << y;
             }
     }
@@ -87,6 +78,9 @@ constexpr Colour colours[] = {0xFF0000, 0xFFFF00, 0x0000FF, 0x00FF00, 0x00FF00};
 
 struct Place {
     int x, y, width, height, click_height;
+    bool takes_click(int at_x, int at_y) const {
+        return at_x >= x && at_x < x + width && at_y >= y && at_y < y + click_height;
+    }
 };
 
 Place place_in(ObjectKind kind, std::span<const std::uint8_t> r) {
@@ -102,10 +96,6 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
     Random random(3);
     auto drawn = std::make_unique<PixelBuffer>();
     auto expected = std::make_unique<PixelBuffer>();
-    const auto plot = [&](std::int64_t x, std::int64_t y, Colour colour) {
-        if (x >= 0 && x < 512 && y >= 0 && y < 512)
-            expected->row(static_cast<int>(y))[x] = colour;
-    };
     for (int round = 0; round < 600; ++round) {
         const ObjectKind kind = all_kinds[random.below(5)];
         ObjectList list;
@@ -124,17 +114,13 @@ TEST(Markers, MatchAReferencePixelByPixelAndAreClickedWhereTheyShow) {
             const Place p = place_in(kind, object_row(kind, list, i));
             const std::int64_t x0 = (std::int64_t{p.x} - h) * size, x1 = x0 + p.width * size;
             const std::int64_t y0 = (std::int64_t{p.y} - v) * size, y1 = y0 + p.height * size;
-            for (std::int64_t x = x0; x <= x1; ++x)
-                for (const std::int64_t y : {y0, y1})
-                    plot(x, y, colours[static_cast<int>(kind)]);
             for (std::int64_t y = y0; y <= y1; ++y)
-                for (const std::int64_t x : {x0, x1})
-                    plot(x, y, colours[static_cast<int>(kind)]);
+                for (std::int64_t x = x0; x <= x1; x += y == y0 || y == y1 ? 1 : x1 - x0)
+                    if (x >= 0 && x < view_size && y >= 0 && y < view_size)
+                        expected->row(static_cast<int>(y))[x] = colours[static_cast<int>(kind)];
             for (int y = 0; y < 256; ++y)
                 for (int x = 0; x < 256; ++x)
-                    ASSERT_EQ(object_hit_by_click(kind, list, i, x, y),
-                              x >= p.x && x < p.x + p.width && y >= p.y &&
-                                  y < p.y + p.click_height);
+                    ASSERT_EQ(object_hit_by_click(kind, list, i, x, y), p.takes_click(x, y));
         }
         ASSERT_TRUE(*drawn == *expected) << round;
     }

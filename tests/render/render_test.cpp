@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <climits>
+#include <functional>
+#include <numeric>
 
 namespace veldrune::test {
 
@@ -45,35 +47,14 @@ struct Compose : testing::Test {
     }
 };
 
-TEST_F(Compose, StacksTheLayersOfACell) {
-    bitmaps.layer2_low[2].fill(0x202020);
-    bitmaps.layer1_low[1][1] = bitmaps.layer1_low[1][3] = 0x404040;
-    bitmaps.layer2_high[2][2] = bitmaps.layer2_high[2][3] = 0x606060;
-    bitmaps.layer1_high[1][4] = 0x808080;
-    bitmaps.layer3_pixels[3].fill(0xC86428);
-    using enum Layer3Blend;
-    const struct {
-        LayerStack stack;
-        std::array<Colour, 5> pixels; // the first of the cell
-    } cases[] = {
-        {{{true, true, true}, 2, none}, {0x202020, 0x404040, 0x606060, 0x606060, 0x808080}},
-        {{{true, true, true}, 0, half}, {0x202020, 0x404040, 0x606060, 0x606060, 0x808080}},
-        {{{true, true, true}, 1, half}, {0x744224, 0x404040, 0x606060, 0x606060, 0x808080}},
-        {{{true, true, true}, 2, half}, {0x744224, 0x845234, 0x946244, 0x946244, 0xA47254}},
-        {{{true, false, true}, 1, opaque}, {0xC86428, 0x404040, 0xC86428, 0x404040, 0x808080}},
-        {{{false, false, true}, 0, half}, {0x643214, 0x643214, 0x643214, 0x643214, 0x643214}},
-    };
-    for (const auto& [stack, pixels] : cases) {
-        for (const VectorUnit unit : vector_units()) {
-            Formation cell;
-            compose_cell_with(unit, bitmaps, stack, {1, 2, 3}, cell);
-            EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), cell.begin()))
-                << stack.layer3_order << " with vector unit " << static_cast<int>(unit);
-        }
-    }
-}
-
 TEST_F(Compose, DrawsCellsLikeTheLiteralComposerAndNothingElse) {
+    // Two of its pixels worked by hand: layer 3 half over layer 2, both below layer 1.
+    bitmaps.layer1_low[1][1] = 0x404040;
+    bitmaps.layer2_low[2].fill(0x202020);
+    bitmaps.layer3_pixels[3].fill(0xC86428);
+    const LayerStack half{{true, true, true}, 1, Layer3Blend::half};
+    EXPECT_EQ(literal_cell_pixel(bitmaps, half, {1, 2, 3}, 0, 0), 0x744224u);
+    EXPECT_EQ(literal_cell_pixel(bitmaps, half, {1, 2, 3}, 1, 0), 0x404040u);
     for (int round = 0; round < 150; ++round) {
         if (round % 10 == 0)
             choose_formations();
@@ -97,6 +78,13 @@ TEST_F(Compose, DrawsCellsLikeTheLiteralComposerAndNothingElse) {
             return drawn ? full.row(y)[x] : mark;
         };
         ASSERT_EQ(differing(picture, expected), 0) << "round " << round;
+        Formation literal, cell;
+        for (std::size_t i = 0; i < 256; ++i)
+            literal[i] = literal_cell_pixel(bitmaps, view.stack, tiles, int(i % 16), int(i / 16));
+        for (const VectorUnit unit : vector_units()) {
+            compose_cell_with(unit, bitmaps, view.stack, tiles, cell);
+            ASSERT_EQ(cell, literal) << "round " << round << ", unit " << static_cast<int>(unit);
+        }
     }
 }
 
@@ -109,18 +97,13 @@ TEST_F(Compose, ScrollingGivesTheViewAtTheNewPlaceAndMovesMarks) {
         for (int i = 0; i < 2000; ++i)
             before.row(random.below(view_size))[random.below(view_size)] = mark;
         picture = before;
-        const auto moved_from = [&](int place) {
-            const int far = random.below(across);
-            const long long moved = 0LL + place + from({0, 1, -1, far, -far, across, -across});
-            return static_cast<int>(std::clamp(moved, 0LL, 0LL + INT_MAX));
+        const int far = random.below(across), direction = random.below(9); // 4: both
+        const int step = from({0, 1, -1, far, -far, across, -across});
+        const auto stepped = [&](int place) {
+            return static_cast<int>(std::clamp(0LL + place + step, 0LL, 0LL + INT_MAX));
         };
-        const bool both = random.below(9) == 0; // mostly one direction
-        const bool move_h = both || random.below(2) == 0;
-        const bool move_v = both || !move_h;
-        if (move_h)
-            view.h = moved_from(view.h);
-        if (move_v)
-            view.v = moved_from(view.v);
+        view.h = direction <= 4 ? stepped(view.h) : view.h;
+        view.v = direction >= 4 ? stepped(view.v) : view.v;
         scroll_picture(bitmaps, view, last_h, last_v, picture);
         literal_compose(bitmaps, view, full);
         const int dx = view.h - last_h, dy = view.v - last_v;
@@ -135,64 +118,49 @@ TEST_F(Compose, ScrollingGivesTheViewAtTheNewPlaceAndMovesMarks) {
     }
 }
 
-struct Formations : testing::Test {
-    FormationCharacters characters{};
-    CharacterGraphics graphics{};
-    Layer3Graphics layer3{};
-    Palette256 palette{};
-    FormationBitmaps bitmaps, expected;
-
-    Formations() {
-        for (Colour i = 0; i < 256; ++i)
-            palette[i] = 0x10000 + i;
-    }
+struct Formations : Compose {
+    FormationBitmaps expected;
 };
 
-TEST_F(Formations, AttributesPlaceTheOnePixelOfACharacter) {
-    // Character 0x285 has its pixel (1, 2) alone set, by planes 0, 2 and 3: value 13.
-    graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
-    // clang-format off
-    const struct { std::uint8_t quadrant, attribute; std::size_t place; Colour high, low; } cases[] = { // place: 16 * y + x
-        {0, 0x02, 16 * 2 + 1,  0,       0x1000D},
-        {1, 0x22, 16 * 2 + 9,  0x1000D, 0},
-        {2, 0x42, 16 * 10 + 6, 0,       0x1000D},
-        {3, 0x82, 16 * 13 + 9, 0,       0x1000D},
-        {0, 0xE6, 16 * 5 + 6,  0x1001D, 0},
-        {3, 0x1E, 16 * 10 + 9, 0,       0x1007D},
-    };
-    // clang-format on
-    for (const auto& [quadrant, attribute, place, high, low] : cases) {
-        characters = {};
-        characters.tiles[28u + quadrant] = 0x85;
-        characters.attributes[28u + quadrant] = attribute;
-        decode_layer_tiles(characters, graphics, palette, bitmaps.layer2_high, bitmaps.layer2_low);
-        Formation pixels{};
-        pixels[place] = high;
-        EXPECT_EQ(bitmaps.layer2_high[7], pixels);
-        pixels[place] = low;
-        EXPECT_EQ(bitmaps.layer2_low[7], pixels);
-        pixels[place] = high + low;
-        EXPECT_EQ(whole_formation(bitmaps, 1, 7), pixels);
-    }
-}
-
 TEST_F(Formations, DecodeLikeTheLiteralDecoder) {
-    Random random(3);
+    FormationCharacters characters{};
+    CharacterGraphics graphics{};
+    Layer3Graphics layer3;
+    Palette256 palette;
+    std::iota(palette.begin(), palette.end(), 0x10000);
+    // One character worked by hand: its pixel (1, 2) alone is set, by planes 0, 2 and 3. It stands
+    // at the bottom right of formation 7, flipped horizontally, in palette row 7.
+    graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
+    characters.tiles[4 * 7 + 3] = 0x85;
+    characters.attributes[4 * 7 + 3] = 0x5E;
+    literal_decode_layer_tiles(characters, graphics, palette, expected.layer1_high,
+                               expected.layer1_low);
+    Formation one_pixel{};
+    one_pixel[16 * (8 + 2) + 8 + 6] = 0x10000 + 16 * 7 + 13;
+    EXPECT_EQ(expected.layer1_low[7], one_pixel);
+
     for (int round = 0; round < 20; ++round) {
+        const int layer = random.below(2);
+        FormationBitmap& high = layer == 0 ? bitmaps.layer1_high : bitmaps.layer2_high;
+        FormationBitmap& low = layer == 0 ? bitmaps.layer1_low : bitmaps.layer2_low;
         random.fill(characters.tiles);
         random.fill(characters.attributes);
         random.fill(layer3);
         for (auto& character : graphics)
             random.fill(character);
-        decode_layer_tiles(characters, graphics, palette, bitmaps.layer1_high, bitmaps.layer1_low);
+        decode_layer_tiles(characters, graphics, palette, high, low);
         decode_layer3_tiles(layer3, palette, bitmaps.layer3_pixels);
         literal_decode_layer_tiles(characters, graphics, palette, expected.layer1_high,
                                    expected.layer1_low);
         literal_decode_layer3_tiles(layer3, palette, expected.layer3_pixels);
-        ASSERT_EQ(bitmaps.layer1_high, expected.layer1_high);
-        ASSERT_EQ(bitmaps.layer1_low, expected.layer1_low);
+        ASSERT_EQ(high, expected.layer1_high);
+        ASSERT_EQ(low, expected.layer1_low);
         ASSERT_EQ(bitmaps.layer3_pixels, expected.layer3_pixels);
-        ASSERT_EQ(whole_formation(bitmaps, 2, round), expected.layer3_pixels[std::size_t(round)]);
+        const std::size_t n = random.byte();
+        Formation whole; // every pixel stands in one of the two
+        std::ranges::transform(high[n], low[n], whole.begin(), std::plus());
+        ASSERT_EQ(whole_formation(bitmaps, layer, static_cast<int>(n)), whole);
+        ASSERT_EQ(whole_formation(bitmaps, 2, static_cast<int>(n)), bitmaps.layer3_pixels[n]);
     }
 }
 
@@ -200,10 +168,10 @@ TEST_F(Compose, GridLinesStandAtTheTopAndLeftOfEveryCell) {
     for (const int size : {16, 32, 64, 128, 0, -5, INT_MAX}) {
         picture = {};
         draw_grid(picture, size);
-        const auto grid = [&](int x, int y) {
+        const long wrong = differing(picture, [size](int x, int y) {
             return size > 0 && (x % size == 0 || y % size == 0) ? 0xFFFFFF : 0;
-        };
-        EXPECT_EQ(differing(picture, grid), 0) << size;
+        });
+        EXPECT_EQ(wrong, 0) << size;
     }
 }
 

@@ -12,12 +12,8 @@ TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
         {" 1a 2f\r\n", "1A2F",       0x1A2F,     0},
         {"1a\r \n2",   "1A2",        0x1A2,      0},
         {"1\n",        "1\n",        0x10,       1}, // only a whole line break is dropped
-        {"1G",         "1G",         0x10,       1}, // the last place counts 0
-        {"G1",         "G1",         0x11,       1}, // a bad place counts as the one to its right
-        {"-1",         "-1",         0x11,       1},
-        {"G2H",        "G2H",        0x220,      2}, // one warning a bad character
+        {"-2H",        "-2H",        0x220,      2}, // counts as the place to its right, 0 at the end
         {"1\u00e4",    "1\u00e4",    0x10,       1}, // whatever bytes it takes
-        {"ffffffff",   "FFFFFFFF",   0xFFFFFFFF, 0},
         {"123456789A", "123456789A", 0x3456789A, 0}, // wraps to 32 bits
     };
     // clang-format on
@@ -28,24 +24,18 @@ TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
         EXPECT_EQ(text, c.normalised);
         EXPECT_EQ(dialogs.messages, Messages(c.warnings, no_number(c.normalised, "hex"))) << c.text;
     }
-    for (std::string blank : {"", "  ", "\r\n "}) {
-        ScriptedDialogs dialogs;
-        EXPECT_EQ(parse_hex_text(blank, dialogs), 0);
-        EXPECT_EQ(dialogs.messages, Messages{blank_hex});
-    }
+    ScriptedDialogs dialogs;
+    std::string blank = "\r\n ";
+    EXPECT_EQ(parse_hex_text(blank, dialogs), 0);
+    EXPECT_EQ(dialogs.messages, Messages{blank_hex});
 }
 
 TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
     // clang-format off
     const struct { std::string text; int value; bool is_number; } cases[] = {
-        {"0",                    0,          true},
-        {" 7 ",                  7,          true},
-        {"2147483647",           2147483647, true},
+        {" 70 ",                 70,         true},
         {"99999999999999999999", 2147483647, true},
-        {"",                     0,          false},
         {"  ",                   0,          false},
-        {"12x",                  12,         false},
-        {"x12",                  0,          false},
         {"-5",                   0,          false},
         {"1 2",                  1,          false},
     };
@@ -55,12 +45,13 @@ TEST(NumberText, DecimalTextCountsItsLeadingDigits) {
         const TextNumber number = parse_decimal_text(c.text, dialogs);
         EXPECT_EQ(std::pair(number.value, number.is_number), std::pair(c.value, c.is_number));
         EXPECT_EQ(decimal_number(c.text).value, c.value) << c.text;
-        EXPECT_EQ(dialogs.messages, Messages(c.is_number ? 0 : 1, no_number(c.text, "decimal")))
-            << c.text;
+        EXPECT_EQ(dialogs.messages, Messages(!c.is_number, no_number(c.text, "decimal")));
     }
 }
 
-TEST(NumberText, BitTextAndHexadecimal) {
+TEST(NumberText, CharactersBitTextAndHexadecimal) {
+    EXPECT_EQ(characters("a\u00fc\u20acb", 1, 2), "\u00fc\u20ac"); // of two and three bytes
+    EXPECT_EQ(character_count("a\u00fc\u20acb"), 4u);
     EXPECT_EQ(byte_to_bits(0x2C), "00101100");
     EXPECT_EQ(word_to_bits(0x8001), "1000000000000001");
     EXPECT_EQ(bits_to_value("00101100", 3, 4), 0b1011u);

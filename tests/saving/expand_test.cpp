@@ -59,49 +59,41 @@ TEST(Expansion, FillsTheAddedMegabyteOnceAndWipesATableInIt) {
     EXPECT_TRUE(editor.image() == expected);
     editor.image()[0x350000] = expected[0x350000] = 1;
     expand(editor);
-    EXPECT_EQ(editor.dialogs.messages,
-              (Messages{{"This image has been expanded to 32 Mbit already. Nothing has been "
-                         "changed.",
-                         "Error"}}));
+    const char* refusal =
+        "This image has been expanded to 32 Mbit already. Nothing has been changed.";
+    EXPECT_EQ(editor.dialogs.messages, (Messages{{refusal, "Error"}}));
     EXPECT_TRUE(editor.image() == expected);
 }
 
 TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
-    struct Patched : Editor {
-        Patched() : Editor(noise(0x300200)) { patch(*this); }
-    };
     const auto make = [] { return Editor(noise(0x300200)); };
     expect_prefixes_of_writes(make, expand);
     expect_prefixes_of_writes(make, patch);
-    expect_prefixes_of_writes([] { return Patched(); }, expand);
-    for (const int read : {1, 2}) { // and what can't be read is not copied
+    // What can't be read is not copied, and half a patch is none.
+    for (const auto& [reading, writing] : {std::pair(1, 0), std::pair(2, 0), std::pair(0, 3)}) {
         Editor editor(noise(0x300200));
-        editor.disk.fail({.at = read}, {});
+        editor.disk.fail({.at = reading}, {.at = writing});
         patch(editor);
-        EXPECT_EQ(editor.disk.writes, 0);
+        EXPECT_EQ(editor.disk.writes, writing);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+        EXPECT_FALSE(has_dialogue_patch(editor.state->rom) || editor.state->patch_flags[8]);
     }
 }
 
 TEST(PatchMarks, AreClearedBitsAndFlagsAreOnlySet) {
-    // clang-format off
-    const struct { std::uint8_t byte0, byte1; std::size_t size; const char* flags; } cases[] = {
-        {0xFF, 0xFE, 0x300200, "0000000001000"},
-        {0xFF, 0xFD, 0x300200, "0000000010000"},
-        {0xFF, 0xE3, 0x3000E2, "0000000000111"},
-        {0xFF, 0x1F, 0x300200, "0000000000000"},
-        {0x7D, 0xF7, 0x300200, "0100000100010"},
+    const std::tuple<std::uint8_t, std::uint8_t, std::size_t, const char*> cases[] = {
+        {0x7D, 0x16, 0x300200, "0100000101010"},
+        {0xFF, 0xE1, 0x3000E2, "0000000010111"},
         {0x00, 0x00, 0x3000E1, "0000000000000"}, // the file ends between the two
     };
-    // clang-format on
-    for (const auto& c : cases) {
-        Editor editor(noise(c.size, c.byte0, c.byte1));
+    for (const auto& [byte0, byte1, size, expected] : cases) {
+        Editor editor(noise(size, byte0, byte1));
         editor.disk["b.smc"] = noise(0x300200);
         open_image_file(*editor.state, "b.smc");
         std::string flags;
         for (const bool flag : editor.state->patch_flags)
             flags += flag ? '1' : '0';
-        EXPECT_EQ(flags, c.flags);
+        EXPECT_EQ(flags, expected);
         EXPECT_FALSE(has_dialogue_patch(editor.state->rom)); // asked of the image, not the flags
     }
 }
