@@ -22,32 +22,40 @@ TEST(Mouse, PixelsBecomeTilesAtEveryZoom) {
         {2.0f,  -160, 0,   "FFFFFFFB 11"},
     };
     // clang-format on
+    Editor editor;
+    editor.form.HScroll1.value = 5;
+    editor.form.VScroll1.value = 10;
+    editor.form.VScroll2.value = 7;
     for (const auto& c : cases) {
-        Editor editor;
-        editor.state->zoom = c.zoom;
-        editor.form.HScroll1.value = 5;
-        editor.form.VScroll1.value = 10;
-        editor.form.VScroll2.value = 7;
-        on_move(*editor.state, c.x, c.y);
+        editor.s.zoom = c.zoom;
+        on_move(editor.s, c.x, c.y);
         EXPECT_EQ(editor.form.Label26, c.label) << c.x;
     }
 }
 
-TEST(Mouse, APaintedCellLooksLikeAFullCompositionAndChangesOneTile) {
+TEST(Mouse, AStrokePaintsTheCellsThatItsEventsReachAsAFullCompositionWould) {
     Random random(7);
+    Town town(true);
+    Form1& form = town.form;
     for (int round = 0; round < 60; ++round) {
-        Town town(true);
-        const int layer = town.form.edit_layer = random.below(3);
-        town.form.current_tile = random.below(256);
+        const int layer = form.edit_layer = random.below(3);
+        form.current_tile = random.below(256);
         town.s.zoom = 0.25f * static_cast<float>(1 << random.below(3));
-        town.form.HScroll1.value = random.below(3);
+        form.HScroll1.value = random.below(3);
+        town.s.changes_saved = true;
         compose_view(town.s);
-        const int x = random.below(512), y = random.below(512), size = tile_size(town.s.zoom);
         auto expected = town.s.map.layers;
-        expected[static_cast<std::size_t>(layer)].map.at(town.form.HScroll1.value + x / size,
-                                                         y / size) =
-            static_cast<std::uint8_t>(town.form.current_tile);
-        town.click(left, x, y);
+        const int size = tile_size(town.s.zoom);
+        const std::pair<int, int> places[] = {{random.below(512), random.below(512)}, {511, 0}};
+        on_press(town.s, left, 200, 200); // paints nothing by itself
+        for (const auto& [x, y] : {places[0], places[1], {-40, 10}, {600, 700}}) // some outside
+            on_move(town.s, x, y);
+        on_release(town.s);
+        on_move(town.s, 300, 300);
+        for (const auto& [x, y] : places)
+            expected[static_cast<std::size_t>(layer)].map.at(form.HScroll1.value + x / size,
+                                                             y / size) =
+                static_cast<std::uint8_t>(form.current_tile);
         for (std::size_t i = 0; i < layer_count; ++i)
             ASSERT_EQ(town.map(i).cells, expected[i].map.cells);
         ASSERT_FALSE(town.s.changes_saved);
@@ -57,35 +65,19 @@ TEST(Mouse, APaintedCellLooksLikeAFullCompositionAndChangesOneTile) {
     }
 }
 
-TEST(Mouse, ADragPaintsEveryCellThatItsEventsReachUntilTheRelease) {
-    Town town(true);
-    town.form.edit_layer = 1;
-    town.form.current_tile = 77;
-    auto expected = town.map(1);
-    on_press(town.s, left, 10, 10);
-    EXPECT_EQ(town.map(1).cells, expected.cells); // the press itself paints nothing
-    for (const auto& [x, y] : {std::pair{40, 10}, {200, 10}, {-40, 10}, {600, 700}}) // some outside
-        on_move(town.s, x, y);
-    on_release(town.s);
-    on_move(town.s, 300, 300);
-    expected.at(1, 0) = expected.at(6, 0) = 77;
-    EXPECT_EQ(town.map(1).cells, expected.cells);
-}
-
 TEST(Mouse, NothingIsPaintedOrPickedOutsideTheLayerMap) {
     Town town(true);
     town.form.current_tile = 9;
     town.s.zoom = 2.0f;
     town.form.HScroll1.value = 100;
     const auto cells = town.map(0).cells;
-    town.form.VScroll1.value = 2147483647;
-    town.click(left, 511, 511);
-    town.form.VScroll1.value = 0;
-    town.click(left, 28 * 16 + 16, 0); // column 129
-    town.click(right, 511, 0);
+    for (const int row : {2147483647, 0}) {
+        town.form.VScroll1.value = row;
+        town.click(left, 28 * 16 + 16, row == 0 ? 0 : 511); // column 129
+        town.click(right, 511, 0);
+    }
     EXPECT_EQ(town.map(0).cells, cells);
-    EXPECT_TRUE(town.s.changes_saved);
-    EXPECT_EQ(town.form.current_tile, 9);
+    EXPECT_TRUE(town.s.changes_saved && town.form.current_tile == 9);
     town.form.Text2 = "16";
     town.click(left, 28 * 16, 0); // column 128, behind the layer, inside the array
     EXPECT_EQ(town.map(0).at(128, 0), 9);
@@ -96,27 +88,23 @@ TEST(Mouse, APickTakesTheTileAndItsClickPaintsNothing) {
     town.form.current_tile = 200;
     town.map(0).at(2, 1) = 5;
     town.map(0).at(0, 0) = 6;
-    const auto before = town.map(0);
+    const auto before = town.map(0).cells;
     town.click(right, 70, 40); // with the "Draw" tool
     EXPECT_EQ(town.form.current_tile, 5);
-    EXPECT_EQ(town.map(0).cells, before.cells);
-    EXPECT_TRUE(town.s.changes_saved);
     const Formation tile = whole_formation(town.s.display.bitmaps, 0, 5);
     EXPECT_EQ(town.form.Picture3[64 * 63 + 63], tile[255]);
     EXPECT_EQ(town.form.Picture3[64 * 4 + 3], tile[16]);
-
     town.form.tool = Tool::get_tile;
     town.click(left, 0, 0);
-    EXPECT_EQ(town.form.current_tile, 6);
-    EXPECT_EQ(town.form.tool, Tool::draw);
+    EXPECT_TRUE(town.form.current_tile == 6 && town.form.tool == Tool::draw);
+    town.form.tool = Tool::objects;
+    on_press(town.s, left, 70, 40);
+    EXPECT_FALSE(town.s.painting);
+    on_click(town.s, 70, 40);
+    EXPECT_TRUE(town.map(0).cells == before && town.s.changes_saved);
+    town.form.tool = Tool::draw;
     town.click(left, 70, 40); // one more press paints again
     EXPECT_EQ(town.map(0).at(2, 1), 6);
-    town.form.tool = Tool::objects;
-    town.form.current_tile = 7;
-    on_press(town.s, left, 0, 0);
-    EXPECT_FALSE(town.s.painting);
-    on_click(town.s, 0, 0);
-    EXPECT_EQ(town.map(0).at(0, 0), 6);
 }
 
 } // namespace

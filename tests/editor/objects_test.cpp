@@ -57,7 +57,6 @@ struct ObjectEditor : Editor {
         window.TabStrip1 = number;
         on_object_tab(s);
     }
-    std::string& column(ObjectKind kind) { return kind == npc ? window.Text5 : window.Text1; }
     void expect_blank(int last_number) {
         EXPECT_FALSE(window.fields_enabled);
         EXPECT_EQ(window.Text1 + window.Text4 + window.Label10, "");
@@ -66,6 +65,13 @@ struct ObjectEditor : Editor {
         EXPECT_EQ(disk.writes, 0);
     }
     int index() const { return state->objects.selected_object.index.value_or(-1); }
+};
+
+struct NpcEditor : ObjectEditor {
+    NpcEditor() {
+        open_object(s, npc, 2);
+        window.Text1 = "A1234";
+    }
 };
 
 TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
@@ -100,9 +106,11 @@ TEST(Objects, MarkersAndClicksFollowTheBoxesInTheirOrders) {
     EXPECT_EQ(editor.window.TabStrip1, 1);
 }
 
-TEST(ObjectWindow, WalksRecordsByTheBarAndTheTabs) {
+TEST(ObjectWindow, WalksTheRecordsThatTheLastBuildRead) {
     ObjectEditor editor;
+    const Form1& form = editor.form;
     const Form10& window = editor.window;
+    EXPECT_EQ(form.Label27 + form.Label28 + form.Label29 + form.Label30, "3214");
     editor.click(9, 9);
     EXPECT_EQ(window.Label10 + " " + window.Text1, "3 A0203");
     EXPECT_EQ(editor.s.objects.selected_object.script_offset, 0xA0203);
@@ -110,24 +118,16 @@ TEST(ObjectWindow, WalksRecordsByTheBarAndTheTabs) {
     editor.scroll(1);
     EXPECT_EQ(window.Label10 + " " + window.Text5, "1 5");
     editor.choose_tab(1);
-    EXPECT_EQ(window.Combo2_lines.size(), 256u);
-    EXPECT_EQ(window.option, 4);
+    EXPECT_EQ(std::pair(window.Combo2_lines.size(), window.option), std::pair(std::size_t{256}, 4));
     editor.scroll(2);
-    EXPECT_EQ(editor.form.Text20 + " " + window.Text4, "AB 3:5");
+    EXPECT_EQ(form.Text20 + " " + window.Text4, "AB 3:5");
     EXPECT_EQ(window.option, 4); // no kind of contents: the pressed button stays
-}
-
-TEST(ObjectWindow, ShowsTheRowsThatTheLastBuildRead) {
-    ObjectEditor editor;
-    const Form1& form = editor.form;
-    EXPECT_EQ(form.Label27 + form.Label28 + form.Label29 + form.Label30, "3214");
-    open_object(editor.s, chest, 1);
-    editor.choose(4); // the rows are still those of map 2
-    EXPECT_TRUE(editor.window.fields_enabled);
+    editor.choose(4);            // the rows are still those of map 2
+    EXPECT_TRUE(window.fields_enabled);
     refresh_map(editor.s);
     editor.expect_blank(1);
     editor.choose_tab(4);
-    EXPECT_EQ(editor.window.Text6 + " " + editor.window.Text4, "3 FFFF");
+    EXPECT_EQ(window.Text6 + " " + window.Text4, "3 FFFF");
     editor.s.changes_saved = false;
     editor.dialogs.answers = {false};
     editor.choose(2); // after a Cancel a build reads the objects of the list's row
@@ -140,36 +140,15 @@ TEST(ObjectWindow, IsBlankOutsideOfTheRows) {
     editor.choose(4);
     refresh_map(editor.s);
     editor.choose(2); // counts of map 2, rows of map 4
-    editor.choose_tab(0);
-    EXPECT_EQ(editor.window.Text1, "A0209");
-    editor.scroll(2);
-    editor.expect_blank(3);
     for (const int index : {-1, 1, 99}) {
         open_object(editor.s, npc, 0);
+        EXPECT_EQ(editor.window.Text1, "A0209");
         open_object(editor.s, npc, index);
         editor.expect_blank(3);
     }
 }
 
-TEST(Objects, AWorldLeavesNoRowsOfTheKindsThatItDoesNotRead) {
-    ObjectEditor editor;
-    editor.form.Combo1 = 0;
-    read_object_lists(editor.s, world_object_kinds);
-    EXPECT_EQ(editor.s.objects.lists[npc].row_count, 0);
-}
-
 TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
-    ObjectEditor editor;
-    Bytes& image = editor.image();
-    for (std::size_t i = 0; i < 512; ++i)
-        image[0x268200 + i] = image[0x23200 + i] = static_cast<std::uint8_t>(i * 5 + 1);
-    for (const std::size_t sprite : {0x57u, 0x72u}) {
-        put_word(image, 0xD2F2 + 2 * sprite, 0x3000);
-        put_word(image, 0xD43C + 2 * sprite, 0xC2);
-    }
-    open_object(editor.s, npc, 0);
-    Form10 expected;
-    draw_sprite_preview(editor.s.rom, 0x23200, 0x57, 6, expected);
     // clang-format off
     const struct { const char *sprite, *palette; int byte; bool drawn; } cases[] = {
         {"57", "e", 0x57, true},
@@ -179,6 +158,16 @@ TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
         {"73", "1", 0x72, false},
     };
     // clang-format on
+    ObjectEditor editor;
+    for (const std::size_t at : {0x23200u, 0x268200u})
+        put_bytes(editor.image(), at, Random(1).bytes<512>());
+    for (const std::size_t sprite : {0x57u, 0x72u}) {
+        put_word(editor.image(), 0xD2F2 + 2 * sprite, 0x3000);
+        put_word(editor.image(), 0xD43C + 2 * sprite, 0xC2);
+    }
+    Form10 expected;
+    draw_sprite_preview(editor.s.rom, 0x23200, 0x57, 6, expected);
+    open_object(editor.s, npc, 0);
     for (const auto& c : cases) {
         editor.window.Text7 = c.sprite;
         editor.window.Text2 = c.palette;
@@ -197,52 +186,43 @@ TEST(ObjectWindow, PreviewFollowsPaletteAndSprite) {
 TEST(ObjectWindow, SavesItsRecordAndNothingElse) {
     for (const ObjectKind kind : all_kinds) {
         ObjectEditor editor;
-        const int index = kind == event_trigger ? 0 : 1;
-        open_object(editor.s, kind, index);
+        std::string& column = kind == npc ? editor.window.Text5 : editor.window.Text1;
+        const auto index = kind == event_trigger ? 0u : 1u;
+        Bytes expected = objects_image();
+        open_object(editor.s, kind, static_cast<int>(index));
         editor.window.option = -1; // as the image has it
         save_object(editor.s);
-        EXPECT_TRUE(editor.image() == objects_image());
-        editor.column(kind) = "B";
+        EXPECT_TRUE(editor.image() == expected);
+        column = "B";
         save_object(editor.s);
-        Bytes expected = objects_image();
-        expected[record_place(kind, 2, static_cast<std::size_t>(index)) + (kind == npc ? 4 : 0)] =
-            0x0B;
+        expected[record_place(kind, 2, index) + (kind == npc ? 4 : 0)] = 0x0B;
         EXPECT_TRUE(editor.image() == expected) << static_cast<int>(kind);
-        open_object(editor.s, kind, index); // the rows are as they were until a build
-        EXPECT_NE(editor.column(kind), "B");
+        open_object(editor.s, kind,
+                    static_cast<int>(index)); // the rows are as they were until a build
+        EXPECT_NE(column, "B");
         refresh_map(editor.s);
-        open_object(editor.s, kind, index);
-        EXPECT_EQ(editor.column(kind), "B");
+        open_object(editor.s, kind, static_cast<int>(index));
+        EXPECT_EQ(column, "B");
     }
-    struct EditedNpc : ObjectEditor {
-        EditedNpc() {
-            open_object(s, npc, 2);
-            window.Text1 = "A1234";
-        }
-    };
-    expect_prefixes_of_writes([] { return EditedNpc(); },
-                              [](EditedNpc& editor) { save_object(editor.s); });
+    expect_prefixes_of_writes([] { return NpcEditor(); },
+                              [](NpcEditor& editor) { save_object(editor.s); });
 }
 
 TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
-    for (int access = 1; access <= 10; ++access) { // the pointers and the rows of five lists
-        ObjectEditor editor;
-        editor.click(9, 9);
-        editor.disk.fail({.at = access}, {});
-        draw_objects(editor.s);
-        EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+    const auto expect_lost = [](NpcEditor& editor) {
         EXPECT_EQ(editor.index(), -1);
         editor.click(9, 9);
         EXPECT_EQ(editor.index(), -1);
         draw_objects(editor.s);
         editor.click(9, 9);
         EXPECT_EQ(editor.index(), 2);
-    }
+    };
+    expect_refused_reads([] { return NpcEditor(); },
+                         [](NpcEditor& editor) { draw_objects(editor.s); }, expect_lost);
 }
 
 TEST(ObjectWindow, SavesIntoTheImageOfItsListsAlone) {
-    ObjectEditor editor;
-    editor.click(9, 9);
+    NpcEditor editor;
     editor.disk["other.smc"] = objects_image();
     open_image_file(editor.s, "other.smc");
     save_object(editor.s);

@@ -1,5 +1,6 @@
 #include "editor/save.h"
 #include "editor/world_map.h"
+#include "map/map_properties.h"
 #include "rom/rom_layout.h"
 #include "support/editor_fixture.h"
 #include "support/write_failures.h"
@@ -27,53 +28,56 @@ void make_noise(Editor& editor, std::size_t layer, int columns, int rows) {
 
 TEST(Save, EveryUntouchedMapComesBackByteForByte) {
     Editor editor;
-    save(*editor.state); // without a map
+    save(editor.s); // without a map
     EXPECT_EQ(editor.disk.writes, 0);
+    editor.dialogs.file_names = {"b.smc"};
+    save_as(editor.s); // nor that: a copy, and the name
+    EXPECT_EQ(editor.s.rom_path, "b.smc");
     for (int map = 0; map < rom_layout::map_count; ++map) {
         editor.choose(map);
-        if (std::ranges::any_of(editor.state->map.layers, &Layer::rows_missing))
+        if (std::ranges::any_of(editor.s.map.layers, &Layer::rows_missing))
             continue;
         editor.disk.writes = 0;
-        save(*editor.state);
+        save(editor.s);
         ASSERT_GT(editor.disk.writes, 0) << map;
     }
     EXPECT_TRUE(editor.dialogs.silent());
-    EXPECT_TRUE(editor.image() == demo_bytes());
+    EXPECT_TRUE(editor.disk["b.smc"] == demo_bytes());
 }
 
 TEST(Save, AGrownLayerIsAskedAboutInTheOrderOfThePasses) {
     Town t;
+    const auto& questions = t.dialogs.questions;
     for (const std::size_t layer : {0u, 1u, 2u})
         make_noise(t, layer, 16, 16);
     t.form.Text14 = "300300"; // room for layer 1
     t.s.changes_saved = false;
-    t.dialogs.answers = {true, false};
+    t.dialogs.answers = {true, false, false}; // the old size is that of the load for good
     save(t.s);
     Bytes image = t.image();
     const int size = image[0x300300] + 256 * image[0x300301];
-    ASSERT_EQ(t.dialogs.questions.size(), 2u);
-    EXPECT_EQ(t.dialogs.questions[0], grown(1, size - t.s.map.layers[0].layer_packed_size));
-    EXPECT_TRUE(t.dialogs.questions[1].starts_with("Layer 3 is "));
+    const std::string first = grown(1, size - t.s.map.layers[0].layer_packed_size);
+    save(t.s);
+    ASSERT_EQ(questions.size(), 3u);
+    EXPECT_TRUE(questions[0] == first && questions[2] == first);
+    EXPECT_TRUE(questions[1].starts_with("Layer 3 is "));
     EXPECT_FALSE(t.s.changes_saved);
     // Layer 1 alone has been written, behind the old end of the file.
     EXPECT_EQ(image.size(), 0x300300u + static_cast<std::size_t>(size));
     image.resize(demo_bytes().size());
     EXPECT_TRUE(image == demo_bytes());
-    // The old size is that of the load for good.
-    t.dialogs.answers = {false};
-    save(t.s);
-    EXPECT_EQ(t.dialogs.questions[2], t.dialogs.questions[0]);
     t.choose(town);
     t.s.map.layers[2].layer_packed_size -= 1;
     save(t.s);
-    EXPECT_EQ(t.dialogs.questions.back(), grown(3, 1));
+    EXPECT_EQ(questions.back(), grown(3, 1));
 }
 
 TEST(Save, AMissingLayer3IsSavedAs16By16) {
-    for (const bool lower_case : {false, true}) {
+    for (const bool lower_case : {false, true}) { // which names a layer like any other
         Town t;
         t.form.Text25 = lower_case ? "19d3b0" : EMPTY_LAYER_TEXT;
         t.form.Text21 = t.form.Text22 = "64";
+        t.s.map.layers[2].rows_missing = !lower_case;
         t.map(2).cells.fill(0);
         make_noise(t, 2, 64, 16);
         save(t.s);
@@ -83,95 +87,90 @@ TEST(Save, AMissingLayer3IsSavedAs16By16) {
     }
 }
 
-// Saves a map that can't be saved.
-void expect_refusal(Town& t, const std::string& told) {
-    t.s.changes_saved = false;
-    save(t.s);
-    ASSERT_FALSE(t.dialogs.messages.empty()) << told;
-    EXPECT_EQ(t.dialogs.messages.back(), (Message{told, "Error"}));
-    EXPECT_TRUE(t.image() == demo_bytes()) << told;
-    EXPECT_FALSE(t.s.changes_saved) << told;
+void resize(Town& t, std::size_t layer, const char* columns, const char* rows) {
+    t.form.*layer_controls[layer].width = columns;
+    t.form.*layer_controls[layer].height = rows;
 }
 
-TEST(Save, SizesThatNoLayerHasAreToldBeforeAnythingIsWritten) {
+TEST(Save, WhatCantBeSavedIsReportedBeforeAnythingIsWritten) {
     // clang-format off
-    using Field = std::string Form1::*;
-    const struct { std::string layer; Field width, height; std::string columns, rows, told; } cases[] = {
-        {"1", &Form1::Text2,  &Form1::Text5,  "x",          "32",         "0 times 32"},
-        {"1", &Form1::Text2,  &Form1::Text5,  "2147483647", "2147483647", "2147483647 times 2147483647"},
-        {"2", &Form1::Text1,  &Form1::Text3,  "65",         "128",        "65 times 128"},
-        {"3", &Form1::Text21, &Form1::Text22, "0",          "16",         "0 times 16"},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        Town t;
-        t.form.*c.width = c.columns;
-        t.form.*c.height = c.rows;
-        expect_refusal(t, "Layer " + c.layer +
-                              " can't be saved: it must have from 1 to 8192 tiles, not " + c.told +
-                              ".");
-    }
-}
-
-TEST(Save, WhatCantBeSavedIsToldBeforeAnythingIsWritten) {
-    const std::pair<std::string, void (*)(Town&)> cases[] = {
+    const std::string size = " can't be saved: it must have from 1 to 8192 tiles, not ";
+    const struct { std::string told; void (*spoil)(Town&); } cases[] = {
+        {"Layer 1" + size + "0 times 32.", [](Town& t) { resize(t, 0, "x", "32"); }},
+        {"Layer 1" + size + "2147483647 times 2147483647.",
+         [](Town& t) { resize(t, 0, "2147483647", "2147483647"); }},
+        {"Layer 2" + size + "65 times 128.", [](Town& t) { resize(t, 1, "65", "128"); }},
+        {"Layer 3" + size + "0 times 16.", [](Town& t) { resize(t, 2, "0", "16"); }},
         {"Layer 2 can't be saved: it is 128 tiles high, and only 64 of its rows could be loaded.",
          [](Town& t) { t.s.map.layers[1].rows_missing = true; }},
         {"Layer 1 can't be saved: its stream would take more than 9001 bytes.",
-         [](Town& t) {
-             t.form.Text2 = "128";
-             t.form.Text5 = "64";
-             make_noise(t, 0, 128, 64);
-         }},
-        {"Writing to a.smc at 80000000 failed. What was written before stays; nothing more is "
-         "written.",
+         [](Town& t) { resize(t, 0, "128", "64"); make_noise(t, 0, 128, 64); }},
+        {"Writing to a.smc at 80000000 failed. What was written before stays; nothing more is written.",
          [](Town& t) { t.form.Text14 = "80000000"; }}, // outside every file
-        {"Reading a.smc failed. What is shown of this map is not what the image holds, and it "
-         "can't be saved.",
-         [](Town& t) {
-             t.disk.fail({.at = 3}, {});
-             open_world_of_dawn(t.s);
-             t.disk.fail({}, {});
-         }},
+        {"Reading a.smc failed. What is shown of this map is not what the image holds, and it can't be saved.",
+         [](Town& t) { t.disk.fail({.at = 3}, {}); open_world_of_dawn(t.s); t.disk.fail({}, {}); }},
     };
+    // clang-format on
     for (const auto& [told, spoil] : cases) {
         Town t;
         spoil(t);
-        expect_refusal(t, told);
+        t.s.changes_saved = false;
+        save(t.s);
+        ASSERT_FALSE(t.dialogs.messages.empty()) << told;
+        EXPECT_EQ(t.dialogs.messages.back(), (Message{told, "Error"}));
+        EXPECT_TRUE(t.image() == demo_bytes() && !t.s.changes_saved) << told;
     }
 }
 
-TEST(Save, ALocationThatIsNoNumberIsToldOnceInEitherHalf) {
+TEST(Save, WritesTheLayersThenTheirPointersThenTheRecord) {
     Town t;
-    t.form.Text14 = "30030G"; // counts 300300
+    const auto pointer = [&](int layer) {
+        return data_pointer_offset(layer_data_number(t.s.map.map_properties, layer));
+    };
+    const auto p1 = pointer(0), p2 = pointer(1), p3 = pointer(2);
+    const std::int64_t record = 0x2D9100 + 33 * town;
+    const auto expect_last_writes = [&](const std::vector<std::int64_t>& offsets) {
+        std::vector<std::int64_t> written;
+        for (const auto& write : std::span(t.disk.log).last(offsets.size()))
+            written.push_back(write.offset);
+        EXPECT_EQ(written, offsets);
+    };
+    t.form.Text14 = "30030G"; // counts 300300, and is reported once in either half
+    t.form.Text12 = "310000";
+    t.form.Text25 = "320000";
     save(t.s);
     EXPECT_EQ(t.dialogs.messages.size(), 2u);
+    expect_last_writes({0x300300, 0x320000, 0x310000, p1, p2, p3, 0xF5800 + town, record});
+    t.dialogs.file_names = {"b.smc"};
+    save_as(t.s);
+    expect_last_writes({0x300300, 0x320000, 0x310000, p2 + 2, p2 + 1, p2, p1 + 2, p1 + 1, p1,
+                        record + 11, record + 25, record + 7, record + 27, record + 30,
+                        record + 23});
 }
 
-void change_town(Editor& editor) {
+void choose_town(Editor& editor) {
     editor.choose(town);
-    make_noise(editor, 0, 16, 16);
-    editor.form.Text14 = "300300";
-    editor.form.Text12 = "310000";
-    editor.form.Text13 = "3";
 }
 
-void change_dawn(Editor& editor) {
+void open_dawn(Editor& editor) {
     open_world_of_dawn(editor.s);
-    for (int i = 0; i < 20; ++i)
-        editor.s.world.world_map.at(7 * i, i) ^= 1;
-    editor.form.Text24 = "300300";
 }
 
 TEST(Save, AFailedWriteLeavesAPrefixOfTheWrites) {
-    for (void (*const change)(Editor&) : {change_town, change_dawn}) {
-        struct Changed : Editor {
-            explicit Changed(void (*how)(Editor&)) {
-                how(*this);
-                s.changes_saved = false;
-            }
-        };
-        const auto make = [&] { return Changed(change); };
+    struct Changed : Editor {
+        explicit Changed(void (*open)(Editor&)) {
+            open(*this);
+            make_noise(*this, 0, 16, 16);
+            form.Text14 = form.Text24 = "300300";
+            form.Text12 = "310000";
+            form.Text13 = "3";
+            for (int i = 0; i < 20; ++i)
+                s.world.world_map.at(7 * i, i) ^= 1;
+            s.changes_saved = false;
+        }
+    };
+    for (void (*const open)(Editor&) : {choose_town, open_dawn}) {
+        const auto make = [&] { return Changed(open); };
         expect_prefixes_of_writes(make, [](Editor& editor) { save(editor.s); });
         const auto run = [](Editor& editor) {
             editor.dialogs.file_names = {"b.smc"};
@@ -182,28 +181,19 @@ TEST(Save, AFailedWriteLeavesAPrefixOfTheWrites) {
 }
 
 TEST(SaveAs, GoesOnInTheCopyAndLeavesTheSource) {
-    Editor editor; // without a map
-    editor.dialogs.file_names = {"b.smc"};
-    save_as(*editor.state);
-    EXPECT_TRUE(editor.disk["b.smc"] == demo_bytes());
-    EXPECT_EQ(editor.state->rom_path, "b.smc");
     Town t;
     t.s.changes_saved = false;
     save_as(t.s); // cancelled
-    EXPECT_EQ(t.s.rom_path, "a.smc");
-    EXPECT_FALSE(t.s.changes_saved);
-    EXPECT_EQ(t.disk.writes, 0);
+    EXPECT_TRUE(t.s.rom_path == "a.smc" && !t.s.changes_saved && t.disk.writes == 0);
     Bytes expected = demo_bytes();
     for (const int palette : {9, 10}) { // the second time onto the open file: no copy
         t.form.Text13 = std::to_string(palette);
         t.dialogs.file_names = {"b.smc"};
         save_as(t.s);
-        EXPECT_TRUE(t.s.changes_saved);
-        EXPECT_EQ(t.form.Label20, "b.smc");
-        EXPECT_TRUE(t.image() == demo_bytes());
         expected[0x2D9100 + 33 * town + 25] = static_cast<std::uint8_t>(palette);
-        EXPECT_TRUE(t.disk["b.smc"] == expected);
-        EXPECT_EQ(t.disk.file_count(), 2u);
+        EXPECT_TRUE(t.disk["b.smc"] == expected && t.image() == demo_bytes());
+        EXPECT_EQ(t.s.rom_path + t.form.Label20, "b.smcb.smc");
+        EXPECT_TRUE(t.s.changes_saved && t.disk.file_count() == 2);
     }
     save(t.s); // the map belongs to the copy now
     EXPECT_TRUE(t.dialogs.silent());
@@ -213,10 +203,9 @@ TEST(SaveAs, CancelAtTheQuestionLeavesTheCopyOpenUnderTheOldName) {
     Town t;
     make_noise(t, 0, 16, 16);
     t.dialogs.file_names = {"b.smc", "c.smc"};
-    t.dialogs.answers = {false, true, true, true};
+    t.dialogs.answers = {false};
     save_as(t.s);
-    EXPECT_EQ(t.s.rom.path(), "b.smc");
-    EXPECT_EQ(t.s.rom_path + t.form.Label20, "a.smca.smc");
+    EXPECT_EQ(t.s.rom.path() + t.s.rom_path + t.form.Label20, "b.smca.smca.smc");
     t.disk["b.smc"][0x100] = 0x77; // what is open is what the next copy is made of
     save_as(t.s);
     EXPECT_EQ(t.disk["c.smc"][0x100], 0x77);
@@ -227,30 +216,23 @@ TEST(SaveAs, CancelAtTheQuestionLeavesTheCopyOpenUnderTheOldName) {
 TEST(SaveAs, ACopyThatCantBeMadeOrOpenedLeavesTheImageOpen) {
     for (const bool made : {false, true}) {
         Town t;
-        t.s.changes_saved = false;
         t.disk.refuse_open = made;
         t.disk.fail({}, {.at = made ? 0 : 1});
         t.dialogs.file_names = {"b.smc"};
         save_as(t.s);
-        EXPECT_EQ(t.dialogs.messages,
-                  (Messages{{made ? "The image was copied to b.smc, but can't be opened there. "
-                                    "a.smc is still open."
-                                  : "The image could not be copied to b.smc. a.smc is still open.",
-                             "Error"}}));
+        const std::string told = made ? "The image was copied to b.smc, but can't be opened there."
+                                      : "The image could not be copied to b.smc.";
+        EXPECT_EQ(t.dialogs.messages, (Messages{{told + " a.smc is still open.", "Error"}}));
         EXPECT_EQ(t.s.rom.path() + t.form.Label20, "a.smca.smc");
-        EXPECT_FALSE(t.s.changes_saved);
     }
 }
 
 TEST(Save, AMapOfAnotherImageAsksFirst) {
-    for (const bool world : {false, true})
+    for (void (*const open)(Editor&) : {choose_town, open_dawn})
         for (void (*const operation)(EditorState&) : {save, save_as}) {
             Editor editor;
             editor.disk["other.smc"] = demo_bytes();
-            if (world)
-                open_world_of_dawn(editor.s);
-            else
-                editor.choose(town);
+            open(editor);
             open_image_file(editor.s, "a.smc"); // the same file again
             save(editor.s);
             ASSERT_TRUE(editor.dialogs.silent());
@@ -259,15 +241,13 @@ TEST(Save, AMapOfAnotherImageAsksFirst) {
             editor.dialogs.answers = {false};
             editor.dialogs.file_names = {"b.smc", "b.smc"};
             operation(editor.s);
-            EXPECT_EQ(
-                editor.dialogs.questions,
-                (std::vector<std::string>{
-                    "This map was read from a.smc, but other.smc is open. Save it all the same?"}));
             EXPECT_EQ(editor.disk.writes, 0);
             operation(editor.s); // OK
             EXPECT_GT(editor.disk.writes, 0);
             save(editor.s); // it belongs to the open image now
-            EXPECT_EQ(editor.dialogs.questions.size(), 2u);
+            const std::string question =
+                "This map was read from a.smc, but other.smc is open. Save it all the same?";
+            EXPECT_EQ(editor.dialogs.questions, (std::vector{question, question}));
         }
 }
 

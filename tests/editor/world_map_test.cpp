@@ -13,6 +13,7 @@ namespace {
 
 using enum MouseButton;
 using enum ObjectKind;
+using demo::demo_map::town;
 constexpr void (*open_world[])(EditorState&) = {open_world_of_dawn, open_world_of_dusk};
 
 const WorldImage& world_image() {
@@ -37,6 +38,10 @@ struct WorldEditor : Editor {
     }
     Bytes stream() { return literal_compress_world_map(s.world.world_map.cells); }
     int stream_size() { return static_cast<int>(stream().size()); }
+    bool shows_bars(bool of_world) const {
+        return form.HScroll2.visible == of_world && form.VScroll2.visible == of_world &&
+               form.HScroll1.visible != of_world && form.VScroll1.visible != of_world;
+    }
 
     /// Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
     void look_about(Random& random) {
@@ -52,7 +57,7 @@ struct WorldEditor : Editor {
     std::uint8_t& tile_at(int x, int y) {
         return data.tile(form.HScroll2.value + x / 16, form.VScroll2.value + y / 16);
     }
-    void expect_picture(const char* step) const {
+    void expect_picture(const char* step) {
         for (int y = 0; y < 512; ++y)
             for (int x = 0; x < 512; ++x)
                 ASSERT_EQ(s.display.picture.row(y)[x], data.pixel(form, x, y))
@@ -66,8 +71,7 @@ TEST(WorldMap, EveryStepLeavesThePictureThatAPixelByPixelReferenceGives) {
         WorldEditor editor(seed % 2, WorldImage(seed));
         Form1& form = editor.form;
         const int x = random.below(512), y = random.below(512);
-        if (seed > 0) // Dawn alone leaves the grid buttons dead
-            editor.choose(5);
+        editor.choose(5); // before a map is chosen the grid buttons are dead
         editor.look_about(random);
         editor.open();
         editor.expect_picture("open");
@@ -92,8 +96,6 @@ TEST(WorldMap, EveryStepLeavesThePictureThatAPixelByPixelReferenceGives) {
         editor.expect_picture("click");
         form.grid_on = !form.grid_on;
         on_grid_change(editor.s);
-        if (seed == 0)
-            form.grid_on = !form.grid_on;
         editor.expect_picture("grid");
         form.tool = Tool::objects;
         form.Check3 = form.Check4 = true;
@@ -112,17 +114,15 @@ TEST(WorldMap, APickTakesTheTileAndTheNextClickMayPaint) {
     form.edit_layer = 2;
     form.tool = Tool::get_tile;
     editor.click(left, 300, 40);
-    EXPECT_EQ(form.current_tile, here);
-    EXPECT_TRUE(form.tool == Tool::get_tile && form.edit_layer == 0);
+    EXPECT_TRUE(form.current_tile == here && form.edit_layer == 0 && form.tool == Tool::get_tile);
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.tile_picked);
     for (int at = 0; at < 64 * 64; ++at)
-        ASSERT_EQ(form.Picture3[static_cast<std::size_t>(at)],
+        ASSERT_EQ(form.Picture3.row(at / 64)[at % 64],
                   editor.data.tile_pixel(here, at % 64 / 4, at / 64 / 4));
     form.tool = Tool::draw;
     editor.s.tile_picked = true;   // as a pick on a map leaves it
     editor.click(right, 100, 200); // writes what it has just picked
-    EXPECT_EQ(form.current_tile, there);
-    EXPECT_FALSE(editor.s.changes_saved);
+    EXPECT_TRUE(form.current_tile == there && !editor.s.changes_saved);
     EXPECT_TRUE(std::ranges::equal(editor.s.world.world_map.cells, editor.data.tiles));
 }
 
@@ -132,121 +132,94 @@ TEST(WorldMap, TheChooserShowsItsSheetAlone) {
     EXPECT_TRUE(editor.s.form8.visible && !editor.s.form2.visible);
     for (int y = 0; y < 512; ++y)
         for (int x = 0; x < 512; ++x) {
-            const bool line = y % 32 == 0 || x % 32 == 0;
             const auto pixel = editor.data.tile_pixel(y / 32 * 16 + x / 32, x / 2 % 16, y / 2 % 16);
-            ASSERT_EQ(editor.s.display.tile_sheet.row(y)[x], line ? 0xFFFFFF : pixel);
+            ASSERT_EQ(editor.s.display.tile_sheet.row(y)[x],
+                      y % 32 == 0 || x % 32 == 0 ? 0xFFFFFF : pixel);
         }
 }
 
 TEST(WorldMap, OpeningGoesThroughItsMapAndComesBack) {
     for (const int world : {0, 1}) {
         WorldEditor editor(static_cast<std::size_t>(world));
-        const Form1& form = editor.form;
         editor.disk.fail({.at = 1}, {});
         editor.s.rom.read_byte(0); // refused long before
         editor.open();
-        EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open);
-        EXPECT_EQ(form.Text24, world == 0 ? "2F0100" : "308235");
-        EXPECT_TRUE(form.Text24_visible && !form.map_fields_enabled);
-        EXPECT_TRUE(form.HScroll2.visible && form.VScroll2.visible);
-        EXPECT_FALSE(form.HScroll1.visible || form.VScroll1.visible);
-        EXPECT_TRUE(editor.s.zoom == 2.0f && form.Text4 == "1");
-        EXPECT_TRUE(form.Combo1 == world && editor.s.map.map_index == world);
+        EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open && editor.shows_bars(true));
+        EXPECT_EQ(editor.form.Text24, world == 0 ? "2F0100" : "308235");
+        EXPECT_TRUE(editor.form.Text24_visible && !editor.form.map_fields_enabled);
+        EXPECT_TRUE(editor.s.zoom == 2.0f && editor.form.Text4 == "1");
+        EXPECT_TRUE(editor.form.Combo1 == world && editor.s.map.map_index == world);
         EXPECT_EQ(editor.s.map_selected, world == 1);
         // Both lists are read, ticked or not, and no other one.
-        for (const ObjectKind kind : {npc, chest, event_trigger, entrance, long_entrance})
+        for (const ObjectKind kind : all_kinds)
             EXPECT_EQ(editor.s.objects.lists[kind].row_count,
                       kind == entrance || kind == event_trigger);
         editor.choose(world); // the row that is current already
-        EXPECT_FALSE(editor.s.world_map_mode || editor.s.world_map_open || form.Text24_visible);
-        EXPECT_TRUE(form.map_fields_enabled && form.HScroll1.visible && form.VScroll1.visible);
-        EXPECT_FALSE(form.HScroll2.visible || form.VScroll2.visible);
-        EXPECT_TRUE(editor.dialogs.silent());
+        EXPECT_FALSE(editor.s.world_map_mode || editor.s.world_map_open);
+        EXPECT_TRUE(editor.form.map_fields_enabled && !editor.form.Text24_visible);
+        EXPECT_TRUE(editor.shows_bars(false) && editor.dialogs.silent());
     }
 }
 
 TEST(WorldMap, CancelShowsTheWorldWithTheFormerMapsLists) {
     WorldEditor editor;
-    editor.choose(demo::demo_map::town);
+    const Form1& form = editor.form;
+    const int& npcs = editor.s.objects.lists[npc].row_count;
+    editor.choose(town);
     refresh_map(editor.s);
-    const int npcs = editor.s.objects.lists[npc].row_count;
+    const auto cells = editor.s.map.layers[0].map.cells;
     editor.s.world.world_map.at(0, 0) ^= 1; // gone before the question comes
     editor.s.changes_saved = false;
     editor.dialogs.answers = {false, false};
     editor.open();
-    EXPECT_EQ(editor.dialogs.questions.size(), 1u);
-    EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open && editor.form.HScroll2.visible);
-    EXPECT_FALSE(editor.form.map_fields_enabled || editor.s.changes_saved);
-    EXPECT_TRUE(editor.form.Combo1 == 0 && editor.s.map.map_index == demo::demo_map::town);
-    EXPECT_TRUE(npcs > 0 && editor.s.objects.lists[npc].row_count == npcs);
+    EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open && editor.shows_bars(true));
+    EXPECT_TRUE(form.Combo1 == 0 && editor.s.map.map_index == town && npcs > 0);
     editor.expect_picture("open");
-    // Cancel on the way back: Save takes the map's path from then on.
-    editor.choose(5);
-    EXPECT_FALSE(editor.s.world_map_mode || editor.s.world_map_open);
-    EXPECT_TRUE(editor.form.Text24_visible);
+    editor.choose(5); // Cancel on the way back: Save takes the map's path from then on
+    EXPECT_FALSE(editor.s.world_map_mode || editor.s.world_map_open || editor.shows_bars(true));
+    EXPECT_FALSE(form.map_fields_enabled || !form.Text24_visible || editor.s.changes_saved);
+    EXPECT_TRUE(form.Combo1 == 5 && editor.s.map.map_index == town); // the list as clicked
+    EXPECT_TRUE(editor.s.map.layers[0].map.cells == cells);
     save(editor.s);
-    EXPECT_EQ(editor.disk.log.back().offset, 0x2D9100 + 33 * demo::demo_map::town);
-    editor.open(); // with its own lists alone
-    EXPECT_EQ(editor.s.objects.lists[npc].row_count, 0);
+    EXPECT_EQ(editor.disk.log.back().offset, 0x2D9100 + 33 * town);
+    editor.s.changes_saved = false;
+    editor.open(); // OK: with its own lists alone
+    EXPECT_TRUE(npcs == 0 && editor.s.map.map_index == 0 && editor.s.changes_saved);
+    EXPECT_EQ(editor.dialogs.questions,
+              std::vector<std::string>(3, "Selecting another map without saving will erase your "
+                                          "changes, continue?"));
 }
 
 TEST(WorldMap, WithoutAnImageTheFlagsAreSetAndNothingFollows) {
-    MemoryDisk disk;
-    ScriptedDialogs dialogs;
-    const auto state = std::make_unique<EditorState>(disk, dialogs);
-    open_world_of_dusk(*state);
-    EXPECT_TRUE(state->world_map_mode && state->world_map_open);
-    EXPECT_TRUE(state->form1.map_fields_enabled && state->zoom == 1.0f);
-    disk["a.smc"] = demo_bytes();
-    open_image_file(*state, "a.smc");
-    save(*state);
-    EXPECT_EQ(disk.writes, 0);
-    dialogs.file_names = {"b.smc"};
-    save_as(*state);
-    EXPECT_TRUE(disk["b.smc"] == demo_bytes());
-    EXPECT_TRUE(dialogs.silent());
+    Editor editor{Bytes()};
+    open_world_of_dusk(editor.s);
+    EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open);
+    EXPECT_TRUE(editor.form.map_fields_enabled && editor.s.zoom == 1.0f);
+    editor.image() = demo_bytes();
+    open_image_file(editor.s, "a.smc");
+    save(editor.s);
+    EXPECT_EQ(editor.disk.writes, 0);
+    editor.dialogs.file_names = {"b.smc"};
+    save_as(editor.s);
+    EXPECT_TRUE(editor.disk["b.smc"] == demo_bytes() && editor.dialogs.silent());
 }
 
 TEST(WorldMap, AClickOpensItsObjectsTheEventLast) {
     WorldImage image = world_image();
-    put_objects(image.bytes, entrance, 0, {{200, 50, 1, 0, 0, 0}, {200, 50, 2, 0, 0, 0}});
-    put_objects(image.bytes, event_trigger, 0, {{9, 9, 1, 0, 0}, {200, 50, 1, 0, 0}});
-    put_objects(image.bytes, long_entrance, 0, {{200, 50, 0, 1, 0, 0, 0}});
+    put_objects(image.bytes, entrance, 0, {{20, 5, 1, 0, 0, 0}, {20, 5, 2, 0, 0, 0}});
+    put_objects(image.bytes, event_trigger, 0, {{9, 9, 1, 0, 0}, {20, 5, 1, 0, 0}});
+    put_objects(image.bytes, long_entrance, 0, {{20, 5, 0, 1, 0, 0, 0}});
     WorldEditor editor(0, image);
-    Form1& form = editor.form;
     editor.choose(0);
     refresh_map(editor.s); // reads the long entrance, too
     editor.open();
-    form.tool = Tool::objects;
-    form.HScroll2.value = 190;
-    form.VScroll2.value = 40;
+    editor.form.tool = Tool::objects;
     for (const ObjectKind last : {npc, entrance, event_trigger}) { // npc: no box is ticked
-        form.Check4 = last != npc;
-        form.Check3 = last == event_trigger;
-        editor.click(left, 165, 165);
+        editor.form.Check4 = last != npc;
+        editor.form.Check3 = last == event_trigger;
+        editor.click(left, 20 * 16, 5 * 16);
         EXPECT_EQ(editor.s.form10.TabStrip1, static_cast<int>(last));
         EXPECT_EQ(editor.s.objects.selected_object.index.value_or(-1), last == npc ? -1 : 1);
-    }
-}
-
-TEST(WorldMap, ASaveTouchesItsStreamAndItsPointerAlone) {
-    for (const std::size_t world : {0u, 1u}) {
-        WorldEditor editor(world);
-        Bytes expected = editor.image();
-        editor.s.world_map_mode = false; // a build alone does not lead out of Save's world path
-        save(editor.s);                  // nothing changed
-        EXPECT_TRUE(editor.image() == expected);
-        editor.grow(5);
-        editor.form.Text24 = "3D0200";
-        save(editor.s);
-        const Bytes stream = editor.stream();
-        put_bytes(expected, 0x3D0200, stream);
-        put_bytes(expected, world_places[world].map_pointer, hex_bytes("00 00 FD"));
-        EXPECT_TRUE(editor.image() == expected);
-        open_world[1 - world](editor.s);
-        editor.open();
-        EXPECT_EQ(editor.form.Text24, "3D0200");
-        EXPECT_EQ(editor.stream(), stream);
     }
 }
 
@@ -272,36 +245,43 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
         EXPECT_EQ(questions.size(), refused_write == 1 ? 2u : 3u);
         EXPECT_EQ(editor.s.changes_saved, refused_write == 0);
     }
-    editor.s.world.world_map.cells.fill(0);
-    save(editor.s); // shorter
+    editor.s.world.world_map.cells.fill(0); // shorter
+    save(editor.s);
     EXPECT_EQ(questions.size(), 3u);
     EXPECT_EQ(editor.s.world.world_packed_size, editor.stream_size());
 }
 
-TEST(WorldMap, APointerThatCantNameTheLocationKeepsItsBytes) {
-    const Bytes kept{0x00, 0xFF, 0xEE};
+TEST(WorldMap, ASaveWritesItsStreamAndThenThePointerThatCanNameIt) {
     const Message six{"Map Data Location must be 6 digits long", "Error"};
+    const Message far{"No pointer reaches 400200. The pointer to the world map stays as it was.",
+                      "Error"};
     // clang-format off
-    const struct { const char* text; int location; std::size_t messages; bool six_digits; Bytes pointer; } cases[] = {
-        {"0",      0,        1, false, kept},
-        {"1G0",    0x100,    2, false, kept},
-        {"1001FF", 0x1001FF, 1, false, kept},
-        {"100200", 0x100200, 0, true,  {0x00, 0x00, 0xD0}},
-        {"4001FF", 0x4001FF, 0, true,  {0xFF, 0xFF, 0xFF}},
-        {"400200", 0x400200, 1, true,  kept},
+    const struct { std::size_t world; const char* text; int location; Messages messages; const char* pointer; } cases[] = {
+        {0, "0",      0,        {six},                          "00 FF EE"}, // as it was
+        {0, "1G0",    0x100,    {no_number("1G0", "hex"), six}, "00 FF EE"},
+        {0, "1001FF", 0x1001FF, {six},                          "00 FF EE"},
+        {0, "100200", 0x100200, {},                             "00 00 D0"},
+        {1, "3D0200", 0x3D0200, {},                             "00 00 FD"},
+        {0, "4001FF", 0x4001FF, {},                             "FF FF FF"},
+        {0, "400200", 0x400200, {far},                          "00 FF EE"},
     };
     // clang-format on
     for (const auto& c : cases) {
-        WorldEditor editor;
-        editor.s.changes_saved = false;
+        WorldEditor editor(c.world);
+        Bytes expected = editor.image();
+        editor.s.world_map_mode = false; // a build alone does not lead out of Save's world path
+        save(editor.s);                  // nothing changed
+        EXPECT_TRUE(editor.image() == expected);
+        editor.grow(5);
+        editor.disk.log.clear();
         editor.form.Text24 = c.text;
         save(editor.s);
-        const auto& messages = editor.dialogs.messages;
-        ASSERT_EQ(messages.size(), c.messages) << c.text;
-        EXPECT_EQ(c.messages > 0 && messages.back() == six, !c.six_digits) << c.text;
+        EXPECT_EQ(editor.dialogs.messages, c.messages);
         EXPECT_TRUE(editor.s.changes_saved);
-        EXPECT_EQ(editor.disk.log.at(0).offset, c.location); // in any case, and first
-        EXPECT_TRUE(std::ranges::equal(c.pointer, std::span(editor.image()).subspan(0x2EB40F, 3)));
+        put_bytes(expected, static_cast<std::size_t>(c.location), editor.stream());
+        put_bytes(expected, world_places[c.world].map_pointer, hex_bytes(c.pointer));
+        EXPECT_TRUE(editor.image() == expected) << c.text;
+        EXPECT_EQ(editor.disk.log.at(0).offset, c.location); // first
     }
 }
 
@@ -327,20 +307,17 @@ TEST(WorldMap, ALongerStreamIsNeitherTakenForAWorldNorWritten) {
     }
 }
 
-TEST(WorldMap, SaveAsTakesOverTheNameWhateverIsAnswered) {
-    for (const bool answer : {false, true}) {
-        WorldEditor editor;
-        editor.grow(3);
-        editor.dialogs.file_names = {"b.smc"};
-        editor.dialogs.answers = {answer};
-        save_as(editor.s);
-        EXPECT_EQ(editor.form.Label20, "b.smc");
-        EXPECT_EQ(editor.s.changes_saved, answer);
-        EXPECT_EQ(editor.disk["b.smc"] == world_image().bytes, !answer);
-        save(editor.s); // the world belongs to the copy now
-        EXPECT_EQ(editor.dialogs.questions.size(), answer ? 1u : 2u);
-        EXPECT_TRUE(editor.image() == world_image().bytes);
-    }
+TEST(WorldMap, SaveAsTakesOverTheNameThoughTheSaveIsCancelled) {
+    WorldEditor editor;
+    editor.grow(3);
+    editor.dialogs.file_names = {"b.smc"};
+    editor.dialogs.answers = {false};
+    save_as(editor.s);
+    EXPECT_EQ(editor.form.Label20, "b.smc");
+    EXPECT_FALSE(editor.s.changes_saved);
+    EXPECT_TRUE(editor.disk["b.smc"] == editor.image() && editor.image() == world_image().bytes);
+    save(editor.s); // the world belongs to the copy now: one question
+    EXPECT_EQ(editor.dialogs.questions.size(), 2u);
 }
 
 } // namespace

@@ -21,10 +21,13 @@ inline Bytes hex_bytes(const std::string& text) {
     return bytes;
 }
 
-/// Puts bytes, or a word, at their place into an image that reaches so far.
+/// Puts bytes at their place into an image, which grows where it must.
 inline void put_bytes(Bytes& image, std::size_t at, const auto& bytes) {
+    if (!std::empty(bytes))
+        image.resize(std::max(image.size(), at + std::size(bytes)));
     std::ranges::copy(bytes, image.begin() + static_cast<std::ptrdiff_t>(at));
 }
+/// The same with a word, within the image.
 inline void put_word(Bytes& image, std::size_t at, std::size_t value) {
     image[at] = static_cast<std::uint8_t>(value);
     image[at + 1] = static_cast<std::uint8_t>(value >> 8);

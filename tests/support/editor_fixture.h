@@ -29,7 +29,8 @@ struct OpenImage {
     Bytes& bytes() { return disk["a.smc"]; }
 };
 
-/// An editor on a disk in memory, with the demo image open as "a.smc".
+/// An editor on a disk in memory, with the demo image open as "a.smc", or none where there are no
+/// bytes.
 struct Editor {
     MemoryDisk disk;
     ScriptedDialogs dialogs;
@@ -38,6 +39,8 @@ struct Editor {
     Form1& form = state->form1;
 
     explicit Editor(const Bytes& image = demo_bytes()) {
+        if (image.empty())
+            return;
         disk["a.smc"] = image;
         open_image_file(*state, "a.smc");
     }

@@ -87,10 +87,10 @@ class MemoryDisk : public FileLayer {
         std::optional<std::size_t> read_at(std::int64_t offset,
                                            std::span<std::uint8_t> bytes) override {
             const Bytes& file = contents_->bytes;
-            const auto size = static_cast<std::int64_t>(file.size());
-            if (offset < 0 || offset >= size)
+            if (offset < 0 || offset >= std::ssize(file))
                 return 0;
-            std::size_t count = std::min(bytes.size(), static_cast<std::size_t>(size - offset));
+            std::size_t count =
+                std::min(bytes.size(), file.size() - static_cast<std::size_t>(offset));
             if (fails(disk_.read_fault, ++disk_.reads)) {
                 if (!disk_.read_fault.half)
                     return std::nullopt;
@@ -103,15 +103,11 @@ class MemoryDisk : public FileLayer {
             if (offset < 0 || offset > 0x1000000) // the disk holds no file above 16 MiB
                 return false;
             const bool failing = fails(disk_.write_fault, ++disk_.writes);
-            const std::size_t count =
-                failing ? (disk_.write_fault.half ? bytes.size() / 2 : 0) : bytes.size();
-            Bytes& file = contents_->bytes;
-            const auto end = static_cast<std::size_t>(offset) + count;
-            if (count != 0 && file.size() < end)
-                file.resize(end);
-            std::copy_n(bytes.begin(), count, file.begin() + offset);
-            if (!failing)
+            if (failing)
+                bytes = bytes.first(disk_.write_fault.half ? bytes.size() / 2 : 0);
+            else
                 disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
+            put_bytes(contents_->bytes, static_cast<std::size_t>(offset), bytes);
             return !failing;
         }
         bool flush() override { return !fails(disk_.write_fault, ++disk_.writes); }

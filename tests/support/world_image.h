@@ -17,9 +17,6 @@ struct WorldData {
     std::uint8_t& tile(int column, int row) {
         return tiles[static_cast<std::size_t>(row * 256 + column)];
     }
-    std::uint8_t tile(int column, int row) const {
-        return tiles[static_cast<std::size_t>(row * 256 + column)];
-    }
     /// The colour of a tile's pixel (x, y).
     std::uint32_t tile_pixel(int tile, int x, int y) const {
         const auto at = [](const Bytes& bytes, int index) {
@@ -34,7 +31,7 @@ struct WorldData {
         return (word & 31) << 19 | (word >> 5 & 31) << 11 | (word >> 10 & 31) << 3;
     }
     /// The colour of the view's pixel (x, y) under bars, boxes and grid of the window.
-    std::uint32_t pixel(const Form1& form, int x, int y) const {
+    std::uint32_t pixel(const Form1& form, int x, int y) {
         const int h = form.HScroll2.value, v = form.VScroll2.value;
         const auto is_outline = [&](const Bytes& object) {
             const int dx = x + 16 * (h - object[0]), dy = y + 16 * (v - object[1]);

@@ -13,10 +13,7 @@ inline Bytes after_writes(Bytes file, const std::vector<MemoryDisk::Write>& log,
         Bytes bytes = log[i].bytes;
         if (i == done)
             bytes.resize(half ? bytes.size() / 2 : 0);
-        const auto end = static_cast<std::size_t>(log[i].offset) + bytes.size();
-        if (!bytes.empty() && file.size() < end)
-            file.resize(end);
-        std::ranges::copy(bytes, file.begin() + log[i].offset);
+        put_bytes(file, static_cast<std::size_t>(log[i].offset), bytes);
     }
     return file;
 }
@@ -60,6 +57,23 @@ void expect_prefixes_of_writes(const Make& make, const Run& run,
                 SCOPED_TRACE(testing::Message() << at << " " << from_then_on << half);
                 ASSERT_NO_FATAL_FAILURE(fail(at, from_then_on, half));
             }
+}
+
+/// Refuses every read of an operation in turn: each must be reported by one message. Then
+/// check(editor) looks at what is left, with the disk in order again.
+template <typename Make, typename Run, typename Check>
+void expect_refused_reads(const Make& make, const Run& run, const Check& check) {
+    for (int at = 1;; ++at) {
+        auto editor = make();
+        editor.disk.fail({.at = at}, {});
+        run(editor);
+        ASSERT_GT(editor.disk.reads, 0);
+        if (editor.disk.reads < at)
+            return;
+        ASSERT_EQ(editor.dialogs.messages.size(), 1u) << at;
+        editor.disk.fail({}, {});
+        check(editor);
+    }
 }
 
 } // namespace veldrune::test
