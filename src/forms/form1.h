@@ -102,6 +102,7 @@ inline constexpr auto form1_texts = [] {
 }();
 // clang-format on
 static_assert(each_has_one_row<Form1Texts>(form1_texts));
+/// The row of one of them.
 constexpr const TextRow<Form1>& text_row(std::string Form1::*text) {
     return row_of(form1_texts, text);
 }

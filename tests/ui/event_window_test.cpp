@@ -89,18 +89,26 @@ class EventWindowTest : public WindowTest {
     }
 };
 
-TEST_F(EventWindowTest, ARefusalSpeaksOverThePresentStateAndLaysTheBoxOnTheCell) {
-    load(hex_bytes("A0 01 02 03 04 05 FE"));
+TEST_F(EventWindowTest, RefusalsSpeakOverThePresentStateAndLayTheBoxOnTheCell) {
+    // clang-format off
+    const struct { const char *script, *typed; Message box; const char *again, *bytes; } cases[] = {
+        {"A0 01 02 03 04 05 FE", "B6 0A02000A0", bad_offsets,            "A0201", "B6 01 00 00 FE"},
+        {"37 01 FF FE",          "FG",           no_number("FG", "hex"), "9",     "F0 09 FE"}, // goes on
+    };
+    // clang-format on
     answers.meanwhile = [&] { expect_in_step(); };
-    click(1, primary);
-    enter("B6 0A02000A0");
-    EXPECT_EQ(answers.boxes, std::vector{bad_offsets});
-    EXPECT_TRUE(box().isVisible());
-    enter("A0201");
-    EXPECT_FALSE(box().isVisible());
-    EXPECT_TRUE(grid().hasFocus());
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(saved(5), hex_bytes("B6 01 00 00 FE"));
+    for (const auto& row : cases) {
+        load(hex_bytes(row.script));
+        answers.boxes.clear();
+        click(1, primary);
+        enter(row.typed);
+        EXPECT_EQ(answers.boxes, std::vector{row.box});
+        EXPECT_TRUE(box().isVisible());
+        enter(row.again);
+        EXPECT_TRUE(!box().isVisible() && grid().hasFocus());
+        press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(saved(hex_bytes(row.bytes).size()), hex_bytes(row.bytes));
+    }
 }
 
 TEST_F(EventWindowTest, AScriptIsLoadedFromTheOffsetThatIsTyped) {

@@ -171,6 +171,10 @@ TEST_F(FieldsTest, OfTheObjectWindow) {
         expect_each_its_own(driver("Form10"), fields);
     }
     expect_all_entered(fields);
+    for (int option = 0; option < 5; ++option) {
+        driver("Form10").click(QString("Option%1").arg(option + 1));
+        EXPECT_EQ(form10.option, option);
+    }
     EXPECT_TRUE(answers.boxes.empty());
 }
 
