@@ -23,7 +23,7 @@ constexpr int layouts_per_kind = 24;
 constexpr std::int32_t layer_area_end = rom_layout::formation_data;
 constexpr std::int32_t animated_area_end = rom_layout::sprite_palettes;
 constexpr int palette_count = 48;
-constexpr int animated_set_count = 22; // offsets that fit before the sets
+constexpr int animated_set_count = 22; // as many as there is room for before the sets
 constexpr int tiles_of_animated_set = 16;
 
 struct Size {
@@ -31,26 +31,26 @@ struct Size {
 };
 
 struct LayerData {
-    int number = 0; // of the layer data pointer; 0 is the plain layer
+    int number = 0; // of the layer data pointer; 0 is the empty layer
     Size size{16, 16};
 };
 
-/// Layers 1 and 2 of a layout in the image.
+// Layers 1 and 2 of a layout in the image.
 struct LayoutData {
     std::array<LayerData, 2> layers;
     Size size;
 };
 
-/// What lies on layer 3, in which place among the layers.
+// The content of layer 3, and its position among the layers.
 struct Overlay {
     int graphics = layer3::cloud_shadows;
     int order = 2; // 0 at the bottom, 1 between, 2 on top
     bool present = false;
-    bool whole = true; // as large as the map, else 32 by 16
+    bool whole = true; // as large as the map (64 rows at most), else 32 by 16
 };
 
 // clang-format off
-/// Sizes of the layouts; the first is that of the place itself and differs from kind to kind.
+// Sizes of the layouts. The first one is the size of the drawn place and depends on the kind.
 constexpr Size place_sizes[kind_count] = {{64,32}, {64,64}, {64,64}, {32,64}, {32,32}};
 constexpr Size layout_sizes[layouts_per_kind] = {
     {0,0},   {32,32}, {64,32},  {32,64}, {16,16}, {32,32}, {128,16}, {32,16},
@@ -58,7 +58,7 @@ constexpr Size layout_sizes[layouts_per_kind] = {
     {32,32}, {64,32}, {128,64}, {32,32}, {32,64}, {16,16}, {32,32},  {64,32}};
 constexpr Size tall_size{32, 128};
 
-/// Layer 3 of a kind's maps, in turn; the first is that of the place itself.
+// Layer 3 of a kind's maps, in rotation; the first one belongs to the drawn place.
 constexpr Overlay none{};
 constexpr Overlay overlays[kind_count][5] = {
     {{layer3::cloud_shadows, 2, true}, none, {layer3::rain, 2, true}, {layer3::fog, 1, true}, {layer3::snow, 2, true}},
@@ -72,7 +72,7 @@ constexpr Overlay overlays[kind_count][5] = {
 const PlaceArt* const place_arts[kind_count] = {&town_art, &forest_art, &cave_art, &castle_art,
                                                 &interior_art};
 
-/// What all maps of one kind have in common.
+// Everything that the maps of one kind share.
 struct KindArt {
     const PlaceArt& art;
     BlockTable blocks;
@@ -91,7 +91,7 @@ int size_code(int tiles) {
     return std::countr_zero(static_cast<unsigned>(tiles)) - 4;
 }
 
-/// The smallest size that holds all cells of the layer that are not empty.
+// The smallest size that holds all cells of the layer that are not empty.
 Size used_size(std::span<const std::uint8_t> cells, Size whole) {
     Size used{16, 16};
     for (int y = 0; y < whole.height; ++y)
@@ -148,7 +148,7 @@ class DemoImage {
 };
 
 Bytes DemoImage::make() {
-    layers_.add_packed(Bytes(256)); // what a missing layer 3 points to
+    layers_.add_packed(Bytes(256)); // for maps without layer 3
     for (int number = 0; number < layer3::drawn_count; ++number) {
         layer3_sets_[static_cast<std::size_t>(number)] = draw_layer3(number);
         layer3_.add_packed(layer3_sets_[static_cast<std::size_t>(number)].graphics);
@@ -178,7 +178,7 @@ LayoutData DemoImage::write_layout(KindArt& art, int kind, int layout) {
     const bool tall = kind == static_cast<int>(Kind::cave) && layout == 1;
     const Size by_rule = layout == 0 ? place_sizes[kind] : tall ? tall_size : layout_sizes[layout];
     const Plan plan = art.art.plan(layout, by_rule.width, by_rule.height, random_);
-    const Size size{plan.width, plan.height}; // a drawn plan has its own
+    const Size size{plan.width, plan.height}; // a drawn plan has its own size
     MapCanvas canvas(art.blocks, size.width, size.height);
     art.scenery.paint(canvas, plan);
     sites_[static_cast<std::size_t>(kind)].emplace_back(plan, art.scenery.walkable(plan),
@@ -231,7 +231,8 @@ void DemoImage::write_tables() {
             writer_.put_word(rom_layout::map_palettes + 256 * number + 2 * i,
                              colour_word(colours[static_cast<std::size_t>(i)]));
     }
-    // Every third byte places layer 3: on top, between, at the bottom, and the same once more.
+    // Every third byte is the position of layer 3: on top, between or at the bottom, each in two
+    // codes.
     static constexpr int places[] = {0x00, 0x04, 0x01, 0x03, 0x06, 0x02};
     for (int number = 0; 3 * number < 256; ++number) {
         writer_.put_byte(rom_layout::layer_priorities + 3 * number, places[number % 6]);
@@ -313,7 +314,7 @@ void DemoImage::write_maps() {
 }
 
 void DemoImage::write_map_objects() {
-    // The lists of all maps come together here; those of maps 0 and 1 are the world maps'.
+    // The lists of maps 0 and 1 are those of the world maps.
     std::vector<MapObjects> maps(rom_layout::map_count);
     DialogueBook dialogues(writer_);
     ScriptBook scripts(writer_, dialogues);

@@ -7,8 +7,8 @@
 
 namespace veldrune::demo {
 
-/// A whole image of 0x300200 bytes, copier header included, with every structure that the editor
-/// reads present and valid, drawn and laid out by this project. The same seed gives the same bytes.
+/// A complete image of 0x300200 bytes, including the copier header, with original content. It holds
+/// every structure that the editor reads, all of them valid. The same seed gives the same bytes.
 std::vector<std::uint8_t> make_demo_image(std::uint32_t seed = 1);
 
 } // namespace veldrune::demo

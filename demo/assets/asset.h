@@ -9,60 +9,60 @@ namespace veldrune::demo {
 /// The lines of a text under demo/assets, which the build embeds and checks.
 using AssetText = std::span<const std::string_view>;
 
-/// What can be wrong with a line of an asset.
-enum class Trouble {
+/// The errors in a line of an asset.
+enum class AssetError {
     none,
     too_long,
     too_short,
     unknown_letter,
     unknown_word,
-    unknown_place,
+    unknown_label,
     no_number,
     no_end,
     wrong_count_of_lines
 };
 
-/// The first line that can't be read, counted from 1.
-struct Fault {
+/// The first line with an error, counted from 1; 0 where there is none.
+struct FirstError {
     int line = 0;
-    Trouble trouble = Trouble::none;
-    constexpr Trouble on(int number) const { return number == line ? trouble : Trouble::none; }
+    AssetError error = AssetError::none;
+    constexpr AssetError on(int number) const { return number == line ? error : AssetError::none; }
 };
 
-/// Only a line without trouble is a complete type: a compiler that meets another one names it.
-template <Trouble>
+/// Complete only for AssetError::none, so that the compile error for another one names it.
+template <AssetError>
 struct AssetLine;
 template <>
-struct AssetLine<Trouble::none> {};
+struct AssetLine<AssetError::none> {};
 
-/// Empty lines and those that begin with ';' are for people.
+/// Empty lines and those that begin with ';' are comments.
 constexpr bool is_note(std::string_view line) {
     return line.empty() || line.front() == ';';
 }
 
-/// Lines that begin with "= " say what the lines after them are.
+/// Lines that begin with "= " are the headings of the lines after them.
 constexpr bool is_heading(std::string_view line) {
     return line.starts_with("= ");
 }
 
-/// The first line of whose index trouble_at knows something.
-constexpr Fault first_fault_at(AssetText text, auto&& trouble_at) {
+/// The first line for whose index error_at returns an error.
+constexpr FirstError first_error_at(AssetText text, auto&& error_at) {
     for (std::size_t i = 0; i < text.size(); ++i)
-        if (const Trouble trouble = trouble_at(i); trouble != Trouble::none)
-            return {static_cast<int>(i + 1), trouble};
+        if (const AssetError error = error_at(i); error != AssetError::none)
+            return {static_cast<int>(i + 1), error};
     return {};
 }
 
-/// Gives every line that is no note to trouble_of, until one has trouble; at the end asks what is
-/// missing().
-constexpr Fault first_fault(AssetText text, auto&& trouble_of, auto&& missing) {
-    const Fault fault = first_fault_at(text, [&](std::size_t i) {
-        return is_note(text[i]) ? Trouble::none : trouble_of(text[i]);
+/// The first line, notes left out, for which error_of returns an error. Without one, the result of
+/// missing() at the last line.
+constexpr FirstError first_error(AssetText text, auto&& error_of, auto&& missing) {
+    const FirstError found = first_error_at(text, [&](std::size_t i) {
+        return is_note(text[i]) ? AssetError::none : error_of(text[i]);
     });
-    return fault.line != 0 ? fault : Fault{static_cast<int>(text.size()), missing()};
+    return found.line != 0 ? found : FirstError{static_cast<int>(text.size()), missing()};
 }
 
-/// Takes the first word off a line, and the blanks around it.
+/// Removes the first word, and the blanks around it, from a line and returns it.
 constexpr std::string_view take_word(std::string_view& line) {
     std::size_t start = 0;
     while (start < line.size() && line[start] == ' ')
@@ -77,7 +77,7 @@ constexpr std::string_view take_word(std::string_view& line) {
     return word;
 }
 
-/// A decimal number; -1 where there is none.
+/// Parses a decimal number; -1 where it is none or too large.
 constexpr int number_of(std::string_view digits) {
     int number = digits.empty() ? -1 : 0;
     for (const char digit : digits) {

@@ -1,7 +1,7 @@
-# Makes a C++ header of a text: cmake -D TEXT=... -D NAME=... -D READER=... -D HEADER=... -P embed.cmake
+# Makes a C++ header from a text: cmake -D TEXT=... -D NAME=... -D READER=... -D HEADER=... -P embed.cmake
 #
-# demo/assets/FOLDER/NAME.txt becomes the lines assets::NAME, checked line by line by check_FOLDER of
-# the reader's header. #line makes a compiler complain about the text, not about the header.
+# The lines of demo/assets/FOLDER/NAME.txt become assets::NAME, which check_FOLDER of the READER header
+# checks. Because of #line, compile errors point to the text, not to the header.
 cmake_path(GET NAME STEM variable)
 cmake_path(GET NAME PARENT_PATH folder)
 cmake_path(GET folder FILENAME folder)
@@ -9,7 +9,7 @@ file(READ ${TEXT} text)
 string(REPLACE "\r" "" text "${text}")
 string(REGEX REPLACE "([^\n])$" "\\1\n" text "${text}")
 string(REGEX REPLACE "([^\n]*)\n" "R\"~(\\1)~\",\n" lines "${text}")
-string(REGEX REPLACE "[^\n]*\n" "static_assert(sizeof(AssetLine<fault.on(__LINE__)>));\n"
+string(REGEX REPLACE "[^\n]*\n" "static_assert(sizeof(AssetLine<first_error.on(__LINE__)>));\n"
        checks "${text}")
 file(WRITE ${HEADER} "#pragma once
 #include \"${READER}\"
@@ -19,7 +19,7 @@ inline constexpr std::string_view ${variable}_lines[] = {
 ${lines}};
 inline constexpr AssetText ${variable}{${variable}_lines};
 namespace check_of_${variable} {
-inline constexpr Fault fault = check_${folder}(${variable});
+inline constexpr FirstError first_error = check_${folder}(${variable});
 #line 1 \"${NAME}\"
 ${checks}} // namespace check_of_${variable}
 } // namespace veldrune::demo::assets

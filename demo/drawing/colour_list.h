@@ -11,14 +11,14 @@ struct Rgb {
     int r, g, b;
 };
 
-/// The colours of a line of demo/assets/palettes.
+/// The colours of a line in demo/assets/palettes.
 struct ColourList {
     std::array<Rgb, 120> colours{};
     std::size_t count = 0;
 };
 
-/// How many colours a line holds, by its first word. Its second word is its name, and the others
-/// are colours or names of earlier lines.
+/// The number of colours in a line, by its first word. The second word is its name, the others are
+/// colours or names of earlier lines.
 struct ColourLine {
     std::string_view kind;
     std::size_t fewest, most;
@@ -37,63 +37,63 @@ constexpr bool read_colour(std::string_view word, Rgb& colour) {
     return word.empty();
 }
 
-constexpr Trouble read_colours(AssetText earlier, std::string_view line, ColourList& list);
+constexpr AssetError read_colours(AssetText earlier, std::string_view line, ColourList& list);
 
-/// Appends the colours of the line of a name.
-constexpr Trouble append_named(AssetText text, std::string_view name, ColourList& list) {
+/// Appends the colours of the line with a name.
+constexpr AssetError append_named(AssetText text, std::string_view name, ColourList& list) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         std::string_view rest = text[i];
         if (is_note(rest) || (take_word(rest), take_word(rest) != name))
             continue;
         return read_colours(text.first(i), text[i], list);
     }
-    return Trouble::unknown_word;
+    return AssetError::unknown_word;
 }
 
-/// Appends the colours of a line that comes after the earlier ones. What follows a ';' is a note.
-constexpr Trouble read_colours(AssetText earlier, std::string_view line, ColourList& list) {
+/// Appends the colours of a line, which may name earlier lines. Text after a ';' is a comment.
+constexpr AssetError read_colours(AssetText earlier, std::string_view line, ColourList& list) {
     line = line.substr(0, line.find(';'));
     take_word(line), take_word(line);
     while (!line.empty()) {
         const std::string_view word = take_word(line);
         if (list.count == list.colours.size())
-            return Trouble::too_long;
-        Trouble trouble = Trouble::none;
+            return AssetError::too_long;
+        AssetError error = AssetError::none;
         if (word.find(',') == word.npos)
-            trouble = append_named(earlier, word, list);
+            error = append_named(earlier, word, list);
         else if (!read_colour(word, list.colours[list.count++]))
-            trouble = Trouble::no_number;
-        if (trouble != Trouble::none)
-            return trouble;
+            error = AssetError::no_number;
+        if (error != AssetError::none)
+            return error;
     }
-    return Trouble::none;
+    return AssetError::none;
 }
 
-constexpr Trouble trouble_of_colours(AssetText earlier, std::string_view line) {
+constexpr AssetError error_in_colours(AssetText earlier, std::string_view line) {
     std::string_view rest = line;
     const std::string_view kind = take_word(rest);
     for (const auto& [name, fewest, most] : colour_lines)
         if (name == kind) {
             ColourList list;
-            const Trouble trouble = read_colours(earlier, line, list);
-            return trouble != Trouble::none ? trouble
-                   : list.count < fewest    ? Trouble::too_short
-                   : list.count > most      ? Trouble::too_long
-                                            : Trouble::none;
+            const AssetError error = read_colours(earlier, line, list);
+            return error != AssetError::none ? error
+                   : list.count < fewest     ? AssetError::too_short
+                   : list.count > most       ? AssetError::too_long
+                                             : AssetError::none;
         }
-    return Trouble::unknown_word;
+    return AssetError::unknown_word;
 }
-constexpr Fault check_palettes(AssetText text) {
-    return first_fault_at(text, [&](std::size_t i) {
-        return is_note(text[i]) ? Trouble::none : trouble_of_colours(text.first(i), text[i]);
+constexpr FirstError check_palettes(AssetText text) {
+    return first_error_at(text, [&](std::size_t i) {
+        return is_note(text[i]) ? AssetError::none : error_in_colours(text.first(i), text[i]);
     });
 }
 
-/// The colours of a name, count of them; the compiler complains where there are not.
+/// The count colours of the line with a name; a compile error where there is no such line.
 template <std::size_t count>
 consteval std::array<Rgb, count> colours(AssetText text, std::string_view name) {
     ColourList list;
-    if (append_named(text, name, list) != Trouble::none || list.count != count)
+    if (append_named(text, name, list) != AssetError::none || list.count != count)
         throw "no palette has this name and so many colours";
     std::array<Rgb, count> result{};
     for (std::size_t i = 0; i < count; ++i)

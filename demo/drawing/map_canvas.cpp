@@ -36,7 +36,7 @@ bool MapCanvas::hides_all(int x, int y) const {
     return true;
 }
 
-void MapCanvas::sink_deep_tops() {
+void MapCanvas::move_hiding_tiles_to_layer2() {
     for (int y = height_ - 2; y > 0; --y)
         for (int x = 0; x < width_; ++x)
             if (hides_all(x, y) && hides_all(x, y - 1))

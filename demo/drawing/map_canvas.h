@@ -14,16 +14,16 @@ class MapCanvas {
   public:
     MapCanvas(BlockTable& table, int width, int height);
 
-    /// Puts a block on layer 0 or 1; block coordinates outside are ignored.
+    /// Puts a block on layer 0 or 1, over the block there or in its place. Does nothing outside.
     void put(int layer, int x, int y, int block, Level level, bool replace = false);
-    /// Puts a stamp with its upper left at pixel (x, y), multiples of 8. Blocks are high in
-    /// its first high pixels.
+    /// Puts a stamp with its upper left corner at pixel (x, y), multiples of 8. The blocks of its
+    /// upper high pixel rows get high priority.
     void stamp(int layer, int x, int y, const Stamp& stamp, int high);
-    /// Puts a tile over whatever is there, on tile (x, y).
+    /// Replaces the tile at (x, y).
     void ground(int layer, int x, int y, const Stamp& tile);
-    /// High tiles of layer 1 that hide all below, like the tile above them, go to layer 2, which
-    /// leaves layer 1 free.
-    void sink_deep_tops();
+    /// Moves opaque high tiles of layer 1 to layer 2 where the tile above them is one, too. That
+    /// frees layer 1.
+    void move_hiding_tiles_to_layer2();
     std::vector<std::uint8_t> formations(int layer, CharacterPool& characters,
                                          FormationPool& pool) const;
 

@@ -55,25 +55,27 @@ struct Picture {
     }
 };
 
-/// One of the tiles of 16 by 16 pixels that a picture consists of.
+/// A tile of 16 by 16 pixels out of a picture.
 Picture tile_of(const Picture& picture, int column, int row);
 
-/// Round stones around centres that repeat every size pixels: the distance in pixels times 16 from
-/// the joint to the next stone, and the light on the stone from -8 to 8.
+/// A pixel of a pattern of round stones.
 struct Stone {
-    int depth, light, number;
+    int depth;  // 0 at the joint between two stones, growing inwards
+    int light;  // shade, -8 to 8
+    int number; // of the stone
 };
+/// The pixel at (x, y) of stones around centres that repeat every size pixels.
 Stone stone_at(int x, int y, std::span<const std::array<int, 2>> centres, int size);
 
-/// A distance in what repeats every period pixels: the shorter way round.
+/// A signed distance in a pattern that repeats every period pixels, in the shorter direction.
 constexpr int wrapped(int distance, int period) {
     return ((distance % period) + period + period / 2) % period - period / 2;
 }
 
-/// The wave of hand-drawn edges: 0 to 3 pixels, repeating every 16.
+/// The offset that makes edges look hand-drawn: 0 to 3 pixels, repeating every 16.
 int wobble(int along);
 
-/// True where an ordered pattern sets the pixel at level of 16.
+/// Whether ordered dithering sets the pixel at a level from 0 (none) to 16 (all).
 constexpr bool dither(int x, int y, int level) {
     constexpr std::array<int, 16> order{0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
     return order[static_cast<std::size_t>((y & 3) * 4 + (x & 3))] < level;

@@ -2,7 +2,7 @@
 
 namespace veldrune::demo {
 
-/// A tile of a map.
+/// The position of a tile on a map.
 struct Place {
     int x, y;
 };

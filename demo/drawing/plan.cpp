@@ -20,21 +20,21 @@ void Plan::rect(int x, int y, int w, int h, char letter) {
 }
 
 bool Shape::inside(int x, int y) const {
-    // The quadrant's two sides and corner, by (right half) + 2 * (lower half).
-    static constexpr int across[4] = {8, 2, 8, 2}, along[4] = {1, 1, 4, 4},
+    // The mask bits of a quadrant's sides and corner, by (right half) + 2 * (lower half).
+    static constexpr int x_sides[4] = {8, 2, 8, 2}, y_sides[4] = {1, 1, 4, 4},
                          corner[4] = {128, 16, 64, 32};
     const int quadrant = (x >= 8 ? 1 : 0) + (y >= 8 ? 2 : 0);
     const int u = x >= 8 ? 15 - x : x;
     const int w = y >= 8 ? 15 - y : y;
-    const bool beside = mask & across[quadrant];
-    const bool behind = mask & along[quadrant];
-    const bool past_side = u >= wobble(y);
-    const bool past_end = w >= wobble(x + 5);
-    if (beside && behind)
-        return (mask & corner[quadrant]) != 0 || past_side || past_end || u + w >= 5;
-    if (!beside && !behind)
-        return past_side && past_end && u + w >= 6;
-    return beside ? past_end : past_side;
+    const bool joined_x = mask & x_sides[quadrant];
+    const bool joined_y = mask & y_sides[quadrant];
+    const bool inside_x = u >= wobble(y);
+    const bool inside_y = w >= wobble(x + 5);
+    if (joined_x && joined_y)
+        return (mask & corner[quadrant]) != 0 || inside_x || inside_y || u + w >= 5;
+    if (!joined_x && !joined_y)
+        return inside_x && inside_y && u + w >= 6;
+    return joined_x ? inside_y : inside_x;
 }
 
 int Shape::from_top(int x, int y, int limit) const {
@@ -50,7 +50,7 @@ Shape shape_at(const Plan& plan, int x, int y, std::string_view members) {
     int mask = 0;
     for (int i = 0; i < 8; ++i)
         mask |= plan.is(x + dx[i], y + dy[i], members) << i;
-    // A corner counts only between two sides.
+    // A corner counts only if both sides next to it do.
     for (int i = 0; i < 4; ++i)
         if ((mask >> i & 1) == 0 || (mask >> ((i + 1) & 3) & 1) == 0)
             mask &= ~(16 << i);

@@ -4,7 +4,7 @@
 
 namespace veldrune::demo {
 
-/// A well-mixed value of up to three numbers: the same for a place on a map at every visit.
+/// A hash of up to three numbers.
 constexpr std::uint32_t mix(std::uint32_t a, std::uint32_t b = 0, std::uint32_t c = 0) {
     std::uint32_t h = a * 0x9E3779B1u ^ b * 0x85EBCA77u ^ c * 0xC2B2AE3Du;
     h = (h ^ (h >> 15)) * 0x2C1B3C6Du;
@@ -12,15 +12,15 @@ constexpr std::uint32_t mix(std::uint32_t a, std::uint32_t b = 0, std::uint32_t 
     return h ^ (h >> 15);
 }
 
-/// mix of a place and a purpose, as a number from 0 to count - 1.
+/// A value from 0 to count - 1 that looks random but depends only on the position and the purpose.
 constexpr int scatter(int x, int y, int purpose, int count) {
     return static_cast<int>(mix(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y),
                                 static_cast<std::uint32_t>(purpose)) %
                             static_cast<std::uint32_t>(count));
 }
 
-/// Whole-number random values that are the same on every machine. Compilers differ in the order in
-/// which they evaluate the arguments of a call: draw one value a statement.
+/// Random integers, the same on every machine. Get only one per statement, because compilers differ
+/// in the order in which they evaluate the arguments of a call.
 class Random {
   public:
     explicit Random(std::uint32_t seed) : state_(mix(seed, 0x5EEDu)) {}

@@ -14,7 +14,7 @@ Block flipped(const Block& block, std::uint8_t flips) {
     return result;
 }
 
-/// The block's values, without the palette row.
+// The values of the pixels, without their palette row.
 Block shape_of(const Block& block) {
     Block shape = block;
     for (Pixel& pixel : shape)
@@ -29,7 +29,7 @@ int row_of(const Block& block) {
     return 0;
 }
 
-int commonest_row(const Block& block) {
+int most_common_row(const Block& block) {
     std::array<int, 8> counts{};
     for (const Pixel pixel : block)
         if (pixel != 0)
@@ -81,7 +81,7 @@ int BlockTable::add_in_row(const Block& pixels, int row) {
 
 int BlockTable::cut(const Picture& picture, int x, int y) {
     const Block pixels = block_at(picture, x, y);
-    return add_in_row(pixels, commonest_row(pixels));
+    return add_in_row(pixels, most_common_row(pixels));
 }
 
 int BlockTable::over(int top, int bottom) {

@@ -25,14 +25,13 @@ struct BlockHash {
     std::size_t operator()(const Block& block) const;
 };
 
-/// All blocks that the pictures of a place are made of, each kept once. Block 0 is empty. Where
-/// pixels of several palette rows meet in a block, the row with most of them stays and the others
-/// take its nearest colours.
+/// All different blocks in the pictures of a kind of place. Block 0 is empty. A block has one
+/// palette row, that of most of its pixels; the others get the most similar colours of that row.
 class BlockTable {
   public:
     explicit BlockTable(const PaletteColours& colours);
     int cut(const Picture& picture, int x, int y);
-    /// top with bottom showing where it is empty; the palette row is that of top.
+    /// top drawn over bottom, in the palette row of top.
     int over(int top, int bottom);
     const Block& block(int number) const { return blocks_[static_cast<std::size_t>(number)]; }
     bool opaque(int number) const;
@@ -54,25 +53,25 @@ struct Stamp {
 };
 Stamp cut(BlockTable& table, const Picture& picture);
 
-/// A block as a formation names it: character number, flips and palette row.
+/// A block as a formation refers to it: character number, flips and palette row.
 struct Character {
     std::uint8_t tile;
     std::uint8_t attribute; // vhprrrcc
 };
 
-/// The characters of a place: 640 in four groups, of 256, 128, 128 and 128, and 16 animated tiles
-/// of four. A block that is another one's mirror image takes the same character.
+/// The characters of a kind of place: 640 in four groups of 256, 128, 128 and 128, and 16 animated
+/// tiles of four. Blocks that are mirror images of each other share a character.
 class CharacterPool {
   public:
     static constexpr int still_count = 640;
     CharacterPool();
-    /// Pictures of 16 by 16 pixels for the frames of the animated tile.
+    /// Adds the animated tile; its frames are 16 by 16 pixels.
     void add_animated(std::span<const DrawnPicture, 4> frames);
     Character find(const Block& block);
 
-    /// 32 bytes a character.
+    /// 32 bytes per character.
     const std::vector<std::uint8_t>& graphics() const { return graphics_; }
-    /// 128 bytes a frame, four frames a tile.
+    /// 128 bytes per frame, four frames per tile.
     const std::vector<std::uint8_t>& animated_graphics() const { return animated_; }
 
   private:
@@ -89,9 +88,9 @@ class CharacterPool {
 /// The formations of one layer: four characters each. Formation 0 is empty.
 class FormationPool {
   public:
-    using Quadrants = std::array<std::uint16_t, 4>; // tile byte, attribute byte above it
+    using Quadrants = std::array<std::uint16_t, 4>; // tile byte, and attribute byte in bits 8 to 15
     FormationPool() { numbers_[Quadrants{}] = 0; }
-    /// The number of a formation. With all 256 taken it is that of the one most alike.
+    /// The number of a formation. When all 256 are in use, that of the most similar one.
     std::uint8_t find(const Quadrants& quadrants);
     /// 2048 bytes: tile bytes of the four quadrants, then their attribute bytes.
     std::vector<std::uint8_t> bytes() const;

@@ -23,7 +23,7 @@ class ImageWriter {
     Bytes image_;
 };
 
-/// An area that fills from its start, and the table of 24-bit offsets into it.
+/// An area that is filled from its start, and the table of 24-bit offsets into it.
 class DataArea {
   public:
     DataArea(ImageWriter& writer, std::int32_t start, std::int32_t end, std::int32_t table,
@@ -33,9 +33,9 @@ class DataArea {
     /// Appends bytes and returns the number of their table entry. Throws std::length_error where
     /// the area or the table is full.
     int add(std::span<const std::uint8_t> bytes);
-    /// The same with the stream that the bytes pack to.
+    /// The same with the compressed bytes.
     int add_packed(std::span<const std::uint8_t> bytes);
-    /// Lets the rest of the table repeat the entries from the first on.
+    /// Fills the rest of the table by repeating its entries from the first on.
     void repeat_entries();
 
   private:

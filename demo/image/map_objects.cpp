@@ -9,7 +9,7 @@ namespace {
 
 using namespace rom_layout;
 
-constexpr std::int32_t npc_area_end = 0x50200; // of its bank
+constexpr std::int32_t npc_area_end = 0x50200; // end of its bank
 constexpr std::int32_t long_entrance_area_end = 0x2E0200;
 
 Bytes bytes_of(std::initializer_list<int> values) {
@@ -49,7 +49,7 @@ Bytes record(const LongEntrance& entrance) {
     return bytes;
 }
 
-/// A table of pointers and, behind it, the records of every map's list. Pointers count from base.
+// Writes a table of pointers, relative to base, and after it the records of every map's list.
 template <class Object>
 void write_table(ImageWriter& writer, std::span<const MapObjects> maps,
                  std::vector<Object> MapObjects::*list, std::int32_t table, std::int32_t base,

@@ -9,7 +9,7 @@ namespace veldrune::demo {
 
 enum class Facing { up, right, down, left };
 
-// The objects of a map. Places are tiles; script counts bytes from the start of the event scripts.
+// The objects of a map. Positions are in tiles; script is a byte offset into the event scripts.
 struct Npc {
     int x, y, sprite, palette, script;
     Facing facing = Facing::down;
@@ -35,8 +35,8 @@ struct Entrance {
 
 struct LongEntrance {
     Entrance first;
-    int length; // tiles beyond the first
-    bool down;  // along the column, else to the right along the row
+    int length; // tiles after the first
+    bool down;  // down the column, else right along the row
 };
 
 struct MapObjects {
@@ -47,7 +47,7 @@ struct MapObjects {
     std::vector<LongEntrance> long_entrances;
 };
 
-/// Writes the five tables. Throws std::length_error where one does not fit its area.
+/// Writes the five tables. Throws std::length_error where one does not fit into its area.
 void write_objects(ImageWriter& writer, std::span<const MapObjects> maps);
 
 } // namespace veldrune::demo

@@ -5,11 +5,11 @@
 namespace veldrune::demo {
 namespace {
 
-using enum Part;
+using enum Role;
 
 // clang-format off
-constexpr Post post_list[] = {
-    // kind       part       near  dx dy most
+constexpr PlacementRule placement_table[] = {
+    // kind       role       near  dx dy max_count
     {Kind::town, merchant,  'M',  1, 1, 2},
     {Kind::town, counter,   'M',  1, 1, 2, Facing::up, true},
     {Kind::town, well,      'w',  1, 1, 1},
@@ -68,7 +68,7 @@ constexpr Post post_list[] = {
     {Kind::interior, chest,     'c', 0, 0, 2, Facing::down, false, true},
 };
 
-constexpr Look looks[npc_parts] = {
+constexpr Look looks[npc_role_count] = {
     // dresses hairs    palettes    first          movement speed
     {"3",    "6",     "0246",     0,             0, 1}, // guard
     {"4",    "0123",  "0123",     0,             0, 1}, // merchant
@@ -96,12 +96,12 @@ constexpr Look looks[npc_parts] = {
 
 } // namespace
 
-std::span<const Post> posts() {
-    return post_list;
+std::span<const PlacementRule> placement_rules() {
+    return placement_table;
 }
 
-const Look& look(Part part) {
-    return looks[static_cast<std::size_t>(part)];
+const Look& look(Role role) {
+    return looks[static_cast<std::size_t>(role)];
 }
 
 } // namespace veldrune::demo

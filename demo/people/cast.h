@@ -8,47 +8,47 @@
 
 namespace veldrune::demo {
 
-/// What an object is there for. It decides about its looks and about its script.
+/// The role of an object, which determines its look and its script.
 // clang-format off
-enum class Part {
+enum class Role {
     // people and animals
     guard, merchant, innkeeper, villager, child, elder, king, queen, courtier, knight, cook,
     scholar, guest, traveller, hunter, miner, hermit, pet, wild, bat, crystal,
-    // what happens where one steps or looks
+    // triggers
     sign, counter, well, throne, bed, shelf, hearth, arrival, door, pool, glow,
     chest,
 };
-inline constexpr std::string_view part_names[] = { // in the same order
+inline constexpr std::string_view role_names[] = { // in the same order
     "guard", "merchant", "innkeeper", "villager", "child", "elder", "king", "queen", "courtier", "knight", "cook",
     "scholar", "guest", "traveller", "hunter", "miner", "hermit", "pet", "wild", "bat", "crystal",
     "sign", "counter", "well", "throne", "bed", "shelf", "hearth", "arrival", "door", "pool", "glow",
     "chest",
 };
 // clang-format on
-inline constexpr int npc_parts = static_cast<int>(Part::sign);
-inline constexpr int part_count = static_cast<int>(Part::chest) + 1;
-static_assert(std::size(part_names) == part_count);
+inline constexpr int npc_role_count = static_cast<int>(Role::sign);
+inline constexpr int role_count = static_cast<int>(Role::chest) + 1;
+static_assert(std::size(role_names) == role_count);
 
-/// A rule of where a part is played: (dx, dy) from a letter of the plan. '*' is any floor, '^' a
-/// nook between walls.
-struct Post {
+/// Where objects of a role are placed: at (dx, dy) from a letter of the plan. '*' is any floor, '^'
+/// a corner between walls.
+struct PlacementRule {
     Kind kind;
-    Part part;
+    Role role;
     char letter;
     int dx, dy;
-    int most; // on 64 by 32 tiles
+    int max_count; // on 64 by 32 tiles; scaled with the size of the map
     Facing facing = Facing::down;
-    bool shared = false;  // with whoever stands there
-    bool in_wall = false; // where nobody can stand
+    bool shared = false;  // the tile may have another object
+    bool in_wall = false; // on a tile where nobody can walk
 };
-std::span<const Post> posts();
+std::span<const PlacementRule> placement_rules();
 
-/// The look of a part of people and animals: one of each list, a digit each.
+/// The look of people and animals of a role: one digit is picked from each list.
 struct Look {
     std::string_view dresses, hairs, palettes;
-    int first; // sprite to which dress * 8 + hair is added
+    int first; // the sprite is first + 8 * dress + hair
     int movement, speed;
 };
-const Look& look(Part part);
+const Look& look(Role role);
 
 } // namespace veldrune::demo

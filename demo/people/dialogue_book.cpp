@@ -11,7 +11,7 @@ using namespace rom_layout;
 
 constexpr int bank_size = 0x10000;
 
-/// The code whose piece is the longest at the start of text; 0 without one.
+// The code of the longest piece that text begins with; 0 without one.
 int longest_code(std::string_view text) {
     int best = 0;
     std::size_t length = 0;
@@ -46,7 +46,7 @@ Bytes encode_dialogue(std::string_view text) {
 int DialogueBook::number(std::string_view text) {
     if (const auto known = numbers_.find(text); known != numbers_.end())
         return known->second;
-    // The banks take turns.
+    // The banks are filled alternately.
     Bank& bank = banks_[numbers_.size() % banks_.size()];
     const Bytes bytes = encode_dialogue(text);
     const int number = bank.first + bank.count;

@@ -14,17 +14,17 @@ namespace veldrune::demo {
 class DialogueBook {
   public:
     explicit DialogueBook(ImageWriter& writer) : writer_(writer) {}
-    /// The number of a text; the same text keeps its number. Lines end with "\n", an option begins
-    /// with "> ". Throws std::length_error where the texts or their numbers are too many.
+    /// The number of a text, which is added at its first use. Lines end with "\n", an option begins
+    /// with "> ". Throws std::length_error where there is no room or no number left.
     int number(std::string_view text);
-    /// Lets the numbers that are left repeat the texts of their bank.
+    /// Fills the unused numbers by repeating the texts of their bank.
     void repeat_entries();
 
   private:
     struct Bank {
         std::int32_t start;
         int first, end; // numbers
-        int count = 0;  // of numbers given away
+        int count = 0;  // of numbers in use
         int size = 0;   // bytes
     };
     ImageWriter& writer_;
@@ -35,8 +35,8 @@ class DialogueBook {
     std::map<std::string, int, std::less<>> numbers_;
 };
 
-/// A text in the game's code, each time by the code that stands for most of it, with the end mark.
-/// Throws std::invalid_argument at a letter that has no code.
+/// Encodes a text in the game's code, always with the code of the longest piece, and adds the end
+/// mark. Throws std::invalid_argument for a letter that has no code.
 Bytes encode_dialogue(std::string_view text);
 
 } // namespace veldrune::demo

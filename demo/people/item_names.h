@@ -6,9 +6,9 @@
 
 namespace veldrune::demo {
 
-/// A letter in the code of item names; 255 is a blank, or a letter without a code.
+/// The code of a letter in item names; 255 for a blank, or a letter without a code.
 constexpr int item_letter_code(char letter) {
-    constexpr std::string_view marks = "!?\1:\"'-.,_"; // 192 is no letter
+    constexpr std::string_view marks = "!?\1:\"'-.,_"; // code 192 is not a letter
     if (letter >= 'A' && letter <= 'Z')
         return 128 + letter - 'A';
     if (letter >= 'a' && letter <= 'z')
@@ -19,22 +19,23 @@ constexpr int item_letter_code(char letter) {
     return mark == std::string_view::npos ? 255 : 190 + static_cast<int>(mark);
 }
 
-/// A name a line, as many as there are items.
-constexpr Fault check_names(AssetText text) {
+/// One name per line, as many as there are items.
+constexpr FirstError check_names(AssetText text) {
     std::size_t count = 0;
-    const auto trouble_of = [&](std::string_view line) {
+    const auto error_of = [&](std::string_view line) {
         ++count;
         for (const char letter : line)
             if (letter != ' ' && item_letter_code(letter) == 255)
-                return Trouble::unknown_letter;
-        return line.size() > rom_layout::item_name_size ? Trouble::too_long : Trouble::none;
+                return AssetError::unknown_letter;
+        return line.size() > rom_layout::item_name_size ? AssetError::too_long : AssetError::none;
     };
-    return first_fault(text, trouble_of, [&] {
-        return count == rom_layout::item_count ? Trouble::none : Trouble::wrong_count_of_lines;
+    return first_error(text, error_of, [&] {
+        return count == rom_layout::item_count ? AssetError::none
+                                               : AssetError::wrong_count_of_lines;
     });
 }
 
-/// The names in the game's letter code, filled up with blanks.
+/// Writes the names in the game's letter code, padded with blanks.
 void write_item_names(ImageWriter& writer);
 
 } // namespace veldrune::demo

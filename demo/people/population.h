@@ -7,7 +7,7 @@
 
 namespace veldrune::demo {
 
-/// Fills the maps from the first town on with people, chests, triggers and the ways between them.
+/// Fills the maps, from the first town on, with people, chests, triggers and entrances.
 void populate(std::span<MapObjects> maps, const Sites& sites, Scenes& scenes, Random& random);
 
 } // namespace veldrune::demo

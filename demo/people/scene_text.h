@@ -8,14 +8,14 @@
 
 namespace veldrune::demo {
 
-// In a text of demo/assets/scripts the heading of a scene is its part, or "common". The other lines
-// are in the language of ScriptBook; besides there are %f, %i, %n, {town} and {next}.
+// In a text of demo/assets/scripts the heading of a scene is its role, or "common". The other lines
+// are in the language of ScriptBook, with the placeholders %f, %i, %n, {town} and {next}.
 
 constexpr bool is_spoken(std::string_view line) {
     return line.starts_with("| ");
 }
 
-/// The letters that the game has a code for.
+/// The letters of dialogues that have a code.
 inline constexpr std::array<bool, 256> spoken_letters = [] {
     std::array<bool, 256> letters{};
     for (const unsigned char letter : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZ"
@@ -52,14 +52,14 @@ constexpr bool is_value(std::string_view word) {
     return digits == 2 || digits == 4;
 }
 
-/// True where a line of the text begins with the mark of a place and its name.
-constexpr bool has_place(AssetText text, std::string_view mark, std::string_view name) {
+/// Whether a line of the text begins with the label mark and name.
+constexpr bool has_label(AssetText text, std::string_view mark, std::string_view name) {
     return std::ranges::any_of(text, [&](std::string_view line) {
         return line.starts_with(mark) && take_word(line).substr(mark.size()) == name;
     });
 }
 
-/// The scene around a line.
+/// The scene that contains a line.
 constexpr AssetText scene_around(AssetText text, std::size_t line) {
     std::size_t first = line, end = line + 1;
     while (first > 0 && !is_heading(text[first]))
@@ -69,21 +69,21 @@ constexpr AssetText scene_around(AssetText text, std::size_t line) {
     return text.subspan(first, end - first);
 }
 
-constexpr Trouble trouble_of_words(AssetText text, std::size_t number) {
+constexpr AssetError error_in_words(AssetText text, std::size_t number) {
     bool first = true, queue = false;
     for (std::string_view line = text[number]; !line.empty(); first = false) {
         std::string_view word = take_word(line);
         if (first && word.starts_with(':'))
             continue;
         if (word.starts_with('@')) {
-            if (!has_place(scene_around(text, number), ":", word.substr(1)) &&
-                !has_place(text, "::", word.substr(1)))
-                return Trouble::unknown_place;
+            if (!has_label(scene_around(text, number), ":", word.substr(1)) &&
+                !has_label(text, "::", word.substr(1)))
+                return AssetError::unknown_label;
             continue;
         }
         if (const std::size_t bracket = word.find('['); bracket != word.npos) {
             if (queue || !is_value(word.substr(0, bracket)))
-                return Trouble::unknown_word;
+                return AssetError::unknown_word;
             queue = true;
             word.remove_prefix(bracket + 1);
         }
@@ -92,9 +92,9 @@ constexpr Trouble trouble_of_words(AssetText text, std::size_t number) {
             word.remove_suffix(1);
         }
         if (!is_value(word))
-            return Trouble::unknown_word;
+            return AssetError::unknown_word;
     }
-    return queue ? Trouble::too_short : Trouble::none;
+    return queue ? AssetError::too_short : AssetError::none;
 }
 
 constexpr bool ends_scene(AssetText text, std::size_t number) {
@@ -104,20 +104,20 @@ constexpr bool ends_scene(AssetText text, std::size_t number) {
     return true;
 }
 
-constexpr Fault check_scripts(AssetText text) {
-    return first_fault_at(text, [&](std::size_t i) {
+constexpr FirstError check_scripts(AssetText text) {
+    return first_error_at(text, [&](std::size_t i) {
         const std::string_view line = text[i];
         if (is_note(line))
-            return Trouble::none;
+            return AssetError::none;
         if (ends_scene(text, i) && !line.ends_with("FE"))
-            return Trouble::no_end;
+            return AssetError::no_end;
         if (is_heading(line))
-            return line == "= common" || std::ranges::count(part_names, line.substr(2)) == 1
-                       ? Trouble::none
-                       : Trouble::unknown_word;
+            return line == "= common" || std::ranges::count(role_names, line.substr(2)) == 1
+                       ? AssetError::none
+                       : AssetError::unknown_word;
         if (is_spoken(line))
-            return can_be_spoken(line.substr(2)) ? Trouble::none : Trouble::unknown_letter;
-        return trouble_of_words(text, i);
+            return can_be_spoken(line.substr(2)) ? AssetError::none : AssetError::unknown_letter;
+        return error_in_words(text, i);
     });
 }
 

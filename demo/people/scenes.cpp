@@ -39,7 +39,7 @@ std::string bytes_from(int code, int count) {
     return words;
 }
 
-/// A command as a source, with arguments of its kinds.
+// Source of a command with arguments of the right kinds.
 std::string sample(int code) {
     const ScriptCommand& command = script_command(static_cast<std::uint8_t>(code));
     if (command.is_queue())
@@ -55,12 +55,12 @@ std::string sample(int code) {
             words += " @light";
             break;
         case ParameterKind::dialogue:
-            words += code == 0x48 ? " 00 40" : " 00 80"; // the first text, with either mark
+            words += code == 0x48 ? " 00 40" : " 00 80"; // the first text, with one of its flags
             break;
         case ParameterKind::low_nibble: // shares the byte of the high one
             break;
         case ParameterKind::map_data:
-            words.resize(words.size() - 6); // the two sizes just sampled
+            words.resize(words.size() - 6); // replaces the two sizes already there
             words += " 03 02" + bytes_from(code, 6);
             break;
         case ParameterKind::list_count:
@@ -79,7 +79,7 @@ std::string sample(int code) {
     return words + ' ';
 }
 
-/// One of every command and of every queue action, a few a script.
+// Adds scripts with one of every command and of every queue action, a few in each script.
 void add_samples(ScriptBook& scripts) {
     constexpr int commands_of_one = 6, actions_of_one = 10;
     std::string source;
@@ -104,14 +104,14 @@ void add_samples(ScriptBook& scripts) {
 
 Scenes::Scenes(ScriptBook& scripts) : scripts_(scripts) {
     std::vector<std::string> common;
-    std::vector<std::string>* scenes = nullptr; // of the part that is being read
+    std::vector<std::string>* scenes = nullptr; // of the role being read
     for (const std::string_view line : assets::scenes) {
-        const auto part =
-            std::ranges::find(part_names, line.substr(std::min<std::size_t>(2, line.size())));
+        const auto role =
+            std::ranges::find(role_names, line.substr(std::min<std::size_t>(2, line.size())));
         if (is_heading(line)) {
-            scenes = part == std::end(part_names)
+            scenes = role == std::end(role_names)
                          ? &common
-                         : &sources_[static_cast<std::size_t>(part - part_names)];
+                         : &sources_[static_cast<std::size_t>(role - role_names)];
             scenes->emplace_back();
         } else if (!is_note(line)) {
             scenes->back().append(line) += '\n';
@@ -122,8 +122,8 @@ Scenes::Scenes(ScriptBook& scripts) : scripts_(scripts) {
     add_samples(scripts_);
 }
 
-int Scenes::script_of(Part part, int map, int nth) {
-    const std::vector<std::string>& choices = sources_[static_cast<std::size_t>(part)];
+int Scenes::script_of(Role role, int map, int nth) {
+    const std::vector<std::string>& choices = sources_[static_cast<std::size_t>(role)];
     std::string source = choices[static_cast<std::size_t>(map / kind_count + nth) % choices.size()];
     const int region = region_of(map), last = region_of(rom_layout::map_count - 1);
     replace_all(source, "%f", hex(map));

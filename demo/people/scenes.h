@@ -5,17 +5,17 @@
 
 namespace veldrune::demo {
 
-/// What happens when one speaks to somebody or steps somewhere.
+/// The scripts of NPCs and triggers.
 class Scenes {
   public:
-    /// Begins with the scripts that others call and with one of every command and queue action.
+    /// Adds the scripts that others call, and scripts with one of every command and queue action.
     explicit Scenes(ScriptBook& scripts);
-    /// Where the script of the nth object of a part on a map begins, from the first script on.
-    int script_of(Part part, int map, int nth);
+    /// The offset, from the first script on, of the script of the nth object of a role on a map.
+    int script_of(Role role, int map, int nth);
 
   private:
     ScriptBook& scripts_;
-    std::array<std::vector<std::string>, part_count> sources_;
+    std::array<std::vector<std::string>, role_count> sources_;
 };
 
 } // namespace veldrune::demo

@@ -19,10 +19,10 @@ int ScriptBook::script(const std::string& source) {
     if (!fresh)
         return known->second;
     bytes_.clear();
-    here_.clear();
-    holes_.clear();
+    local_labels_.clear();
+    fixups_.clear();
     assemble(source);
-    fill_holes();
+    resolve_fixups();
     if (next_ + static_cast<int>(bytes_.size()) > area_size)
         throw std::length_error("the scripts of the demo image are full");
     writer_.put(rom_layout::event_scripts + next_, bytes_);
@@ -49,11 +49,11 @@ void ScriptBook::assemble(std::string_view source) {
 
 void ScriptBook::assemble_word(std::string_view word) {
     if (word.starts_with("::")) {
-        places_[std::string(word.substr(2))] = next_ + static_cast<int>(bytes_.size());
+        shared_labels_[std::string(word.substr(2))] = next_ + static_cast<int>(bytes_.size());
     } else if (word.starts_with(':')) {
-        here_[std::string(word.substr(1))] = next_ + static_cast<int>(bytes_.size());
+        local_labels_[std::string(word.substr(1))] = next_ + static_cast<int>(bytes_.size());
     } else if (word.starts_with('@')) {
-        holes_.push_back({bytes_.size(), std::string(word.substr(1))});
+        fixups_.push_back({bytes_.size(), std::string(word.substr(1))});
         bytes_.insert(bytes_.end(), 3, 0);
     } else if (const std::size_t bracket = word.find('['); bracket != word.npos) {
         put_value(word.substr(0, bracket));
@@ -86,12 +86,13 @@ void ScriptBook::put_value(std::string_view digits) {
         bytes_.push_back(static_cast<std::uint8_t>(value));
 }
 
-void ScriptBook::fill_holes() {
-    for (const Hole& hole : holes_) {
-        const auto here = here_.find(hole.name);
-        const int place = here != here_.end() ? here->second : places_.at(hole.name);
+void ScriptBook::resolve_fixups() {
+    for (const Fixup& fixup : fixups_) {
+        const auto here = local_labels_.find(fixup.name);
+        const int place =
+            here != local_labels_.end() ? here->second : shared_labels_.at(fixup.name);
         for (std::size_t i = 0; i < 3; ++i)
-            bytes_[hole.at + i] = static_cast<std::uint8_t>(place >> 8 * i);
+            bytes_[fixup.at + i] = static_cast<std::uint8_t>(place >> 8 * i);
     }
 }
 

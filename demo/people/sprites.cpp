@@ -9,7 +9,7 @@ namespace veldrune::demo {
 namespace {
 
 constexpr std::int32_t sprite_graphics = 0x150200; // $D50000
-constexpr int table_entries = 165;                 // of addresses and of banks
+constexpr int table_entries = 165;                 // of addresses, and of banks
 constexpr int palette_count = 16;
 
 constexpr DrawnPicture face = picture(assets::figures, "face");
@@ -28,9 +28,9 @@ consteval std::array<Rgb, 15> row(std::string_view name) {
 constexpr std::array<Rgb, 15> rows[] = {row("blue"),   row("red"),  row("green"), row("orange"),
                                         row("violet"), row("teal"), row("ochre"), row("linen")};
 
-/// Draws lines of a half and its mirror image, the first at y.
+// Draws the lines of a left half, from y on, and their mirror image, which is shaded.
 void draw_half(Picture& p, AssetText lines, int y) {
-    static constexpr std::string_view shaded = "34679ac"; // step one down in the shadow
+    static constexpr std::string_view shaded = "34679ac"; // one shade darker in the right half
     for (const std::string_view line : lines) {
         for (int x = 0; x < std::ssize(line); ++x) {
             const char letter = line[static_cast<std::size_t>(x)];
@@ -60,7 +60,7 @@ Picture draw_person(int number) {
     return p;
 }
 
-/// Every second one of a kind hops.
+// The second sprite of each kind is mirrored and one pixel higher.
 Picture draw_small(int number) {
     const int kinds = static_cast<int>(small_ones.size());
     Picture p(16, 16), hopping(16, 16);
@@ -71,7 +71,7 @@ Picture draw_small(int number) {
 
 void put_palettes(ImageWriter& writer) {
     for (int number = 0; number < palette_count; ++number) {
-        const int light = number < 8 ? 4 : 3; // the second half is for the night
+        const int light = number < 8 ? 4 : 3; // the second eight are for the night
         const std::int32_t place = rom_layout::sprite_palettes + 32 * number;
         writer.put_word(place, colour_word({0, 0, 0}));
         for (int i = 1; i < 16; ++i) {
@@ -91,7 +91,7 @@ void write_sprites(ImageWriter& writer) {
         const bool small = number >= small_sprites;
         const Picture p = small ? draw_small(number - small_sprites) : draw_person(number);
         offsets[static_cast<std::size_t>(number)] = next;
-        Bytes art(small ? 32 : 0); // a small one has nothing in its first tile
+        Bytes art(small ? 32 : 0); // the first character of a small sprite is empty
         for (int y = 0; y < (small ? 16 : 24); y += 8)
             for (int x = 0; x < 16; x += 8)
                 append_planes(art, block_at(p, x, y));

@@ -14,7 +14,7 @@ consteval DrawnPicture cavern(std::string_view name) {
     return picture(assets::caverns, name);
 }
 
-/// Moss that thins out towards its edges.
+// Moss that gets thinner towards its edges.
 Picture draw_moss(Shape shape, int variant) {
     static const Picture floor = cavern("rock_floor").draw();
     Picture p = tile_of(floor, 0, 3);
@@ -36,7 +36,7 @@ Picture draw_top(Shape shape, int) {
     p.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         if (!shape.inside(x, y))
             return y > 8 && !(shape.mask & 4) ? rock[y > 13 ? 4 : 3] : ground[0];
-        int edge = 8; // steps to the nearest side that falls off
+        int edge = 8; // distance to the nearest edge
         for (int step = 1; step < 8 && edge == 8; ++step)
             for (const int dx : {-step, 0, step})
                 for (const int dy : {-step, 0, step})

@@ -28,12 +28,12 @@ Picture dark_top(Shape shape, int) {
                 for (const int dy : {-step, 0, step})
                     if ((dx != 0 || dy != 0) && off(dx, dy))
                         return step == 1 ? wall[4] : step < 4 ? wall[2] : wall[0];
-        return Pixel{0}; // nothing: the night sky may show
+        return Pixel{0}; // empty: a layer 3 below may be visible
     });
     return p;
 }
 
-/// Cloth on the floor with a golden hem.
+// A carpet with a golden border.
 Picture draw_carpet(Shape shape, int) {
     Picture p(16, 16);
     p.fill(0, 0, 16, 16, [&](int x, int y) {

@@ -8,14 +8,14 @@
 namespace veldrune::demo {
 namespace {
 
-constexpr int period = 256; // pixels after which the pictures repeat from left to right
+constexpr int period = 256; // width in pixels after which the pictures repeat
 
-/// One round cluster of a cloud.
+// A round part of a cloud.
 struct Puff {
     int x, y, radius;
 };
 
-/// How deep (x, y) lies in soft clusters: 0 outside, up to 100 in the middle of one.
+// Depth of (x, y) in the puffs: 0 outside, 100 in the middle of one.
 int depth_in(std::span<const Puff> puffs, int x, int y, int flatness) {
     int deepest = 0;
     for (const Puff& puff : puffs) {
@@ -39,7 +39,7 @@ Pixel fog(int x, int y) {
 }
 
 Pixel light_shaft(int x, int y) {
-    // Left, right and strength of the beams, which lean by half a pixel a row.
+    // Left, right and strength of the beams, which are shifted by half a pixel per row.
     static constexpr std::array<int, 3> beams[] = {
         {6, 58, 2}, {72, 92, 1}, {126, 196, 2}, {206, 222, 1}};
     const int across = (2 * x + y) % 256;
@@ -57,7 +57,7 @@ Pixel snow(int x, int y) {
     const auto fold = [](int at) { return at & 32 ? 31 - (at & 31) : at & 31; };
     const int i = fold(x) / 8, j = fold(y) / 8;
     const int dx = fold(x) % 8 - scatter(i, j, 41, 6), dy = fold(y) % 8 - scatter(i, j, 42, 6);
-    const int size = scatter(i, j, 43, 4); // half of them are missing
+    const int size = scatter(i, j, 43, 4); // 0 and 3 draw no flake
     return dx >= 0 && dy >= 0 && dx < size && dy < size && size < 3 ? 3 : 0;
 }
 

@@ -11,12 +11,12 @@ constexpr Ramp bank{ink(water_row, 7), 4};
 constexpr Ramp shore_grass{ink(water_row, 11), 5};
 constexpr Ramp cobble_grass{ink(stone_row, 11), 5};
 
-/// Grass as it looks in the palette row of grass.
+// A pixel of grass, in another palette row's ramp.
 Pixel grass_pixel(const Picture& tile, int x, int y, Ramp ramp) {
     return ramp[std::min(tile.at(x, y) - grass.darkest, ramp.count - 1)];
 }
 
-/// The rim where grass hangs over lower ground: darker blades just before the edge.
+// A pixel of grass; near the edge to the ground of shape its blades are darker.
 Pixel grass_rim(Shape shape, const Picture& tile, int x, int y, Ramp ramp) {
     const bool above = shape.inside(x, y + 1) && y < 15;
     const bool near = above || (y < 14 && shape.inside(x, y + 2)) ||
@@ -27,7 +27,7 @@ Pixel grass_rim(Shape shape, const Picture& tile, int x, int y, Ramp ramp) {
     return near ? ramp[x % 3 == 0 ? 3 : 1] : grass_pixel(tile, x, y, ramp);
 }
 
-/// The step from the ground at (x, y) towards the upper left that leaves it, at most 2; else 3.
+// The distance, 1 or 2, at which the ground ends to the left of or above (x, y); 3 if further.
 int lit_edge(Shape shape, int x, int y) {
     for (int step = 1; step <= 2; ++step)
         if ((x >= step && !shape.inside(x - step, y)) || (y >= step && !shape.inside(x, y - step)))
@@ -51,7 +51,7 @@ Picture draw_ground(Shape shape, Ramp grass_ramp, auto&& inside) {
 } // namespace
 
 Picture draw_path(Shape shape, int variant) {
-    // Each pebble lies within one quadrant.
+    // Each pebble is inside one quadrant.
     struct Pebble {
         std::size_t number;
         int x, y;

@@ -21,13 +21,13 @@ template <const auto& tiles>
 Picture one_of(Shape, int variant) {
     return tiles[static_cast<std::size_t>(variant)].draw();
 }
-/// The tile of a sheet of sixteen that goes on where the ground does.
+// The tile of a sheet of sixteen that connects to the same sides as the shape.
 template <const DrawnPicture& sheet>
 Picture joined(Shape shape, int) {
     return tile_of(sheet.draw(), shape.mask % 4, shape.mask / 4 % 4);
 }
 
-/// What hides who stands behind a tree, and what one stands on.
+// The part of a tree that hides people behind it, and the part below people.
 consteval PropArt crown(char letter, DrawnPicture tree) {
     return {letter, tree.part(0, 48), 48, 0, 16, 16};
 }

@@ -3,7 +3,7 @@
 namespace veldrune::demo {
 namespace {
 
-/// A smooth field of values from 0 to 255 with hills of about size tiles.
+// Smooth noise from 0 to 255, with random values every size tiles.
 int field(int x, int y, int size, std::uint32_t seed) {
     const auto corner = [&](int i, int j) {
         return static_cast<int>(mix(static_cast<std::uint32_t>(x / size + i),
@@ -16,7 +16,7 @@ int field(int x, int y, int size, std::uint32_t seed) {
     return (top * (size - fy) + bottom * fy) / (size * size);
 }
 
-/// Draws letter along a way of tiles from left to right that wanders up and down.
+// Draws letter along a path from left to right that wanders up and down, and bridges over water.
 void wander(Plan& plan, int from, int to, int y, int thickness, char letter, std::string_view keep,
             Random& random) {
     for (int x = from; x < to; ++x) {
@@ -38,7 +38,7 @@ void disc(Plan& plan, int cx, int cy, int rx, int ry, char letter) {
         }
 }
 
-/// True where the w by h tiles from (x, y) on are all in kinds and on the plan.
+// Whether the w by h tiles from (x, y) on are on the plan and all in kinds.
 bool all(const Plan& plan, int x, int y, int w, int h, std::string_view kinds) {
     if (x < 0 || y < 0 || x + w > plan.width || y + h > plan.height)
         return false;
@@ -49,7 +49,7 @@ bool all(const Plan& plan, int x, int y, int w, int h, std::string_view kinds) {
     return true;
 }
 
-/// True where a tree's crown would hide nothing but ground.
+// Whether a tree's crown would hide only open ground.
 bool open_above(const Plan& plan, int x, int y) {
     for (int j = std::max(y - 3, 0); j <= y; ++j)
         for (int i = std::max(x - 1, 0); i <= std::min(x + 1, plan.width - 1); ++i)
@@ -58,7 +58,7 @@ bool open_above(const Plan& plan, int x, int y) {
     return true;
 }
 
-/// Flowers in patches and single things here and there on bare ground.
+// Puts patches of flowers and, less often, single things on bare ground.
 void adorn(Plan& plan, std::string_view things, int rarity, Random& random) {
     const auto seed = static_cast<std::uint32_t>(random.below(1 << 20));
     for (int y = 0; y < plan.height; ++y)
@@ -72,7 +72,8 @@ void adorn(Plan& plan, std::string_view things, int rarity, Random& random) {
             }
 }
 
-/// Every eighth layout has bare ground in its eastern half, which its layer 1 then leaves out.
+// Leaves bare ground in the eastern half of every eighth layout, so that its layer 1 is smaller
+// than its layer 2.
 void clear_east(Plan& plan, int layout) {
     const int half = plan.width / 2;
     for (int y = 0; layout % 8 == 5 && y < plan.height; ++y)
@@ -155,7 +156,7 @@ Plan woodland_plan(int layout, int width, int height, Random& random) {
                 continue;
             if (field(x, y, 9, seed) > 120 || y < 3 || x < 2) {
                 const bool dark = field(x, y, 16, seed + 2) > 160;
-                plan.rect(x - 1, y - 1, 3, 2, '.'); // no tall grass at its foot
+                plan.rect(x - 1, y - 1, 3, 2, '.'); // no tall grass around the foot
                 plan.at(x, y) = dark                             ? 'P'
                                 : layout % 5 == 3                ? 'B'
                                 : field(x, y, 8, seed + 4) > 150 ? 'Y'
@@ -169,7 +170,7 @@ Plan woodland_plan(int layout, int width, int height, Random& random) {
 
 Plan cavern_plan(int layout, int width, int height, Random& random) {
     Plan plan(width, height, '#');
-    // Caverns, each joined to the next by a winding tunnel.
+    // Caverns, each connected to the next by a winding tunnel.
     int x = 8, y = 8;
     disc(plan, x, y, 7, 5, '.');
     for (int count = 1 + width * height / 200; count > 0; --count) {
@@ -217,13 +218,13 @@ Plan rooms_plan(int width, int height, int wall_height, std::span<const Furnishi
             const int left = random.below(2), low = random.below(3);
             const Room room{x + 1 + left, y + 1, 14 - left - random.below(2), 14 - low};
             plan.rect(room.x, room.y, room.w, room.h, '.');
-            // Doorways as high as the walls, with three tiles of floor.
+            // A doorway is as high as the walls, plus three tiles of floor.
             if (x + 16 < width)
                 plan.rect(x + 12, y + 5, 8, wall_height + 3, '.');
             if (y + 16 < height)
                 plan.rect(x + 7, y + 11, 2, 9, '.');
             if (y > 0)
-                plan.rect(x + 7, y, 2, wall_height + 1, '_'); // the way in stays free
+                plan.rect(x + 7, y, 2, wall_height + 1, '_'); // keeps the doorway free
             furnish(plan, room, wall_height, furniture, random);
         }
     return plan;

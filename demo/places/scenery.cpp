@@ -5,12 +5,12 @@
 namespace veldrune::demo {
 namespace {
 
-/// The next darker colour of a row of ramps that start at values 1, 6 and 11.
+// The next darker colour, in a palette row with ramps that start at values 1, 6 and 11.
 Pixel darker(Pixel pixel) {
     return pixel % 16 % 5 == 1 ? pixel : static_cast<Pixel>(pixel - 1);
 }
 
-/// Puts a floor into the shadow of a wall above and of solid ground to the left.
+// Darkens a floor in the shadow of a wall above it and of a wall on its left.
 Picture shadowed(Picture tile, bool above, bool left) {
     tile.fill(0, 0, 16, 16, [&](int x, int y) -> Pixel {
         const int rim = std::min(above ? y : 16, left ? x + 2 : 16);
@@ -29,7 +29,7 @@ bool covers(const GroundArt& ground, const Plan& plan, int x, int y) {
     return false;
 }
 
-constexpr int wall_key = -1, floor_key = -2, top_key = -3; // grounds have their numbers
+constexpr int wall_key = -1, floor_key = -2, top_key = -3; // the keys of grounds are their numbers
 
 } // namespace
 
@@ -68,7 +68,7 @@ void Scenery::paint_room(MapCanvas& canvas, const Plan& plan, int x, int y) {
         const Shape shape = shape_at(plan, x, y, "#");
         const Stamp& top = tile({top_key, shape.mask}, [&] { return walls.top(shape, 0); });
         canvas.ground(1, x, y, top);
-        // What rises in front of a floor may hide who stands behind it.
+        // A wall below a floor hides people behind it.
         if (y > 0 && !plan.is(x, y - 1, "#"))
             canvas.stamp(0, 16 * x, 16 * y, top, 16);
         return;
@@ -118,7 +118,7 @@ void Scenery::paint(MapCanvas& canvas, const Plan& plan) {
     for (int y = 0; y < plan.height; ++y)
         for (int x = 0; x < plan.width; ++x)
             paint_props(canvas, plan, x, y);
-    canvas.sink_deep_tops();
+    canvas.move_hiding_tiles_to_layer2();
 }
 
 Plan Scenery::walkable(const Plan& plan) const {

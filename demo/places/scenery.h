@@ -10,54 +10,55 @@
 
 namespace veldrune::demo {
 
-/// A ground that joins its neighbours.
+/// A ground with edges that depend on the neighbouring tiles.
 struct GroundArt {
-    std::string_view letters; // of a plan that it covers; none: all
-    std::string_view joins;   // letters towards which it has no edge
+    std::string_view letters; // of the plan that it covers; empty: all
+    std::string_view joins;   // letters of neighbours to which it has no edge
     Picture (*draw)(Shape shape, int variant);
     int variants = 1;
-    int layer = 1;     // 0 or 1, for layers 1 and 2
+    int layer = 1;     // 0 is layer 1, 1 is layer 2
     int patch = 1;     // tiles that share a variant
-    bool feet = false; // covers the tiles that the foot of a tree on letters may touch instead
+    bool feet = false; // covers instead the tiles that the foot of a tree on letters may touch
 };
 
-/// An object: its lower left is that of the tile of its letter, moved to the left and up.
+/// An object. Its lower left corner is that of the tile with its letter, moved left and up.
 struct PropArt {
     char letter;
     DrawnPicture picture;
-    int high = 0; // pixels from the top that hide who stands behind
+    int high = 0; // pixel rows from the top that hide people behind it
     int layer = 0;
     int left = 0;
     int up = 0;
 };
 
-/// How rooms and caverns look. In a plan '#' is solid; the tiles below it show the wall.
+/// The look of rooms and caverns. In a plan '#' is solid; the tiles below it show the wall.
 struct WallArt {
     int height; // tiles
-    /// Four tiles wide: a wall by itself, one that goes on to the west, to the east, to both.
+    /// Four tiles wide: a single wall, one that continues to the west, to the east, to both.
     DrawnPicture wall;
-    /// The tiles of a floor, which repeat; its variants lie one below the other.
+    /// The tiles of a floor, which are repeated; the variants are one below the other.
     DrawnPicture floor;
     int floor_variants;
     Picture (*top)(Shape shape, int variant);
 };
 
-/// All that the maps of one kind of place are made with.
+/// Everything that the maps of one kind of place are made from.
 struct PlaceArt {
     std::span<const DrawnPicture, 4> animated; // the frames of its animated tile
     Plan (*plan)(int layout, int width, int height, Random& random);
-    const WallArt* walls;               // none out of doors
+    const WallArt* walls;               // null outdoors
     std::span<const GroundArt> grounds; // in the order of painting
     std::span<const PropArt> props;
 };
 extern const PlaceArt town_art, forest_art, cave_art, castle_art, interior_art;
 
-/// Paints plans. Pictures are drawn and cut when a map first needs them.
+/// Paints plans. Pictures are drawn and cut at their first use.
 class Scenery {
   public:
     Scenery(const PlaceArt& art, BlockTable& table);
     void paint(MapCanvas& canvas, const Plan& plan);
-    /// Where one can walk on a plan, '.', and where not, '#': behind tree crowns and the like, too.
+    /// The tiles of a plan where one can walk, '.', and where not, '#'. Tiles hidden by objects,
+    /// such as tree crowns, are '#', too.
     Plan walkable(const Plan& plan) const;
 
   private:

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int shown_height = 64; // rows of a map that the game loads
 
-/// Tiles of floor that hang together with (x, y) turn into mark; returns how many they are.
+// Sets all floor tiles connected to (x, y) to mark and returns their number.
 int flood(Plan& floor, int x, int y, char mark) {
     std::vector<Place> open{{x, y}};
     int count = 0;
@@ -87,8 +87,8 @@ std::optional<Gate> Site::way_out(Facing side, int lines, std::string_view lette
         return down ? Place{i, along} : Place{along, i};
     };
     const auto leads_out = [&](int in, int along) {
-        const Place at = place(in, along), behind = place(in + 1, along);
-        return open(at.x, at.y) && open(behind.x, behind.y) &&
+        const Place at = place(in, along), inner = place(in + 1, along);
+        return open(at.x, at.y) && open(inner.x, inner.y) &&
                (letters.empty() || plan.is(at.x, at.y, letters));
     };
     for (int in = 0; in < std::min(lines, depth - 1); ++in)

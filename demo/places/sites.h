@@ -11,37 +11,39 @@
 
 namespace veldrune::demo {
 
-/// A way in and out: its tiles, and where one stands who has come through it.
+/// A way in and out: its tiles, and the tile where one arrives through it.
 struct Gate {
     Place first;
-    int length; // tiles beyond the first
+    int length; // tiles after the first
     bool down;
     Place landing;
 };
 
-/// A layout as those who fill it with life see it.
+/// A layout with the data for placing objects on it.
 struct Site {
     Plan plan;
-    Plan floor; // '.' where one can get to, else '#'
+    Plan floor; // '.' where one can walk to, else '#'
     bool outdoors;
-    std::vector<Gate> doors; // of houses; elsewhere thresholds, far from each other
+    std::vector<Gate>
+        doors; // of houses; without any, tiles at the edge of the floor, far from each other
 
-    /// Takes the largest ground that hangs together out of what can be walked on.
+    /// floor becomes the largest connected area of walkable.
     Site(Plan layout, const Plan& walkable, bool is_outdoors);
     bool open(int x, int y) const {
         return x >= 0 && y >= 0 && x < floor.width && y < floor.height && floor.is(x, y, ".");
     }
-    /// The way out on a side, along a path where there is one.
+    /// The way out on a side; on a path, if one leads there.
     Gate edge(Facing side) const;
 
   private:
-    /// The first way out in lines next to the side, on tiles of letters or, with none, on any.
+    /// The first way out in the rows or columns next to a side, on tiles of letters; if these are
+    /// empty, on any tile.
     std::optional<Gate> way_out(Facing side, int lines, std::string_view letters) const;
     void find_house_doors();
     void find_thresholds();
 };
 
-/// Every fifth map is of a kind, from the first town on; each turn of five is a region.
+/// From the first town on, the kinds rotate; five maps, one of each kind, form a region.
 constexpr int kind_of(int map) {
     return std::max(map - demo_map::town, 0) % kind_count;
 }
@@ -49,7 +51,7 @@ constexpr int region_of(int map) {
     return std::max(map - demo_map::town, 0) / kind_count;
 }
 
-/// By kind and layout; the layouts of a kind return from region to region.
+/// By kind and layout; the regions use the layouts of a kind in rotation.
 using Sites = std::array<std::vector<Site>, kind_count>;
 inline const Site& site_of(const Sites& sites, int map) {
     const std::vector<Site>& layouts = sites[static_cast<std::size_t>(kind_of(map))];

@@ -14,7 +14,7 @@ void for_all(int side, auto&& step) {
             step(x, y);
 }
 
-// The ground of the sketch nearby: edges wander by up to three tiles.
+// The ground of the sketch at or near (x, y): noise shifts the edges by up to three tiles.
 Ground ground_near(const Sketch& sketch, int x, int y, std::uint32_t seed) {
     constexpr int unit = 16; // of a tile
     const auto wander = [&](std::uint32_t purpose) {
@@ -33,7 +33,7 @@ int neighbours_like(const Land& land, int x, int y, auto&& wanted) {
     return count;
 }
 
-// Takes away what is too small or too thin for its edges to be drawn well.
+// Replaces areas of the grounds first to last that are too small or thin for edge tiles by other.
 void smooth(Land& land, Ground first, Ground last, Ground other) {
     const auto is_kind = [&](Ground g) { return g >= first && g <= last; };
     for (int round = 0; round < 3; ++round) {
@@ -45,8 +45,8 @@ void smooth(Land& land, Ground first, Ground last, Ground other) {
     }
 }
 
-// Parts what can't be drawn on one tile: by grass on land, by shallows at the coast.
-void part_grounds(Land& land) {
+// Separates grounds that no tile can mix: by grass on land, by shallow water at the coast.
+void separate_grounds(Land& land) {
     for_all(world_tiles, [&](int x, int y) {
         const Ground here = land.ground(x, y);
         const auto clashes = [&](Ground g) {
@@ -68,8 +68,8 @@ void lay_grounds(Land& land, const Sketch& sketch, std::uint32_t seed) {
     smooth(land, deep, deep, shallow);
 }
 
-// Goes from one place to another at its right (across) or below it: straight out of both, with a
-// bend halfway.
+// Calls step along a path to a place to the right (across) or below: straight from both ends, with
+// the bend halfway.
 void walk(Place from, Place to, bool across, auto&& step) {
     const int turn = across ? (from.x + to.x) / 2 : (from.y + to.y) / 2;
     int& along = across ? from.x : from.y;
@@ -83,7 +83,8 @@ void walk(Place from, Place to, bool across, auto&& step) {
     }
 }
 
-// Goes from the end that a way has in each cell to those in the neighbours that it is joined to.
+// Calls step along the paths between all neighbouring cells that are joined. end(cell) is the
+// path's end in a cell.
 void for_links(auto&& is_joined, auto&& end, auto&& step) {
     for_all(Sketch::side, [&](int column, int row) {
         for (const Place& way : {Place{1, 0}, {0, 1}}) {
@@ -94,7 +95,7 @@ void for_links(auto&& is_joined, auto&& end, auto&& step) {
     });
 }
 
-// The middle of a cell. Where a road or river runs straight through, it may lie one tile aside.
+// The middle of a cell. Where a road or river goes straight through, it may be one tile off.
 Place middle(const Sketch& sketch, Place at, auto&& has_way) {
     const bool winds = sketch.at(at.x, at.y) == '+' || sketch.at(at.x, at.y) == 'r';
     const bool across = has_way(at.x - 1, at.y) || has_way(at.x + 1, at.y);
@@ -103,7 +104,7 @@ Place middle(const Sketch& sketch, Place at, auto&& has_way) {
             Sketch::cell * at.y + 1 + (winds && !down ? scatter(at.x, at.y, 64, 2) : 0)};
 }
 
-// Rivers run one corner wide, into the sea where they meet it.
+// Rivers are one corner wide and flow into adjacent sea.
 void dig_rivers(Land& land, const Sketch& sketch) {
     const auto has_river = [&](int x, int y) { return sketch.has_river(x, y); };
     const auto is_joined = [&](Place a, Place b) {
@@ -127,66 +128,67 @@ void cover(Land& land, Place from, Place to, Ground ground) {
 }
 
 void build_bridge(Land& land, Place at, bool across) {
-    land.set(at.x, at.y, across ? Sight::bridge_left : Sight::bridge_top);
-    land.set(at.x + across, at.y + !across, across ? Sight::bridge_right : Sight::bridge_bottom);
+    land.set(at.x, at.y, across ? Feature::bridge_left : Feature::bridge_top);
+    land.set(at.x + across, at.y + !across,
+             across ? Feature::bridge_right : Feature::bridge_bottom);
 }
 
-// A place stands on grass, but a cave opens to the south at the foot of a range.
-void build_place(Land& land, Place at, Sight sight) {
-    const int side = sight == Sight::castle ? 2 : 1;
+// The ground of a place is grass; a cave has mountains to the north.
+void build_place(Land& land, Place at, Feature feature) {
+    const int side = feature == Feature::castle ? 2 : 1;
     cover(land, {at.x - 1, at.y - 1}, {at.x + side + 1, at.y + side + 1}, Ground::grass);
-    if (sight == Sight::cave)
+    if (feature == Feature::cave)
         cover(land, {at.x - 1, at.y - 1}, {at.x + 2, at.y}, Ground::mountain);
-    if (sight == Sight::castle)
+    if (feature == Feature::castle)
         for (const auto& [i, j] : {Place{1, 0}, {0, 1}, {1, 1}})
-            land.set(at.x + i, at.y + j, Sight::taken);
-    land.set(at.x, at.y, sight);
+            land.set(at.x + i, at.y + j, Feature::occupied);
+    land.set(at.x, at.y, feature);
     land.places.push_back(at);
 }
 
 void build_places(Land& land, const Sketch& sketch) {
     for_all(Sketch::side, [&](int column, int row) {
-        const Sight sight = sketch.sight(column, row);
+        const Feature feature = sketch.feature(column, row);
         const Place corner{Sketch::cell * column + 1, Sketch::cell * row};
-        if (sight == Sight::bridge_top)
+        if (feature == Feature::bridge_top)
             build_bridge(land, {corner.x, corner.y + 1}, sketch.has_road(column - 1, row));
-        else if (sight >= Sight::village)
-            build_place(land, corner, sight);
+        else if (feature >= Feature::village)
+            build_place(land, corner, feature);
     });
 }
 
-// Roads join what stands side by side and lead to the gates of places, which lie below them.
+// Roads connect neighbouring cells. They reach a place from its sides or below, not from above.
 void build_roads(Land& land, const Sketch& sketch) {
     const auto has_road = [&](int x, int y) { return sketch.has_road(x, y); };
     const auto is_joined = [&](Place a, Place b) {
-        const bool down_to_place = a.y < b.y && sketch.sight(b.x, b.y) >= Sight::village;
+        const bool down_to_place = a.y < b.y && sketch.feature(b.x, b.y) >= Feature::village;
         return has_road(a.x, a.y) && has_road(b.x, b.y) && !down_to_place;
     };
     const auto end = [&](Place at) {
         const Place tile = middle(sketch, at, has_road);
-        return Place{tile.x, tile.y + (sketch.sight(at.x, at.y) == Sight::castle)};
+        return Place{tile.x, tile.y + (sketch.feature(at.x, at.y) == Feature::castle)};
     };
     for_links(is_joined, end, [&](Place at) {
-        if (land.sight(at.x, at.y) != Sight::none)
+        if (land.feature(at.x, at.y) != Feature::none)
             return;
         cover(land, at, {at.x + 1, at.y + 1}, Ground::grass);
-        land.set(at.x, at.y, Sight::road);
+        land.set(at.x, at.y, Feature::road);
         land.roads.push_back(at);
     });
 }
 
-// Puts big peaks into wide ranges.
+// Puts peaks of two by two tiles into wide mountain areas.
 void place_peaks(Land& land) {
     for_all(world_tiles, [&](int x, int y) {
         bool room = scatter(x, y, 71, 3) != 0;
         for (int j = 0; room && j <= 2; ++j)
             for (int i = 0; i <= 2; ++i)
                 room = room && land.ground(x + i, y + j) == Ground::mountain &&
-                       land.sight(x + i, y + j) == Sight::none;
+                       land.feature(x + i, y + j) == Feature::none;
         if (!room)
             return;
         for (const auto& [i, j] : {Place{0, 0}, {1, 0}, {0, 1}, {1, 1}})
-            land.set(x + i, y + j, i + j == 0 ? Sight::peak : Sight::taken);
+            land.set(x + i, y + j, i + j == 0 ? Feature::peak : Feature::occupied);
     });
 }
 
@@ -213,7 +215,7 @@ Land enlarge(AssetText text, std::uint32_t seed) {
     dig_rivers(land, sketch);
     build_places(land, sketch);
     build_roads(land, sketch);
-    part_grounds(land);
+    separate_grounds(land);
     place_peaks(land);
     return land;
 }

@@ -5,11 +5,11 @@
 
 namespace veldrune::demo {
 
-/// Smooth noise from 0 to noise_range - 1, with a wave every size corners.
+/// Smooth noise from 0 to noise_range - 1, with a random value every size corners.
 inline constexpr int noise_range = 1024;
 int wave(int x, int y, int size, std::uint32_t seed);
 
-/// The world that a text of demo/assets/worlds sketches. The seed moves coasts and edges a little.
+/// Makes a world from a text of demo/assets/worlds. The seed varies coasts and edges slightly.
 Land enlarge(AssetText text, std::uint32_t seed);
 
 } // namespace veldrune::demo

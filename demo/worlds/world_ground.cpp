@@ -11,18 +11,18 @@ constexpr Ramp grass(int row) {
     return {ink(row, 1), 5};
 }
 
-int bite(int along) {
+int edge_depth(int along) {
     return wobble(along) * 2 / 3;
 }
 
-// A ground that covers some corners of a tile, each its quarter, with rounded, uneven edges.
+// A ground that covers some corners of a tile: a quarter each, with rounded, uneven edges.
 struct Cover {
     int corners;
     bool has(int i, int j) const { return (corners >> (j * 2 + i) & 1) != 0; }
     bool is_saddle() const { return corners == 6 || corners == 9; }
 
-    // Steps from a pixel to the edge of what is on its corner, as its own quarter tells; 0 and
-    // less beyond it. Pixels outside the tile count as the nearest one inside.
+    // The distance from a pixel to the edge of its own corner's ground; 0 or less beyond the edge.
+    // Pixels outside the tile count as the nearest one inside.
     int steps_to_edge(int x, int y) const {
         x = std::clamp(x, 0, side - 1);
         y = std::clamp(y, 0, side - 1);
@@ -36,20 +36,20 @@ struct Cover {
                 ++radius;
             return 8 - radius;
         }
-        const int across = ends_across ? 8 - u - own * bite(y) : side;
-        const int down = ends_down ? 8 - v - own * bite(x) : side;
+        const int across = ends_across ? 8 - u - own * edge_depth(y) : side;
+        const int down = ends_down ? 8 - v - own * edge_depth(x) : side;
         return std::min(across, down);
     }
     bool inside(int x, int y) const {
         return has(std::clamp(x, 0, side - 1) / 8, std::clamp(y, 0, side - 1) / 8) ==
                (steps_to_edge(x, y) > 0);
     }
-    // How far inside or outside a pixel is, from 1 on, for edges that need not be sharp.
+    // The approximate distance of a pixel from the edge, at least 1, on either side.
     int rough_depth(int x, int y) const {
         const int steps = steps_to_edge(x, y);
         return steps > 0 ? steps : 1 - steps;
     }
-    // Steps from a pixel to the nearest one of the other kind; reach + 1 where there is none.
+    // The distance from a pixel to the nearest one across the edge, at most reach + 1.
     int depth(int x, int y, int reach) const {
         for (int d = 1; d <= reach; ++d)
             for (int step = -d; step <= d; ++step)
@@ -68,7 +68,7 @@ Picture draw(Shade shade, int width = side, int height = side) {
     return picture;
 }
 
-// Grass with a few blades here and there.
+// Grass with a few blades.
 Pixel meadow(int row, int x, int y) {
     static constexpr std::string_view blades[8] = {
         "................", "..1.........3...", ".3...........1..", "........1.......",
@@ -99,7 +99,7 @@ Pixel coast_pixel(const Cover& land, int x, int y) {
         return depth <= 3 ? grass(coast_row)[depth == 3 && (x + y) % 3 != 0 ? 1 : 2]
                           : meadow(coast_row, x, y);
     }
-    if (!above || depth > 4) // the shadow of the land at its south
+    if (!above || depth > 4) // in the shadow south of land, or open water
         return depth == 1 && land.inside(x, y - 1) ? water[2] : swell(x, y, 3, 1);
     return depth == 1   ? water[6]
            : depth == 2 ? water[(x + y) % 5 == 0 ? 6 : 5]
@@ -114,7 +114,7 @@ Pixel depth_pixel(const Cover& shallows, int x, int y) {
     return dither(x, y, 13 - 3 * depth) ? water[2] : water[in ? 3 : 1];
 }
 
-// Dunes lie in long waves, lit from the upper left.
+// Dunes are long waves, lit from the upper left.
 Pixel dune_pixel(int x, int y) {
     const int crest = ((y + wobble(x) + (x & 15) / 2) & 7);
     return dune[crest == 0 ? 4 : crest == 1 ? 3 : crest >= 6 && (x + y) % 2 == 0 ? 1 : 2];
@@ -126,8 +126,8 @@ Pixel desert_pixel(const Cover& waste, int x, int y) {
     return in != dither(x, y, level) ? dune_pixel(x, y) : meadow(desert_row, x, y);
 }
 
-// A tile with a stamp on each covered corner, and one in its middle where all are. Those farther
-// south stand in front.
+// A tile with a stamp on each covered corner and, if all are covered, in its middle. Those farther
+// south are in front.
 Picture stamped(const Cover& cover, const Picture& stamp, Picture tile, bool middle) {
     const auto corner = [&](int i, int j) {
         if (cover.has(i, j))

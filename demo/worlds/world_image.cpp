@@ -17,9 +17,9 @@ namespace {
 
 constexpr std::int32_t streams_start = 0x2EB600;
 constexpr std::int32_t streams_end = 0x300000;
-constexpr std::int32_t spare = 0x400; // after every stream, for it to grow
+constexpr std::int32_t spare = 0x400; // free bytes after every stream, so that it can grow
 
-// Streams one after the other, with some room after each, and the pointers to them.
+// Writes streams, with spare bytes after each, and the pointers to them.
 class StreamArea {
   public:
     explicit StreamArea(ImageWriter& writer) : writer_(writer) {}
@@ -57,38 +57,40 @@ void write_world(ImageWriter& writer, StreamArea& streams, World world, const La
     const WorldRow& row = world_row(world);
     streams.add(row.graphics_pointer, world_graphics(world));
     streams.add(row.map_pointer, tile_numbers(land));
-    write_palette(writer, row.palette, world); // Dusk's begins in the middle of Dawn's
+    write_palette(writer, row.palette, world); // Dusk's palette begins in the middle of Dawn's
 }
 
-Kind kind_inside(Sight sight) {
-    return sight == Sight::castle ? Kind::castle : sight < Sight::castle ? Kind::town : Kind::cave;
+Kind kind_inside(Feature feature) {
+    return feature == Feature::castle  ? Kind::castle
+           : feature < Feature::castle ? Kind::town
+                                       : Kind::cave;
 }
 
-// Every place leads into a map of its kind, each into another region from first_region on.
-void lead_into_maps(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
+// Every place gets an entrance to a map of its kind, each in another region from first_region on.
+void add_entrances(const Land& land, int first_region, const Sites& sites, MapObjects& objects) {
     constexpr int regions = (rom_layout::map_count - demo_map::town) / kind_count;
     int region = first_region;
     for (const Place& place : land.places) {
-        const Sight sight = land.sight(place.x, place.y);
+        const Feature feature = land.feature(place.x, place.y);
         const int map = demo_map::town + kind_count * (region++ % regions) +
-                        static_cast<int>(kind_inside(sight));
+                        static_cast<int>(kind_inside(feature));
         const Place landing = site_of(sites, map).edge(Facing::down).landing;
-        const int gates = sight == Sight::castle ? 2 : 1; // a castle's are at its foot
+        const int gates = feature == Feature::castle ? 2 : 1; // a castle's are in its lower row
         for (int gate = 0; gate < gates; ++gate)
             objects.entrances.push_back(
                 {place.x + gate, place.y + gates - 1, map, landing.x, landing.y});
     }
 }
 
-// Something waits on roads, well away from all else that does.
-void lie_in_wait(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
+// Puts triggers on roads, at some distance from each other.
+void add_road_events(const Land& land, int world, Scenes& scenes, MapObjects& objects) {
     constexpr int distance = 10; // tiles
     int number = 0;
     for (const Place& at : land.roads)
         if (std::ranges::none_of(objects.triggers, [&](const Trigger& other) {
                 return std::max(std::abs(at.x - other.x), std::abs(at.y - other.y)) < distance;
             }))
-            objects.triggers.push_back({at.x, at.y, scenes.script_of(Part::sign, world, number++)});
+            objects.triggers.push_back({at.x, at.y, scenes.script_of(Role::sign, world, number++)});
 }
 
 } // namespace
@@ -103,8 +105,8 @@ void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects>
         const int map = world_row(world).map;
         MapObjects& objects = maps[static_cast<std::size_t>(map)];
         write_world(writer, streams, world, lands[number]);
-        lead_into_maps(lands[number], first_regions[number], sites, objects);
-        lie_in_wait(lands[number], map, scenes, objects);
+        add_entrances(lands[number], first_regions[number], sites, objects);
+        add_road_events(lands[number], map, scenes, objects);
     }
 }
 

@@ -8,8 +8,8 @@
 
 namespace veldrune::demo {
 
-/// Writes the two world maps: their streams, the pointers to them, and their palettes. The lists of
-/// maps 0 and 1 get the ways from their places into the other maps, and what happens on the roads.
+/// Writes the two world maps: their streams, the pointers to them, and their palettes. Adds the
+/// entrances to other maps, and the triggers on roads, to the lists of maps 0 and 1.
 void write_worlds(ImageWriter& writer, std::uint32_t seed, std::span<MapObjects> maps,
                   const Sites& sites, Scenes& scenes);
 

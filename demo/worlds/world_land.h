@@ -8,19 +8,19 @@
 
 namespace veldrune::demo {
 
-inline constexpr int world_tiles = 256; // in a row, and rows
+inline constexpr int world_tiles = 256; // per row, and rows
 
-/// What a corner of a tile is. A tile mixes two neighbours at the most: deep and shallow water,
-/// shallow water and grass, or grass and one of the kinds after it.
+/// The ground of a corner of a tile. A tile mixes at most two: deep and shallow water, shallow
+/// water and grass, or grass and one of the grounds after it.
 enum class Ground : std::uint8_t { deep, shallow, grass, forest, desert, mountain };
 
-/// What stands on a tile, if anything.
-enum class Sight : std::uint8_t {
+/// The object on a tile, if any.
+enum class Feature : std::uint8_t {
     none,
     road,
-    bridge_top, // half of a bridge each, over a river that runs across
+    bridge_top, // half of a bridge that leads from north to south
     bridge_bottom,
-    bridge_left,
+    bridge_left, // half of a bridge that leads from west to east
     bridge_right,
     village,
     town,
@@ -29,28 +29,30 @@ enum class Sight : std::uint8_t {
     tower,
     cave,
     ruin,
-    peak, // the upper left one of four tiles
-    taken // the rest of those four
+    peak,    // the upper left one of four tiles
+    occupied // the other three of these tiles, or outside the map
 };
 
-/// A world: the grounds of all corners, the corner of tile (x, y) at its upper left, and what
-/// stands on the tiles.
+/// A world: the grounds of all corners, where corner (x, y) is the upper left one of tile (x, y),
+/// and the features of the tiles.
 struct Land {
     std::vector<Ground> grounds = std::vector<Ground>(world_tiles * world_tiles);
-    std::vector<Sight> sights = std::vector<Sight>(world_tiles * world_tiles);
+    std::vector<Feature> features = std::vector<Feature>(world_tiles * world_tiles);
     std::vector<Place> places; // the settlements, castles, towers, ruins and caves
     std::vector<Place> roads;  // tiles of roads
 
-    /// Beyond the edge lies deep water.
+    /// Deep water outside the map.
     Ground ground(int x, int y) const {
         return contains(x, y) ? grounds[index(x, y)] : Ground::deep;
     }
-    Sight sight(int x, int y) const { return contains(x, y) ? sights[index(x, y)] : Sight::taken; }
+    Feature feature(int x, int y) const {
+        return contains(x, y) ? features[index(x, y)] : Feature::occupied;
+    }
     void set(int x, int y, Ground ground) {
         if (contains(x, y))
             grounds[index(x, y)] = ground;
     }
-    void set(int x, int y, Sight sight) { sights[index(x, y)] = sight; }
+    void set(int x, int y, Feature feature) { features[index(x, y)] = feature; }
     /// The corners of a tile: upper left, upper right, lower left, lower right.
     std::array<Ground, 4> corners(int x, int y) const {
         return {ground(x, y), ground(x + 1, y), ground(x, y + 1), ground(x + 1, y + 1)};

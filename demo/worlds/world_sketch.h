@@ -5,15 +5,15 @@
 
 namespace veldrune::demo {
 
-/// A world drawn small, from a text of demo/assets/worlds: a letter for every four tiles by four.
+/// A sketch of a world from demo/assets/worlds: one letter for every four by four tiles.
 struct Sketch {
-    static constexpr int side = 64; // letters in a line, and lines
+    static constexpr int side = 64; // letters per line, and lines
     static constexpr int cell = world_tiles / side;
     static constexpr std::string_view known = "~-.t:^r+=VTHCWOR";
     Plan plan;
 
     char at(int column, int row) const { return plan.at(column, row); }
-    /// What stands on land takes the ground at its left, or grass by the water.
+    /// A feature has the ground on its left, or grass at the coast.
     Ground ground(int column, int row) const {
         constexpr std::string_view grounds = "~-.t:^"; // in the order of Ground
         const std::size_t kind = grounds.find(at(column, row));
@@ -25,26 +25,26 @@ struct Sketch {
     bool has_river(int column, int row) const {
         return at(column, row) == 'r' || at(column, row) == '=';
     }
-    /// The upper half of a bridge for all of it.
-    Sight sight(int column, int row) const {
-        constexpr std::string_view sights = " +=   VTHCWOR"; // in the order of Sight
-        const std::size_t kind = sights.find(at(column, row));
-        return kind != sights.npos ? static_cast<Sight>(kind) : Sight::none;
+    /// bridge_top for a bridge in either direction.
+    Feature feature(int column, int row) const {
+        constexpr std::string_view features = " +=   VTHCWOR"; // in the order of Feature
+        const std::size_t kind = features.find(at(column, row));
+        return kind != features.npos ? static_cast<Feature>(kind) : Feature::none;
     }
-    bool has_road(int column, int row) const { return sight(column, row) != Sight::none; }
+    bool has_road(int column, int row) const { return feature(column, row) != Feature::none; }
 };
 
-constexpr Fault check_worlds(AssetText text) {
+constexpr FirstError check_worlds(AssetText text) {
     int lines = 0;
-    const auto trouble_of = [&](std::string_view line) {
+    const auto error_of = [&](std::string_view line) {
         ++lines;
-        return line.size() < Sketch::side                           ? Trouble::too_short
-               : line.size() > Sketch::side                         ? Trouble::too_long
-               : line.find_first_not_of(Sketch::known) != line.npos ? Trouble::unknown_letter
-                                                                    : Trouble::none;
+        return line.size() < Sketch::side                           ? AssetError::too_short
+               : line.size() > Sketch::side                         ? AssetError::too_long
+               : line.find_first_not_of(Sketch::known) != line.npos ? AssetError::unknown_letter
+                                                                    : AssetError::none;
     };
-    return first_fault(text, trouble_of, [&] {
-        return lines == Sketch::side ? Trouble::none : Trouble::wrong_count_of_lines;
+    return first_error(text, error_of, [&] {
+        return lines == Sketch::side ? AssetError::none : AssetError::wrong_count_of_lines;
     });
 }
 

@@ -19,8 +19,8 @@ constexpr std::array<Rgb, 120> palettes[] = {colours<120>(assets::worlds, "dawn"
                                              colours<120>(assets::worlds, "dusk")};
 
 // clang-format off
-// Where the tiles stand in the sheet. From 16 on there is a set of sixteen for every ground but the
-// deep sea, numbered by the corners that it covers; roads are numbered by where they lead.
+// Numbers of the tiles in the sheet. From 16 on there is a set of sixteen for every ground but the
+// deep sea, numbered by the covered corners; roads are numbered by their directions.
 namespace tile {
 constexpr int grass = 0, deep = 4, shallow = 8, forest = 10, desert = 12, sets = 16, roads = 96;
 constexpr int bridges = 112, village = 116, town = 117, harbour = 118, tower = 119, cave = 120, ruin = 121, hills = 122;
@@ -28,19 +28,19 @@ constexpr int castle = 128, peak = 130, crag = 132;
 constexpr int of(Ground upper, int corners) { return sets * static_cast<int>(upper) + corners; }
 } // namespace tile
 
-// Where the variants of a plain ground stand, how many there are, and how rare the others are than
-// the first: by Ground.
+// By Ground: first tile and count of the variants of a plain ground, and the rarity of all but the
+// first.
 struct Variants { int first, count, rarity; };
 constexpr Variants plains[] = {
     {tile::deep, 4, 300}, {tile::shallow, 2, 90}, {tile::grass, 4, 250}, {tile::forest, 2, 24}, {tile::desert, 4, 70},
     {tile::of(Ground::mountain, 15), 1, 1}};
 
-// By what stands there, but for what its surroundings decide.
-constexpr int sight_tiles[] = {
+// By Feature; 0 where the tile depends on the surroundings.
+constexpr int feature_tiles[] = {
     0, 0, tile::bridges, tile::bridges + 1, tile::bridges + 2, tile::bridges + 3,
     tile::village, tile::town, tile::harbour, 0, tile::tower, tile::cave, tile::ruin, 0, 0};
 
-// A picture of demo/assets/pictures, one tile large or two by two.
+// A picture of demo/assets/pictures, of one tile or two by two.
 consteval DrawnPicture drawn(std::string_view name, int number = 0) {
     return picture(assets::overland, name, number);
 }
@@ -55,7 +55,7 @@ constexpr TileArt on_rock[] = {{tile::peak, drawn("snowy_peak")}, {tile::crag, d
 constexpr DrawnPicture trees[] = {drawn("tree"), drawn("dead_tree")}; // of Dawn and of Dusk
 // clang-format on
 
-// Hills lie on grass in groups, and so do flowers.
+// Hills and flowers are in groups on grass.
 int plain_tile(Ground ground, int x, int y) {
     auto [first, count, rarity] = plains[static_cast<std::size_t>(ground)];
     if (ground == Ground::grass && wave(x, y, 9, 92) > 740 && scatter(x, y, 93, 4) != 0)
@@ -75,24 +75,24 @@ int ground_tile(const Land& land, int x, int y) {
     return lowest == highest ? plain_tile(lowest, x, y) : tile::of(highest, corners);
 }
 
-// Roads lead to roads, bridges and gates.
+// The directions in which a road continues: to roads, bridges and gates.
 int road_leads(const Land& land, int x, int y) {
-    using enum Sight;
-    const auto joins = [&](int i, int j, Sight bridge, bool gate) {
-        const Sight there = land.sight(x + i, y + j);
+    using enum Feature;
+    const auto joins = [&](int i, int j, Feature bridge, bool gate) {
+        const Feature there = land.feature(x + i, y + j);
         return there == road || there == bridge || (gate && there >= village && there <= ruin) ||
-               (gate && land.sight(x, y - 2) == castle && there == taken);
+               (gate && land.feature(x, y - 2) == castle && there == occupied);
     };
     return joins(0, -1, bridge_bottom, true) | joins(1, 0, bridge_left, false) << 1 |
            joins(0, 1, bridge_top, false) << 2 | joins(-1, 0, bridge_right, false) << 3;
 }
 
-// The tile of a block of four that shows (x, y), which may be any of them.
+// The tile at (x, y) in a feature of two by two tiles.
 int block_tile(const Land& land, int x, int y) {
     for (const auto& [i, j] : {Place{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
-        const Sight first = land.sight(x - i, y - j);
-        if (first == Sight::castle || first == Sight::peak)
-            return (first == Sight::castle              ? tile::castle
+        const Feature first = land.feature(x - i, y - j);
+        if (first == Feature::castle || first == Feature::peak)
+            return (first == Feature::castle            ? tile::castle
                     : scatter(x - i, y - j, 95, 3) == 0 ? tile::peak
                                                         : tile::crag) +
                    16 * j + i;
@@ -104,7 +104,7 @@ using Character = std::array<Pixel, 64>;
 
 // The tiles of a world and the characters that they are made of.
 struct Sheet {
-    std::array<std::uint8_t, 1024> table{}; // four characters a tile
+    std::array<std::uint8_t, 1024> table{}; // four characters per tile
     std::vector<Character> characters;
 
     explicit Sheet(World world);
@@ -140,7 +140,7 @@ Sheet::Sheet(World world) {
         put(tile, mountain_tile(peak, 15), thing);
 }
 
-// A drawn picture on as many tiles of ground.
+// Puts a drawn picture, on tiles of ground, into as many tiles as it needs.
 void Sheet::put(int tile, const Picture& ground, DrawnPicture thing) {
     const Picture picture = thing.draw();
     for (int y = 0; y < picture.height; y += side)
@@ -157,8 +157,8 @@ void Sheet::put(int tile, const Picture& picture) {
             add_character(picture, quarter % 2 * 8, quarter / 2 * 8);
 }
 
-// The number of the character at (x, y) of a picture; equal ones are kept once, whatever the
-// palette row of grass.
+// The number of the character at (x, y) of a picture. Equal characters are added once. Grass alone
+// counts as equal in all palette rows.
 std::uint8_t Sheet::add_character(const Picture& picture, int x, int y) {
     Character pixels;
     for (int i = 0; i < 64; ++i)
@@ -187,12 +187,12 @@ WorldColours world_colours(World world) {
 }
 
 std::uint8_t tile_number(const Land& land, int x, int y) {
-    const Sight sight = land.sight(x, y);
-    const int number = sight == Sight::none   ? ground_tile(land, x, y)
-                       : sight == Sight::road ? tile::roads + road_leads(land, x, y)
-                       : sight == Sight::castle || sight >= Sight::peak
+    const Feature feature = land.feature(x, y);
+    const int number = feature == Feature::none   ? ground_tile(land, x, y)
+                       : feature == Feature::road ? tile::roads + road_leads(land, x, y)
+                       : feature == Feature::castle || feature >= Feature::peak
                            ? block_tile(land, x, y)
-                           : sight_tiles[static_cast<std::size_t>(sight)];
+                           : feature_tiles[static_cast<std::size_t>(feature)];
     return static_cast<std::uint8_t>(number);
 }
 

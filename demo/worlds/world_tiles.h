@@ -10,7 +10,7 @@ namespace veldrune::demo {
 using WorldColours = std::array<Rgb, 256>;
 WorldColours world_colours(World world);
 
-/// The number of the tile that shows place (x, y).
+/// The number of the tile at (x, y).
 std::uint8_t tile_number(const Land& land, int x, int y);
 
 /// The graphics block of a world: tile table, characters and their palette rows.

@@ -14,8 +14,8 @@
 namespace veldrune {
 namespace {
 
-// What must hold for a command to do anything.
-enum class Guard { none, rom_open, map_selected }; // map_selected: an image and a map
+// The condition for a command to run. map_selected: an image is open and a map chosen.
+enum class Guard { none, rom_open, map_selected };
 
 struct CommandRow {
     Command command;

@@ -4,7 +4,7 @@
 
 namespace veldrune {
 
-/// What the user sets going by a menu or a button.
+/// The commands of menus and buttons.
 enum class Command {
     // the main window's menus
     open,
@@ -32,7 +32,7 @@ enum class Command {
     count,
 };
 
-/// Runs a command. One that lacks the image or the map that it needs does nothing and says nothing.
+/// Runs a command. Does nothing, without a message, where the required image or map is missing.
 void run_command(EditorState& state, Command command);
 
 } // namespace veldrune

@@ -9,27 +9,27 @@ namespace veldrune {
 inline constexpr const char* image_file_filter =
     "Super Nintendo Roms(*.smc)|*.smc|All Files(*.*)|*.*";
 
-/// The title of a box that has none of its own.
+/// The title of a message box without a title of its own.
 inline constexpr const char* default_title = "Veldrune Map Editor";
 
-/// The title of the box of an error, where it has none of its own.
+/// The title of an error message without a title of its own.
 inline constexpr const char* error_title = "Error";
 
 enum class MessageKind {
-    error,   // something could not be done
-    warning, // something is done, though not as the user may have meant it
-    note,    // nothing is wrong
+    error,   // something failed
+    warning, // done, but perhaps not as the user intended
+    note,    // information
 };
 
-/// The port through which the logic talks to the user. The windows implement it with real boxes,
-/// the tests with scripted answers. Every call returns when the user has answered.
+/// The interface through which the logic shows messages and asks questions: message boxes in
+/// src/ui, prepared answers in the tests. Every call returns when the user has answered.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
     /// A message with an OK button.
     virtual void message(MessageKind kind, const std::string& text, const std::string& title) = 0;
-    /// The same for an error, under the title of errors.
+    /// Shows an error under the title for errors.
     void error(const std::string& text) { message(MessageKind::error, text, error_title); }
     /// A question with OK and Cancel, under the default title. True for OK.
     virtual bool question(const std::string& text) = 0;

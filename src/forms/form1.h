@@ -8,7 +8,7 @@
 
 namespace veldrune {
 
-/// A scroll bar. Its least value is 0 and its page step 16; 0 <= value <= maximum always holds.
+/// A scroll bar with page step 16; always 0 <= value <= maximum.
 struct ScrollBar {
     int value = 0;
     int maximum = 128;
@@ -37,13 +37,13 @@ struct Form1Texts {
     std::string Text13 = "0";                     // palette
     std::string Text45, Text37, Text44;           // scroll index, layer priorities, song
     std::string Text46, Text41;                   // battle background, monster set
-    std::string Text26;                           // high number of byte 27 of the record; hidden
-    std::string Text24;                           // map data location of the world map; lies over Text14
+    std::string Text26;                           // bits 5 to 7 of byte 27 of the record; hidden
+    std::string Text24;                           // map data location of the world map; shown in place of Text14
     std::string Text20 = " ";                     // notes; the object tool puts a column or a chest's contents here
 };
 // clang-format on
 
-/// The main window. A new Form1 is the window as it stands after loading.
+/// The main window. A new Form1 has the values that the window starts with.
 struct Form1 : Form1Texts {
     // The map picture and its surroundings.
     std::string Label20;               // path of the open image
@@ -78,11 +78,11 @@ struct Form1 : Form1Texts {
     // Properties of the map.
     bool map_fields_enabled = true; // false while a world map is shown
     bool Check8 = false;            // battles enabled
-    bool Text24_visible = false;    // Text24 lies over Text14 while a world map is shown
+    bool Text24_visible = false;    // true while a world map is shown, in place of Text14
 };
 
 // clang-format off
-/// How each of them stands for a number.
+/// The number form of every text of Form1Texts.
 inline constexpr auto form1_texts = [] {
     using F = Form1;
     using enum NumberForm;

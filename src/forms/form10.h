@@ -11,13 +11,13 @@ namespace veldrune {
 
 inline constexpr int object_tab_count = 5;
 
-/// The sprite preview's picture in pixels; a short sprite takes the upper short_height rows alone.
+/// Size of the sprite preview in pixels. A short sprite uses only its upper
+/// short_sprite_picture_height rows.
 inline constexpr int sprite_picture_width = 96;
 inline constexpr int sprite_picture_height = 144;
 inline constexpr int short_sprite_picture_height = 96;
 
-/// The record number of the object window. Its least value is 1 and its page step 5; maximum is
-/// never below 1.
+/// The record number of the object window, with page step 5; always 1 <= value <= maximum.
 struct RecordBar {
     int value = 1;
     int maximum = 1;
@@ -34,11 +34,11 @@ struct Form10Texts {
     std::string Text7; // NPC: sprite number. Entrances: column on the target map
 };
 
-/// The Object Info window. A new Form10 is the window as it stands after loading: no record, all
+/// The Object Info window. A new Form10 has the values that the window starts with: no record, all
 /// fields blank. The meaning of a control changes with the tab.
 struct Form10 : Form10Texts {
     bool visible = false;
-    bool to_front = false;       // wants to come to the front; the window clears it when it has
+    bool to_front = false;       // request to bring the window to the front; the window clears it
     int TabStrip1 = 0;           // chosen tab, 0 to 4: NPCs, chests, events, short, long entrances
     RecordBar HScroll1;          // record number, from 1
     std::string Label10;         // the record number as text; blank without a record
@@ -51,11 +51,12 @@ struct Form10 : Form10Texts {
     bool Check1 = false;                   // NPC: "Walk Over". Chest: bit 1 of byte 3, hidden
     bool Check2 = false;                   // NPC: "Walk Under". Chest: "Byte Flag"
     bool Check3 = false;                   // NPC: "Turn to Talk". Chest: bit 2 of byte 3, hidden
-    int option = -1; // Option1 to Option5, the kind of contents: 0 to 4, -1 with none pressed
+    int option = -1; // Option1 to Option5, the kind of contents: 0 to 4, -1 for none
     Picture<sprite_picture_width, sprite_picture_height> Picture1; // the sprite preview
-    int Picture1_height = sprite_picture_height;                   // rows of Picture1 that show
+    int Picture1_height = sprite_picture_height; // rows of Picture1 that are shown
 };
 
+/// The number form of every text of Form10Texts.
 // clang-format off
 inline constexpr auto form10_texts = [] {
     using F = Form10;

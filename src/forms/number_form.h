@@ -6,14 +6,14 @@
 
 namespace veldrune {
 
-/// How a text stands for a number: how it is read and shown, and what the user reads about it.
+/// The form of a number in a text: how it is parsed, formatted and described in the tool tip.
 enum class NumberForm {
     decimal,
     size, // decimal: 16, 32, 64 or 128 tiles
     hexadecimal,
     location,    // hexadecimal: file offset of a stream
-    high_number, // "N/A" for 0, else decimal: the value less 1; shown only
-    words,       // no number
+    high_number, // "N/A" for 0, else the value - 1 in decimal; never parsed
+    words,       // not a number
 };
 constexpr bool is_decimal(NumberForm form) {
     return form == NumberForm::decimal || form == NumberForm::size;
@@ -22,7 +22,7 @@ constexpr bool is_hexadecimal(NumberForm form) {
     return form == NumberForm::hexadecimal || form == NumberForm::location;
 }
 
-/// A text of a window, with the name of its control.
+/// A text of a window, the name of its control and its number form.
 template <typename Form>
 struct TextRow {
     std::string Form::*text;

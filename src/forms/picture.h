@@ -9,8 +9,8 @@ namespace veldrune {
 /// A packed colour: blue in bits 0-7, green in bits 8-15, red in bits 16-23. 0 means no pixel.
 using Colour = std::uint32_t;
 
-/// Packed colours, row by row from the top left. Every access for writing gives the picture a new
-/// version, so that whoever shows it knows when to show it again; assigning counts as writing.
+/// Packed colours, row by row from the top left. Every access for writing, and every assignment,
+/// increments the version, so that a widget knows when to repaint.
 template <int width_, int height_>
 class Picture {
   public:

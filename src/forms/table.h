@@ -6,7 +6,7 @@
 
 namespace veldrune {
 
-/// The row of a text in a table of rows.
+/// The row of a text in a table. Throws where there is none.
 constexpr const auto& row_of(const auto& rows, const auto text) {
     for (const auto& row : rows)
         if (row.text == text)
@@ -14,7 +14,7 @@ constexpr const auto& row_of(const auto& rows, const auto text) {
     throw "no row of this text";
 }
 
-/// How many rows a text has.
+/// The number of rows of a text.
 constexpr int count_rows(const auto& rows, const auto text) {
     int count = 0;
     for (const auto& row : rows)
@@ -22,7 +22,7 @@ constexpr int count_rows(const auto& rows, const auto text) {
     return count;
 }
 
-/// Whether each text of a window has one row. Texts holds these texts and nothing else.
+/// Whether each text of a window has exactly one row. Texts is a struct of these texts only.
 template <typename Texts>
 constexpr bool each_has_one_row(const auto& rows) {
     for (const auto& row : rows)
@@ -31,7 +31,7 @@ constexpr bool each_has_one_row(const auto& rows) {
     return sizeof(Texts) == std::size(rows) * sizeof(std::string);
 }
 
-/// Whether the rows stand in the order of an enumeration that ends with count, one each.
+/// Whether there is one row per enumerator, in the order of the enumeration, which ends with count.
 template <typename Enum>
 constexpr bool in_order(const auto& rows, const auto member) {
     std::size_t at = 0;

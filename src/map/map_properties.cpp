@@ -44,7 +44,7 @@ constexpr RecordRow record_rows[] = {
     {layer_priorities,   &F::Text37,                  {32 * 8 + 0,  8}},
 };
 
-// The stretches of the record that no control shows.
+// The bits of the record that no control shows.
 struct Untouched { BitRun bits; };
 constexpr Untouched untouched_rows[] = {
     {{ 0 * 8,     16}}, // bytes 0 and 1
@@ -63,7 +63,7 @@ constexpr std::size_t record_size = std::tuple_size_v<MapProperties>;
 static_assert(bits_taken<record_size>(record_rows, untouched_rows) == 8 * record_size);
 static_assert(in_order<RecordField>(record_rows, &RecordRow::field));
 
-// The number that a field shows for the bits of its value.
+// The number that a field shows for a value of the record.
 std::int64_t shown_number(const RomImage& rom, NumberForm form, std::uint32_t bits) {
     if (form == NumberForm::size)
         return std::int64_t{16} << bits;

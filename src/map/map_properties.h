@@ -11,8 +11,7 @@
 
 namespace veldrune {
 
-/// The property record of a map, raw as it stands in the image: 33 bytes at
-/// rom_layout::map_properties + 33 * map.
+/// The property record of a map as in the image: 33 bytes at rom_layout::map_properties + 33 * map.
 using MapProperties = std::array<std::uint8_t, 33>;
 
 /// The values of the record, in the order of their bits.
@@ -50,7 +49,7 @@ enum class RecordField {
     count,
 };
 
-/// One value of the record: the field that shows it, or the box, and its bits.
+/// One value of the record: the text or box that shows it, and its bits.
 struct RecordRow {
     RecordField field;
     std::variant<std::string Form1::*, bool Form1::*> control;
@@ -62,28 +61,28 @@ std::uint32_t record_value(const MapProperties& record, RecordField field);
 /// Sets the field's bits to the low bits of value and leaves all others.
 void set_record_value(MapProperties& record, RecordField field, std::uint32_t value);
 
-/// The record's data number of a layer, 0 to 2.
+/// The layer data number of a layer, 0 to 2, in the record.
 int layer_data_number(const MapProperties& record, int layer);
-/// File offset of the entry of the layer data pointer table that data number reaches.
+/// File offset of the entry of a layer data number in the layer data pointer table.
 std::int64_t data_pointer_offset(int number);
 
-/// The record of a map, 0 to 413, as the image holds it.
+/// Reads the record of a map, 0 to 413, from the image.
 MapProperties read_record(const RomImage& rom, int map_index);
 /// File offset of the map's record.
 std::int64_t record_offset(int map_index);
 /// File offset of the map's byte in the monster set table.
 std::int64_t monster_set_offset(int map_index);
 
-/// Shows the record in the fields of the window, Text26 left out. The "Map Data Location" fields go
-/// through the pointer table of the image.
+/// Shows the record in the fields of the window, except Text26. The "Map Data Location" fields are
+/// looked up in the pointer table of the image.
 void show_record(const RomImage& rom, const MapProperties& record, Form1& form);
-/// Shows the high number of byte 27 in Text26.
+/// Shows bits 5 to 7 of byte 27 in Text26.
 void show_byte27_high(const MapProperties& record, Form1& form);
 /// Shows the map's monster set in Text41.
 void show_monster_set(const RomImage& rom, int map_index, Form1& form);
 
-/// Where layer 3 stands, from the layer priority table: 0 at the bottom, 1 right above
-/// layer 2's low tiles, 2 on top.
+/// The position of layer 3 among the layers, from the layer priority table: 0 at the bottom, 1
+/// directly above layer 2's low tiles, 2 on top.
 int read_layer3_order(const RomImage& rom, const MapProperties& record);
 
 } // namespace veldrune

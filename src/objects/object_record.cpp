@@ -14,25 +14,25 @@ namespace {
 
 using F = Form10;
 
-/// How a value of a record stands in its control.
+// How a control shows a value of a record.
 enum class ObjectFieldForm {
-    number,       // hexadecimal text, the value and base added
-    low_number,   // the same; only as many bits of it as the value has are packed
-    short_number, // the same, of less than six characters
-    npc_flag,     // "xxxx:y": the byte, base added, and the bit of a flag number
+    number,       // hexadecimal text: value + base
+    low_number,   // the same; packing cuts it to the bits of the value
+    short_number, // the same, less than six characters long
+    npc_flag,     // "xxxx:y": byte + base and bit of a flag number
     chest_flag,   // "xx:y"
     box,          // ticked when set
     inverted_box, // ticked when clear
     list,         // row of a list
-    option,       // the lowest set bit tells the pressed button
+    option,       // the lowest set bit is the selected button
 };
 using enum ObjectFieldForm;
 
-/// One value of a record: the control that shows it, its bits and what the control adds to them. A
-/// value of no bits shows as 0 and is not packed.
+// One value of a record: the control that shows it, its bits, and the base that the text adds. A
+// value without bits is shown as 0 and not packed.
 struct FieldRow {
     ObjectFieldForm form;
-    std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a choice
+    std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
     BitRun bits;
     std::int32_t base = 0;
 };
@@ -44,11 +44,11 @@ constexpr std::int32_t npc_flag_bytes = 0x1EE0; // where the game keeps the flag
 constexpr FieldRow npc_palette = {low_number, &F::Text2, {18, 3}};
 constexpr FieldRow npc_sprites = {number, &F::Text7, {48, 8}};
 
-// The rows of a kind stand in the order in which a save reads, and complains about, its fields.
+// The rows of a kind are in the order in which a save reads its fields and reports errors.
 constexpr FieldRow npc_fields[] = {
     // form        control      bits      base
     {short_number, &F::Text1,   { 0, 18}, scripts}, // event
-    npc_palette,                                    // bit 21 is the game's own
+    npc_palette,                                    // bit 21 has no control
     {npc_flag,     &F::Text4,   {22, 10}, npc_flag_bytes},
     {number,       &F::Text5,   {32,  8}},          // column
     {number,       &F::Text6,   {40,  6}},          // row
@@ -59,14 +59,14 @@ constexpr FieldRow npc_fields[] = {
     {box,          &F::Check2,  {61,  1}},          // walk under
     {list,         &F::Combo1,  {62,  2}},          // vehicle
     {list,         &F::Combo2,  {64,  2}},          // facing
-    {inverted_box, &F::Check3,  {66,  1}},          // turn to talk; 67 to 71 are the game's own
+    {inverted_box, &F::Check3,  {66,  1}},          // turn to talk; 67 to 71 have no control
 };
 constexpr FieldRow chest_fields[] = {
     {number,       &F::Text1,   { 0,  8}},          // column
     {number,       &F::Text2,   { 8,  8}},          // row
     {chest_flag,   &F::Text4,   {16,  8}},
     {box,          &F::Check2,  {24,  1}},          // byte flag
-    {box,          &F::Check1,  {25,  1}},          // carried in hidden boxes
+    {box,          &F::Check1,  {25,  1}},          // kept in hidden boxes, as is the next
     {box,          &F::Check3,  {26,  1}},
     {option,       &F::option,  {27,  5}},          // kind of contents
     {list,         &F::Combo2,  {32,  8}},          // contents
@@ -101,7 +101,7 @@ std::span<const FieldRow> fields_of(ObjectKind kind) {
     return fields_of_kinds[static_cast<std::size_t>(kind)];
 }
 
-static_assert(bits_taken<9>(npc_fields) == 8 * 9 - 6); // the game's own
+static_assert(bits_taken<9>(npc_fields) == 8 * 9 - 6); // bits 21 and 67 to 71
 static_assert(bits_taken<5>(chest_fields) == 8 * 5);
 static_assert(bits_taken<5>(event_trigger_fields) == 8 * 5);
 static_assert(bits_taken<6>(entrance_fields) == 8 * 6);
@@ -146,7 +146,7 @@ void show_field(const FieldRow& row, std::uint32_t value, Form10& form) {
     }
 }
 
-/// Reads fields, and tells what can't be meant.
+// Reads fields, and reports invalid ones.
 class FieldReader {
   public:
     FieldReader(Form10& form, Dialogs& dialogs) : form_(form), dialogs_(dialogs) {}
@@ -189,7 +189,7 @@ class FieldReader {
         return unsigned_value(parse_hex_text(value_of<std::string>(form_, row), dialogs_));
     }
 
-    // The number in a part of a text; 0, without a word, where the text does not reach that far.
+    // The number in a part of a text; 0, without a message, where the part is empty.
     std::uint32_t piece_value(std::string_view piece) {
         std::string digits(piece);
         return digits.empty() ? 0 : unsigned_value(parse_hex_text(digits, dialogs_));
@@ -216,20 +216,20 @@ class FieldReader {
     }
 
     std::uint32_t chest_flag_value(std::string text) {
-        constexpr const char* wrong =
+        constexpr const char* message =
             "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
             "byte must be no greater than 1F and your bit must be no greater than 7";
         std::erase(text, ' ');
         if (character_count(text) > 4)
-            refuse(wrong, "Error");
+            refuse(message, "Error");
         if (character_count(text) == 3)
             text.insert(0, 1, '0');
         if (characters(text, 2, 1) != ":")
-            refuse(wrong, "Error");
+            refuse(message, "Error");
         const std::uint32_t byte = piece_value(characters(text, 0, 2));
         const std::uint32_t bit = piece_value(characters(text, 3, 1));
         if (byte > 0x1F || bit > 7)
-            refuse(wrong, "Error");
+            refuse(message, "Error");
         return byte * 8 + bit;
     }
 

@@ -10,37 +10,36 @@
 
 namespace veldrune {
 
-/// A record of any kind; bytes behind its size are 0.
+/// A record of any kind; bytes after its size are 0.
 using ObjectBytes = std::array<std::uint8_t, max_object_size>;
 
-/// The object in the object window, which holds its kind as the chosen tab.
+/// The object in the object window. Its kind is the chosen tab of the window.
 struct SelectedObject {
-    std::optional<int> index;       // of its record in the list; nothing without a record
-    ObjectBytes bytes{};            // as loaded; palette and sprite follow their fields
+    std::optional<int> index;       // of its record in the list; empty without a record
+    ObjectBytes bytes{};            // as loaded, but palette and sprite as in their fields
     std::int64_t script_offset = 0; // file offset of the script of an NPC or event trigger
 };
 
-/// The objects in memory: what is marked and clicked on the picture, and the one in the object
-/// window.
+/// The objects in memory: the lists of the map, and the object in the object window.
 struct MapObjects {
     ObjectLists lists;
     SelectedObject selected_object;
 };
 
-/// Shows a record in the fields of its kind. A chest without a kind of contents leaves the option
-/// that was pressed; all else that the kind has is set.
+/// Shows a record in the fields of its kind. For a chest without a kind of contents the selected
+/// option stays as it was; all other fields of the kind are set.
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
 
 /// Packs the fields into a record. Bits that no field shows come from raw, the record as loaded; a
-/// value too wide for its bits spills into the others of its last byte. Nothing where a field can't
-/// be meant, which is told.
+/// value too wide for its bits spills into the others of its last byte. Reports invalid fields;
+/// then returns nothing.
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs);
 
 /// File offset of the script of an NPC or event trigger; nothing for other kinds.
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record);
 
-/// The sprite of an NPC and the palette it has, 0 to 7.
+/// The sprite of an NPC, and its palette, 0 to 7.
 std::uint8_t npc_sprite(const ObjectBytes& record);
 void set_npc_sprite(ObjectBytes& record, std::uint32_t sprite);
 void set_npc_palette(ObjectBytes& record, std::uint32_t palette);

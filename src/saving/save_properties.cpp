@@ -12,30 +12,30 @@ namespace {
 
 using enum RecordField;
 
-// Each in the order in which a save reads, and complains about, its fields.
+// Each in the order in which a save reads the fields and reports errors.
 // clang-format off
-constexpr RecordField widths[]     = {layer1_width, layer2_width, layer3_width};
-constexpr RecordField heights[]    = {layer1_height, layer2_height, layer3_height};
-constexpr RecordField sizes_as[]   = {layer2_height, layer2_width, layer1_height, layer1_width};
-constexpr RecordField formations[] = {layer2_formation, layer1_formation, layer3_graphics};
-constexpr RecordField shifts[]     = {left_shift1, left_shift2, upward_shift1, upward_shift2};
-constexpr RecordField tilesets[]   = {tileset1, tileset2, tileset3, tileset4};
-constexpr RecordField animated[]   = {animated_tileset};
-constexpr RecordField viewable[]   = {viewable_first, viewable_second};
-constexpr RecordField others[]     = {
+constexpr RecordField widths[]          = {layer1_width, layer2_width, layer3_width};
+constexpr RecordField heights[]         = {layer1_height, layer2_height, layer3_height};
+constexpr RecordField save_as_sizes[]   = {layer2_height, layer2_width, layer1_height, layer1_width};
+constexpr RecordField formations[]      = {layer2_formation, layer1_formation, layer3_graphics};
+constexpr RecordField shifts[]          = {left_shift1, left_shift2, upward_shift1, upward_shift2};
+constexpr RecordField tilesets[]        = {tileset1, tileset2, tileset3, tileset4};
+constexpr RecordField animated[]        = {animated_tileset};
+constexpr RecordField viewable[]        = {viewable_first, viewable_second};
+constexpr RecordField others[]          = {
     song, palette, layer_priorities, scroll_index, battles_enabled, battle_background,
 };
-constexpr RecordField as_palette[] = {palette};
+constexpr RecordField save_as_palette[] = {palette};
 
-// What Save merges once the pointers are written.
+// The fields that Save merges after the pointers are written.
 using Fields = std::span<const RecordField>;
 constexpr Fields after_pointers[] = {shifts, tilesets, animated, viewable, others};
 
-// The parts of the record that Save As writes: some fields and the bytes that they lie in.
+// The parts of the record that Save As writes: fields and the bytes that contain them.
 struct SaveAsStep { Fields fields; std::size_t first_byte; std::size_t byte_count; };
 constexpr SaveAsStep save_as_steps[] = {
     {formations, 11, 2},
-    {as_palette, 25, 1},
+    {save_as_palette, 25, 1},
     {tilesets,    7, 4},
     {animated,   27, 1},
     {viewable,   30, 2},
@@ -43,13 +43,13 @@ constexpr SaveAsStep save_as_steps[] = {
 constexpr std::size_t size_byte = 23; // of layers 1 and 2
 // clang-format on
 
-// How often 16 is doubled to make the size. Told where that never does, or only beyond most.
-std::optional<std::uint32_t> doubling_code(int tiles, int most, const char* wrong,
+// The number of doublings from 16 to the size. Reports a size that is none of these or above max.
+std::optional<std::uint32_t> doubling_code(int tiles, int max, const char* message,
                                            Dialogs& dialogs) {
-    for (std::uint32_t code = 0; 16 << code <= most; ++code)
+    for (std::uint32_t code = 0; 16 << code <= max; ++code)
         if (tiles == 16 << code)
             return code;
-    dialogs.error(wrong);
+    dialogs.error(message);
     return std::nullopt;
 }
 
@@ -61,7 +61,8 @@ std::optional<std::uint32_t> height_code(int tiles, Dialogs& dialogs) {
     return doubling_code(tiles, 64, "The map height must be either 16, 32, or 64", dialogs);
 }
 
-// How often the size, taken as a byte, is halved until it is 16.
+// The number of halvings from the size, modulo 256, down to 16. Reports a size that does not
+// reach 16.
 std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
     std::uint32_t code = 0;
     int side = tiles % 256;
@@ -73,7 +74,7 @@ std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
     return std::nullopt;
 }
 
-// The number that the field's control holds. A box is 1 when ticked.
+// The number in the field's control; 1 for a ticked box, 0 for another.
 TextNumber control_number(Form1& form, RecordField field, Dialogs& dialogs) {
     const auto& control = record_row(field).control;
     if (const auto* box = std::get_if<bool Form1::*>(&control))
@@ -82,7 +83,7 @@ TextNumber control_number(Form1& form, RecordField field, Dialogs& dialogs) {
     return parse_number_text(text_row(text).form, form.*text, dialogs);
 }
 
-// The record keeps the bits of a text that is no number.
+// Leaves the bits of the record where a text is not a number.
 void merge_fields(MapProperties& record, Form1& form, Fields fields, Dialogs& dialogs) {
     for (const RecordField field : fields) {
         const TextNumber number = control_number(form, field, dialogs);
@@ -93,8 +94,8 @@ void merge_fields(MapProperties& record, Form1& form, Fields fields, Dialogs& di
 
 using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
 
-// False where a size has no code, which is told. The record then keeps its bits, as it does where
-// the text is no number.
+// False where a size has no code, which is reported. The bits then stay as they are, also where the
+// text is not a number.
 bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode size_code,
                 Dialogs& dialogs) {
     const TextNumber tiles = control_number(form, field, dialogs);
@@ -104,7 +105,7 @@ bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode 
     return code.has_value();
 }
 
-// The layer's "Map Data Location" as the pointer table holds it.
+// The pointer table's bytes for the layer's "Map Data Location".
 Pointer24 location_pointer(Form1& form, int layer, Dialogs& dialogs) {
     const std::int64_t location = parse_hex_text(form.*layer_controls[layer].location, dialogs);
     return pointer24_bytes(location - rom_layout::layer_data);
@@ -119,8 +120,9 @@ bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dia
     return true;
 }
 
-// Layers 2 and 1 alone, each byte by itself, the most significant first.
-bool write_pointers_as(RomImage& rom, Form1& form, const MapProperties& at_load, Dialogs& dialogs) {
+// Only layers 2 and 1. Each byte is written separately, the most significant first.
+bool write_save_as_pointers(RomImage& rom, Form1& form, const MapProperties& at_load,
+                            Dialogs& dialogs) {
     for (const int layer : {1, 0}) {
         const std::int64_t entry = data_pointer_offset(layer_data_number(at_load, layer));
         const Pointer24 pointer = location_pointer(form, layer, dialogs);
@@ -156,7 +158,7 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
 
 bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_load, int map_index,
                             Dialogs& dialogs) {
-    if (!write_pointers_as(rom, form, at_load, dialogs))
+    if (!write_save_as_pointers(rom, form, at_load, dialogs))
         return false;
     const ReadWatch reads(rom);
     MapProperties record = read_record(rom, map_index);
@@ -174,7 +176,7 @@ bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_
         if (!write_bytes(step.first_byte, step.byte_count))
             return false;
     }
-    for (const RecordField field : sizes_as)
+    for (const RecordField field : save_as_sizes)
         if (!merge_size(record, form, field, halving_code, dialogs))
             return true;
     return write_bytes(size_byte, 1);

@@ -9,13 +9,13 @@ namespace veldrune {
 
 /// Save: merges the fields into the record in memory and writes the layer pointers, the monster set
 /// and the record of the map. A field that holds no valid size or decimal number leaves its bits as
-/// they were. False where a write failed; that has been told.
+/// they were. False where a write failed, after reporting it.
 bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int map_index,
                          Dialogs& dialogs);
 
-/// Save As: writes the pointers of layers 2 and 1 and the bytes of the record that it covers, each
-/// straight into the image. at_load is the record as it was when the map was chosen. False where a
-/// read or a write failed; that has been told.
+/// Save As: writes the pointers of layers 2 and 1, and only some bytes of the record, directly into
+/// the image. at_load is the record as it was when the map was chosen. False where a read or a
+/// write failed, after reporting it.
 bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_load, int map_index,
                             Dialogs& dialogs);
 

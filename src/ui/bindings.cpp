@@ -11,21 +11,21 @@
 
 namespace veldrune {
 
-Action following(EditorState& state, void (*then)(EditorState&)) {
-    if (!then)
+Action bind_state(EditorState& state, void (*run)(EditorState&)) {
+    if (!run)
         return {};
-    return [&state, then] { then(state); };
+    return [&state, run] { run(state); };
 }
 
-void Bindings::edit(const Action& write, const Action& then) const {
+void Bindings::edit(const Action& write, const Action& after) const {
     gate_([&] {
         write();
-        if (then)
-            then();
+        if (after)
+            after();
     });
 }
 
-void Bindings::edit_busily(const Action& write) const {
+void Bindings::edit_with_wait_cursor(const Action& write) const {
     edit([&] {
         const OverrideCursor busy(Qt::WaitCursor);
         write();
@@ -33,16 +33,16 @@ void Bindings::edit_busily(const Action& write) const {
 }
 
 void Bindings::show() const {
-    for (const Action& rule : rules_)
-        rule();
+    for (const Action& update : updates_)
+        update();
 }
 
-void Bindings::text(QLineEdit* field, std::string& value, const Action& then) {
+void Bindings::text(QLineEdit* field, std::string& value, const Action& on_change) {
     QObject::connect(field, &QLineEdit::textEdited, field,
-                     [this, &value, then](const QString& typed) {
-                         edit([&] { value = typed.toStdString(); }, then);
+                     [this, &value, on_change](const QString& typed) {
+                         edit([&] { value = typed.toStdString(); }, on_change);
                      });
-    rule([field, &value] {
+    on_show([field, &value] {
         if (field->text().toStdString() != value)
             field->setText(QString::fromStdString(value));
     });
@@ -52,7 +52,7 @@ void Bindings::lines(QPlainTextEdit* field, std::string& value) {
     QObject::connect(field, &QPlainTextEdit::textChanged, field, [this, field, &value] {
         edit([&] { value = field->toPlainText().toStdString(); });
     });
-    rule([field, &value] {
+    on_show([field, &value] {
         const QSignalBlocker blocked(field);
         const QString text = QString::fromStdString(value).replace("\r\n", "\n");
         if (field->toPlainText() != text)
@@ -61,39 +61,41 @@ void Bindings::lines(QPlainTextEdit* field, std::string& value) {
 }
 
 void Bindings::label(QLabel* label, const std::string& value) {
-    rule([label, &value] {
+    on_show([label, &value] {
         if (label->text().toStdString() != value)
             label->setText(QString::fromStdString(value));
     });
 }
 
-void Bindings::box(QAbstractButton* box, bool& value, const Action& then) {
+void Bindings::box(QAbstractButton* box, bool& value, const Action& on_change) {
     QObject::connect(box, &QAbstractButton::toggled, box,
-                     [this, &value, then](bool on) { edit([&] { value = on; }, then); });
-    rule([box, &value] { show_checked(box, value); });
+                     [this, &value, on_change](bool on) { edit([&] { value = on; }, on_change); });
+    on_show([box, &value] { show_checked(box, value); });
 }
 
-void Bindings::bar(QScrollBar* bar, int& value, const int& maximum, const Action& then) {
-    QObject::connect(bar, &QScrollBar::valueChanged, bar,
-                     [this, &value, then](int place) { edit([&] { value = place; }, then); });
-    rule([bar, &value, &maximum] {
+void Bindings::bar(QScrollBar* bar, int& value, const int& maximum, const Action& on_change) {
+    QObject::connect(bar, &QScrollBar::valueChanged, bar, [this, &value, on_change](int place) {
+        edit([&] { value = place; }, on_change);
+    });
+    on_show([bar, &value, &maximum] {
         const QSignalBlocker blocked(bar);
         bar->setMaximum(maximum);
         bar->setValue(value);
     });
 }
 
-void Bindings::list(QComboBox* list, int& row, const Action& then) {
-    QObject::connect(list, &QComboBox::activated, list,
-                     [this, &row, then](int chosen) { edit([&] { row = chosen; }, then); });
-    rule([list, &row] {
+void Bindings::list(QComboBox* list, int& row, const Action& on_change) {
+    QObject::connect(list, &QComboBox::activated, list, [this, &row, on_change](int chosen) {
+        edit([&] { row = chosen; }, on_change);
+    });
+    on_show([list, &row] {
         const QSignalBlocker blocked(list);
         list->setCurrentIndex(row);
     });
 }
 
 void Bindings::enabled(QWidget* widget, const bool& value) {
-    rule([widget, &value] { widget->setEnabled(value); });
+    on_show([widget, &value] { widget->setEnabled(value); });
 }
 
 void Bindings::show_checked(QAbstractButton* button, bool checked) {

@@ -4,8 +4,8 @@
 
 namespace veldrune {
 
-void Controls::dress(QWidget* widget, const char* control, const QString& tip,
-                     bool map_only) const {
+void Controls::set_up(QWidget* widget, const char* control, const QString& tip,
+                      bool map_only) const {
     widget->setObjectName(control);
     widget->setToolTip(tip);
     if (map_only)
@@ -14,52 +14,52 @@ void Controls::dress(QWidget* widget, const char* control, const QString& tip,
 
 QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool map_only) const {
     const TextRow<Form1>& row = text_row(text);
-    auto* made = new QLineEdit;
-    dress(made, row.control, number_tip(meaning, row.form), map_only);
-    bindings.text(made, state.form1.*text);
-    return made;
+    auto* widget = new QLineEdit;
+    set_up(widget, row.control, number_tip(meaning, row.form), map_only);
+    bindings.text(widget, state.form1.*text);
+    return widget;
 }
 
 QCheckBox* Controls::box(const BoxRow& row) const {
-    auto* made = new QCheckBox(row.caption);
-    dress(made, row.control, row.tip, row.map_only);
-    bindings.box(made, state.form1.*row.value, following(state, row.then));
-    return made;
+    auto* widget = new QCheckBox(row.caption);
+    set_up(widget, row.control, row.tip, row.map_only);
+    bindings.box(widget, state.form1.*row.value, bind_state(state, row.on_change));
+    return widget;
 }
 
 QLabel* Controls::label(const char* control, const char* caption) const {
-    auto* made = new QLabel(caption);
-    made->setObjectName(control);
-    return made;
+    auto* widget = new QLabel(caption);
+    widget->setObjectName(control);
+    return widget;
 }
 
 QLabel* Controls::value_label(const char* control, const std::string Form1::*value) const {
-    QLabel* made = label(control, "");
-    made->setTextFormat(Qt::PlainText);
-    bindings.label(made, state.form1.*value);
-    return made;
+    QLabel* widget = label(control, "");
+    widget->setTextFormat(Qt::PlainText);
+    bindings.label(widget, state.form1.*value);
+    return widget;
 }
 
 QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, ScrollBar Form1::*value,
-                          void (*then)(EditorState&)) const {
-    auto* made = new QScrollBar(direction);
-    made->setObjectName(control);
-    made->setAccessibleName(direction == Qt::Horizontal ? "First column in view"
-                                                        : "First row in view");
-    made->setPageStep(16);
+                          void (*on_change)(EditorState&)) const {
+    auto* widget = new QScrollBar(direction);
+    widget->setObjectName(control);
+    widget->setAccessibleName(direction == Qt::Horizontal ? "First column in view"
+                                                          : "First row in view");
+    widget->setPageStep(16);
     ScrollBar& held = state.form1.*value;
-    bindings.bar(made, held.value, held.maximum, following(state, then));
-    bindings.rule([made, &held] { made->setVisible(held.visible); });
-    return made;
+    bindings.bar(widget, held.value, held.maximum, bind_state(state, on_change));
+    bindings.on_show([widget, &held] { widget->setVisible(held.visible); });
+    return widget;
 }
 
 void Controls::button(QPushButton* button, const ButtonRow& row) const {
-    dress(button, row.control, row.tip, row.map_only);
+    set_up(button, row.control, row.tip, row.map_only);
     button->setAccessibleName(row.caption);
     button->setIcon(tool_icon(row.icon, button->palette()));
     QObject::connect(button, &QPushButton::clicked, button,
                      [edits = &bindings, this_state = &state, command = row.command] {
-                         edits->edit_busily([&] { run_command(*this_state, command); });
+                         edits->edit_with_wait_cursor([&] { run_command(*this_state, command); });
                      });
 }
 

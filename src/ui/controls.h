@@ -17,8 +17,8 @@ namespace veldrune {
 /// The layers in the captions of buttons and boxes.
 inline constexpr const char* layer_captions[layer_count] = {"Layer 1", "Layer 2", "Layer 3"};
 
-// A control is one row. tip is what the user reads when the pointer rests on it; map_only controls
-// are disabled while a world map is shown; then is what follows a change by the user, or null.
+// Each row describes a control. tip is its tool tip; map_only controls are disabled while a world
+// map is shown; on_change is called after a change by the user and may be null.
 
 template <typename T>
 struct OptionRow {
@@ -27,7 +27,7 @@ struct OptionRow {
     T Form1::*value;
     T own; // what the button sets the value to
     bool map_only;
-    void (*then)(EditorState&);
+    void (*on_change)(EditorState&);
     const char* tip;
     Icon icon = Icon::none;
 };
@@ -37,7 +37,7 @@ struct BoxRow {
     const char* caption;
     bool Form1::*value;
     bool map_only;
-    void (*then)(EditorState&);
+    void (*on_change)(EditorState&);
     const char* tip;
 };
 
@@ -56,26 +56,26 @@ struct Controls {
     EditorState& state;
     Bindings& bindings;
 
-    /// The tip ends with the number form of the text.
+    /// The tool tip is meaning and the number form of the text.
     QLineEdit* field(std::string Form1::*text, const char* meaning, bool map_only) const;
     QCheckBox* box(const BoxRow& row) const;
     QLabel* label(const char* control, const char* caption) const;
     QLabel* value_label(const char* control, const std::string Form1::*value) const;
     QScrollBar* bar(const char* control, Qt::Orientation direction, ScrollBar Form1::*value,
-                    void (*then)(EditorState&)) const;
+                    void (*on_change)(EditorState&)) const;
     /// Makes button run its command.
     void button(QPushButton* button, const ButtonRow& row) const;
     template <typename T>
     QRadioButton* option(const OptionRow<T>& row) const {
-        auto* made = new QRadioButton(row.caption);
-        dress(made, row.control, row.tip, row.map_only);
-        made->setIcon(tool_icon(row.icon, made->palette()));
-        bindings.option(made, state.form1.*row.value, row.own, following(state, row.then));
-        return made;
+        auto* widget = new QRadioButton(row.caption);
+        set_up(widget, row.control, row.tip, row.map_only);
+        widget->setIcon(tool_icon(row.icon, widget->palette()));
+        bindings.option(widget, state.form1.*row.value, row.own, bind_state(state, row.on_change));
+        return widget;
     }
 
   private:
-    void dress(QWidget* widget, const char* control, const QString& tip, bool map_only) const;
+    void set_up(QWidget* widget, const char* control, const QString& tip, bool map_only) const;
 };
 
 } // namespace veldrune

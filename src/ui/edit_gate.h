@@ -15,7 +15,7 @@ class EditGate {
     EditGate(const EditGate&) = delete; // the gates of the windows refer to it
     EditGate& operator=(const EditGate&) = delete;
 
-    /// What lets the edits of a window through. Message boxes of such an edit are modal to window.
+    /// The gate for the edits of a window. Message boxes of such an edit are modal to window.
     Gate gate(QWidget& window);
     /// An edit is running, maybe with a message box open.
     bool busy() const { return busy_; }

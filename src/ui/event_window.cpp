@@ -48,10 +48,10 @@ EventWindow::EventWindow(EditorState& state, EditGate& gate)
     column->addWidget(grid_, 1);
     setCentralWidget(panel);
     resize(sizeHint().boundedTo(screen()->availableSize()));
-    bindings_.rule([this] { show_script(); });
-    follow_to_front(state.form9.to_front);
+    bindings_.on_show([this] { show_script(); });
+    bind_raise_request(state.form9.to_front);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
-            [this] { bindings_.edit(following(state_, on_script_escape)); });
+            [this] { bindings_.edit(bind_state(state_, on_script_escape)); });
 }
 
 QLayout* EventWindow::make_bar() {
@@ -61,7 +61,7 @@ QLayout* EventWindow::make_bar() {
         button->setObjectName(row.control);
         button->setToolTip(row.tip);
         connect(button, &QPushButton::clicked, this,
-                [this, run = row.run] { bindings_.edit(following(state_, run)); });
+                [this, run = row.run] { bindings_.edit(bind_state(state_, run)); });
         bar->addWidget(button);
     }
     auto* offset = new QLineEdit;
@@ -71,7 +71,7 @@ QLayout* EventWindow::make_bar() {
     offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
     bindings_.text(offset, state_.form9.Text3);
     connect(offset, &QLineEdit::returnPressed, this,
-            [this] { bindings_.edit(following(state_, on_script_offset_enter)); });
+            [this] { bindings_.edit(bind_state(state_, on_script_offset_enter)); });
     auto* label = new QLabel("Event &Offset");
     label->setObjectName("Label1");
     label->setBuddy(offset);
@@ -81,13 +81,13 @@ QLayout* EventWindow::make_bar() {
     return bar;
 }
 
-/// A script that has been loaded shows from its beginning.
+// A newly loaded script is scrolled to its beginning.
 void EventWindow::show_script() {
     const Form9& form = state_.form9;
     const bool loaded = std::exchange(shown_load_, form.load_number) != form.load_number;
     if (!loaded && shown_work_ == form.work_number)
         return;
-    shown_work_ = gate_.busy() ? -1 : form.work_number; // work goes on while a message box is open
+    shown_work_ = gate_.busy() ? -1 : form.work_number; // still running while a message box is open
     grid_->show_changes();
     if (loaded)
         grid_->show_beginning();

@@ -8,7 +8,7 @@ namespace veldrune {
 
 class ScriptView;
 
-/// The Event Editor, Form9: a script as a table, with a box to type in that lies over one cell.
+/// The Event Editor, Form9: a script as a table, with an edit box over the current cell.
 class EventWindow : public SideWindow {
   public:
     EventWindow(EditorState& state, EditGate& gate);
@@ -18,8 +18,8 @@ class EventWindow : public SideWindow {
     void show_script();
 
     ScriptView* grid_;
-    int shown_load_ = 0;  // the load that the view shows
-    int shown_work_ = -1; // the work on it that the view shows, -1 where there may be more
+    int shown_load_ = 0;  // Form9::load_number when the view was updated last
+    int shown_work_ = -1; // Form9::work_number then, -1 if the operation was still running
 };
 
 } // namespace veldrune

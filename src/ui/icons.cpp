@@ -14,7 +14,7 @@ namespace {
 constexpr int side = 12;
 using Drawing = std::array<std::string_view, side>;
 
-// "x" is a pixel in the colour of the text, "o" one in the colour of a selection.
+// "x" is a pixel in the text colour, "o" one in the selection colour.
 // clang-format off
 // In the order of Icon, after none.
 constexpr Drawing drawings[] = {

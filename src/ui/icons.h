@@ -6,10 +6,10 @@ class QPalette;
 
 namespace veldrune {
 
-/// The small pictures of tools and buttons.
+/// The icons of tools and buttons.
 enum class Icon { none, zoom_in, zoom_out, draw, get_tile, objects };
 
-/// A small picture in the colours of its surroundings; empty for none.
+/// An icon in the colours of the palette; empty for Icon::none.
 QIcon tool_icon(Icon icon, const QPalette& colours);
 
 QIcon window_icon();

@@ -11,33 +11,33 @@ namespace veldrune {
 
 namespace {
 
-constexpr int title_room = 140; // for the title between the buttons of the frame
+constexpr int title_width = 140; // leaves room for the title in the window's frame
 constexpr const char* controls[layer_count] = {"Option1", "Option2", "Option3"};
 
 } // namespace
 
-LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& behind)
-    : SideWindow(state, gate, state.form2.visible, close_tile_chooser, &behind, Qt::Tool) {
+LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& parent)
+    : SideWindow(state, gate, state.form2.visible, close_tile_chooser, &parent, Qt::Tool) {
     setObjectName("Form2");
     setWindowTitle("Layer");
     auto* panel = new QWidget;
-    panel->setMinimumWidth(title_room);
+    panel->setMinimumWidth(title_width);
     auto* column = new QVBoxLayout(panel);
     for (int layer = 0; layer < layer_count; ++layer) {
         auto* button = new QRadioButton(layer_captions[layer]);
         button->setObjectName(controls[layer]);
         button->setToolTip("Show the tiles of this layer, and paint into it.");
-        bindings_.option(button, state.form2.layer, layer, following(state, on_palette_layer));
+        bindings_.option(button, state.form2.layer, layer, bind_state(state, on_palette_layer));
         column->addWidget(button);
     }
     setCentralWidget(panel);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-/// A little lower than the chooser's corner, and a little to its left.
+// Appears at the chooser's upper left corner.
 void LayerPalette::showEvent(QShowEvent* event) {
     const QRect chooser = parentWidget()->frameGeometry();
-    if (!event->spontaneous()) // stays where the user has put it when it is no longer minimised
+    if (!event->spontaneous()) // no move when the user restores the minimised window
         move(chooser.left() - 1, chooser.top() + 1);
     SideWindow::showEvent(event);
 }

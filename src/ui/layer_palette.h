@@ -4,11 +4,11 @@
 
 namespace veldrune {
 
-/// The layer palette, Form2: a small window in front of the tile chooser that says which layer's
-/// tiles it shows.
+/// The layer palette, Form2: a small window in front of the tile chooser in which the user selects
+/// the layer whose tiles the chooser shows.
 class LayerPalette : public SideWindow {
   public:
-    LayerPalette(EditorState& state, EditGate& gate, QWidget& behind);
+    LayerPalette(EditorState& state, EditGate& gate, QWidget& parent);
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Nothing of the program's state can be trusted to be whole after a failed allocation.
+// After a failed allocation the program's state may be inconsistent.
 [[noreturn]] void end_without_memory() {
     std::fputs("veldrune: out of memory\n", stderr);
     std::_Exit(EXIT_FAILURE);
@@ -26,10 +26,11 @@ namespace {
 int main(int argc, char** argv) {
     using namespace veldrune;
     std::set_new_handler(end_without_memory);
-    // A stroke of the mouse must reach every tile that the pointer passes.
+    // Painting needs every position of the mouse: events must not be merged.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);
-    // The file dialogs would keep their last folder in a file of settings: the program keeps none.
+    // Qt file dialogs save their last folder in the user settings. The program leaves no settings,
+    // so they go into a temporary folder.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
 

@@ -44,7 +44,7 @@ constexpr MenuRow menu_rows[] = {
 };
 // clang-format on
 
-/// The name of the one local file that is dropped, or an empty text.
+// The path of the dropped local file; empty where it is not exactly one.
 QString dropped_file(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
     return urls.size() == 1 ? urls[0].toLocalFile() : QString();
@@ -72,13 +72,13 @@ void MainWindow::build_panels() {
     layout->addWidget(make_properties_panel(controls_));
     layout->addStretch(1);
 
-    auto* area = new QScrollArea; // so that everything can be reached on the smallest screen
+    auto* area = new QScrollArea; // for screens smaller than the window
     area->setFrameStyle(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(panels);
     setCentralWidget(area);
-    const QSize frame(16, 48); // of the window and its title, about
+    const QSize frame(16, 48); // estimated size of the window frame
     resize(sizeHint().boundedTo(screen()->availableSize() - frame));
 }
 
@@ -92,11 +92,10 @@ void MainWindow::end_stroke() {
 }
 
 void MainWindow::open_file(const std::string& path) {
-    bindings_.edit_busily([&] { open_image_file(state_, path); });
+    bindings_.edit_with_wait_cursor([&] { open_image_file(state_, path); });
 }
 
-/// The tile chooser closes, too. The object window and the Event Editor stay until the user closes
-/// them.
+// Closes the tile chooser, too. The object window and the Event Editor stay open.
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(!gate_.busy());
     bindings_.edit([this] { close_tile_chooser(state_); });

@@ -13,19 +13,19 @@ namespace veldrune {
 class MapPicture;
 class EditGate;
 
-/// The main window, Form1. It keeps nothing of its own: every edit of the user goes into the state,
-/// and the window shows the state.
+/// The main window, Form1. It has no data of its own: every edit changes the state, and the window
+/// shows the state.
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     MainWindow(EditorState& state, EditGate& gate);
-    /// Brings the window in line with the state.
+    /// Updates the window from the state.
     void show_state() const { bindings_.show(); }
-    /// Ends a stroke of the mouse on the map picture, without a click.
+    /// Ends a mouse stroke on the map picture, without a click.
     void end_stroke();
-    /// Opens the image at path, as Open does once a name is chosen.
+    /// Opens the image at path, as File > Open does with the chosen file.
     void open_file(const std::string& path);
-    /// The size at which everything shows without scrolling.
+    /// The size at which everything is visible without scrolling.
     QSize sizeHint() const override;
 
   protected:

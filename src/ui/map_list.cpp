@@ -10,7 +10,7 @@ namespace veldrune {
 
 namespace {
 
-/// The opened list. Collects what is typed until it is opened again.
+// The drop-down list. It collects typed characters until it is opened the next time.
 class MapListView : public QListView {
   public:
     void forget_typed() { typed_.clear(); }
@@ -24,7 +24,7 @@ class MapListView : public QListView {
     }
 
   private:
-    /// False where what has been typed can't be the beginning of a map's name or number.
+    // Selects the map that has been typed. False where no map's name or number begins like that.
     bool find_typed() {
         static const QRegularExpression name("^\\s*(?:m|ma|map)?\\s*(\\d*)$",
                                              QRegularExpression::CaseInsensitiveOption);
@@ -43,7 +43,7 @@ class MapListView : public QListView {
 } // namespace
 
 MapList::MapList() {
-    setStyleSheet("QComboBox { combobox-popup: 0; }"); // below the box, not over the whole screen
+    setStyleSheet("QComboBox { combobox-popup: 0; }"); // opens below the box, not full-screen
     setView(new MapListView);
     setMaxVisibleItems(24);
     for (int map = 0; map < map_list_rows; ++map)

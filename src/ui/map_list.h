@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/calm_wheel.h"
+#include "ui/focused_wheel.h"
 
 #include <QComboBox>
 
@@ -8,7 +8,7 @@ namespace veldrune {
 
 /// The list of the game's maps. Typing a map's number, with or without "map" before it, opens the
 /// list on that map; Enter chooses it.
-class MapList : public CalmWheel<QComboBox> {
+class MapList : public FocusedWheel<QComboBox> {
   public:
     MapList();
 

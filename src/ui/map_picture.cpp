@@ -14,7 +14,7 @@ namespace veldrune {
 
 namespace {
 
-constexpr int notch = 120; // turn of a wheel's notch in Qt's unit
+constexpr int notch = 120; // of the wheel, in the unit of QWheelEvent::angleDelta
 
 std::optional<MouseButton> editor_button(Qt::MouseButton button) {
     if (button == Qt::LeftButton)
@@ -35,7 +35,7 @@ constexpr ScrollKey scroll_keys[] = {
     {Qt::Key_PageUp, Qt::Vertical, -16}, {Qt::Key_PageDown, Qt::Vertical, 16},
 };
 
-/// Adds turn to rest and takes the whole units out of it.
+// Adds turn to rest, and moves the whole units from rest into the result.
 int take_units(int& rest, int turn, int unit) {
     rest += turn;
     const int units = rest / unit;

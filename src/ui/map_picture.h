@@ -6,8 +6,8 @@
 
 namespace veldrune {
 
-/// The map picture. Hands the mouse to the editor in pixels of the picture; with the
-/// focus, the arrow and page keys scroll it.
+/// The map picture. Passes mouse events to the editor, in pixels of the picture. With the focus it
+/// scrolls by the arrow and page keys.
 class MapPicture : public PixelPicture {
     Q_OBJECT
   public:
@@ -16,9 +16,9 @@ class MapPicture : public PixelPicture {
     void end_stroke();
 
   signals:
-    /// The user scrolls by that many tiles, to the right or down.
+    /// Request to scroll by that many tiles; positive is right or down.
     void scrolled(Qt::Orientation direction, int tiles);
-    /// The wheel was turned by that many notches with Ctrl held, up is positive.
+    /// The wheel was turned by that many notches while Ctrl was held; up is positive.
     void zoomed(int notches);
 
   protected:
@@ -34,8 +34,8 @@ class MapPicture : public PixelPicture {
     EditorState& state_;
     const Bindings& bindings_;
     Qt::MouseButtons held_;   // buttons that were pressed on the picture
-    QPoint wheel_rest_;       // turn of the wheel that has not made a whole tile yet
-    int wheel_zoom_rest_ = 0; // the same for a notch with Ctrl
+    QPoint wheel_rest_;       // turn of the wheel, less than one tile, not scrolled yet
+    int wheel_zoom_rest_ = 0; // the same for zooming, less than one notch
 };
 
 } // namespace veldrune

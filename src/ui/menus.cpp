@@ -24,7 +24,7 @@ void add_entry(QMenu& menu, const MenuRow& row, QMainWindow& window, EditorState
     if (row.command)
         QObject::connect(action, &QAction::triggered, &window,
                          [&state, &bindings, command = *row.command] {
-                             bindings.edit_busily([&] { run_command(state, command); });
+                             bindings.edit_with_wait_cursor([&] { run_command(state, command); });
                          });
     else if (row.caption)
         QObject::connect(action, &QAction::triggered, &window, &QWidget::close);
@@ -34,7 +34,7 @@ void add_entry(QMenu& menu, const MenuRow& row, QMainWindow& window, EditorState
 
 void build_menus(QMainWindow& window, std::span<const MenuRow> rows, EditorState& state,
                  const Bindings& bindings) {
-    std::vector<QMenu*> menus; // those that the row stands in, the outermost first
+    std::vector<QMenu*> menus; // that contain the row, the outermost first
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const MenuRow& row = rows[i];
         menus.resize(static_cast<std::size_t>(row.level));

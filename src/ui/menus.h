@@ -12,19 +12,19 @@ class QMainWindow;
 
 namespace veldrune {
 
-/// The keys of an entry: the platform's own, or others where it has none.
+/// The keys of an entry: the standard ones of the platform or, without any, those of otherwise.
 struct Shortcut {
     QKeySequence::StandardKey key = QKeySequence::UnknownKey;
     const char* otherwise = nullptr;
 };
 inline constexpr Shortcut save_keys = {QKeySequence::Save, "Ctrl+S"};
 
-/// A menu or an entry. Every row stands in the menu above it of one level less; those of level 0
-/// are the menus of the bar. "&" in a caption marks the access key.
+/// A menu or an entry. It belongs to the nearest row above it that is one level lower; rows of
+/// level 0 are the menus of the menu bar. "&" in a caption marks the access key.
 struct MenuRow {
     int level;
     const char* control;
-    const char* caption;                 // null for a line between entries
+    const char* caption;                 // null for a separator
     std::optional<Command> command = {}; // an entry without one closes the window
     Shortcut shortcut = {};
 };

@@ -1,7 +1,7 @@
 #include "ui/object_panel.h"
 
 #include "editor/object_window.h"
-#include "ui/calm_wheel.h"
+#include "ui/focused_wheel.h"
 #include "ui/pixel_picture.h"
 #include "ui/tips.h"
 
@@ -29,18 +29,18 @@ constexpr const char* widest_number = "0000000000";
 constexpr const char* vehicle_names[] = {"None", "Runbird", "Gearcore Armor", "Raft"};
 constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastest"};
 
-/// A control on one tab: its caption, or none where it is hidden, and its meaning. The caption
-/// stands on the label or, with no label, on the control; the one of the picture is there for
-/// screen readers alone.
-struct OnTab {
+// A control on one tab: its caption, null where the control is hidden, and its meaning for the tool
+// tip. The caption is shown on the label or, without a label, on the control; that of the picture
+// is for screen readers only.
+struct TabEntry {
     const char* caption = nullptr;
     const char* meaning = nullptr;
     bool fixed = false; // a value that can't be edited
 };
 
-using Tabs = OnTab[object_tab_count];
+using Tabs = TabEntry[object_tab_count];
 
-/// Where a control and its label, at its left, stand in the grid of fields.
+// The position of a control, with its label on its left, in the grid of fields.
 struct Place {
     const char* label;
     int line;
@@ -50,7 +50,7 @@ struct Place {
 struct FieldRow {
     std::string Form10::*text;
     Place place;
-    void (*then)(EditorState&); // what follows a change by the user, or null
+    void (*on_change)(EditorState&); // called after a change by the user; may be null
     Tabs tabs;
 };
 
@@ -58,14 +58,14 @@ struct ListRow {
     const char* control;
     int Form10::*row;
     Place place;
-    std::span<const char* const> lines; // none where the lines are numbers or change
-    int numbers;                        // how many lines are the numbers from 0 on
+    std::span<const char* const> lines; // empty where the lines are numbers or variable
+    int numbers; // count of lines with the numbers from 0 on; 0 for other lists
     Tabs tabs;
 };
 
 struct ButtonRow {
     const char* control;
-    bool Form10::*value; // of a box; a button's is its place in Form10::option
+    bool Form10::*value; // null for a radio button: its index is a value of Form10::option
     Tabs tabs;
 };
 
@@ -126,7 +126,7 @@ static_assert(each_has_one_row<Form10Texts>(field_rows));
 constexpr int option_count = std::size(option_rows);
 constexpr int box_line = option_count;
 
-/// What making a control needs.
+// The context for making controls.
 struct Panel {
     EditorState& state;
     Bindings& bindings;
@@ -135,8 +135,8 @@ struct Panel {
     Form10& form() const { return state.form10; }
 };
 
-/// Shows a control, its label and its tip as the chosen tab wants them.
-void show_on_tab(QWidget& control, QLabel* label, const OnTab& tab, NumberForm number,
+// Shows or hides a control and its label and sets their texts, as the chosen tab requires.
+void show_on_tab(QWidget& control, QLabel* label, const TabEntry& tab, NumberForm number,
                  bool enabled) {
     control.setVisible(tab.caption);
     control.setEnabled(enabled && !tab.fixed);
@@ -152,18 +152,17 @@ void show_on_tab(QWidget& control, QLabel* label, const OnTab& tab, NumberForm n
 void name_control(const Panel& panel, QWidget* control, QLabel* label, const char* name,
                   const Tabs& tabs, NumberForm number = NumberForm::words) {
     control->setObjectName(name);
-    panel.bindings.rule([control, label, &tabs, number, &form = panel.form()] {
+    panel.bindings.on_show([control, label, &tabs, number, &form = panel.form()] {
         show_on_tab(*control, label, tabs[form.TabStrip1], number, form.fields_enabled);
     });
 }
 
-/// Makes room in a column that has a widget, so that the fields stay where they are from tab to
-/// tab.
-void keep_room(QGridLayout& grid, int column, int width) {
+// Reserves width in a column, so that the fields stay in place when the tab changes.
+void reserve_width(QGridLayout& grid, int column, int width) {
     grid.setColumnMinimumWidth(column, std::max(width, grid.columnMinimumWidth(column)));
 }
 
-/// A control of the grid with its label at its left.
+// Adds a control to the grid with its label on its left.
 void place_control(const Panel& panel, QWidget* control, const Place& place, const char* name,
                    const Tabs& tabs, NumberForm number) {
     auto* label = new QLabel;
@@ -171,11 +170,11 @@ void place_control(const Panel& panel, QWidget* control, const Place& place, con
     label->setBuddy(control);
     panel.grid.addWidget(label, place.line, 2 * place.column);
     panel.grid.addWidget(control, place.line, 2 * place.column + 1);
-    for (const OnTab& tab : tabs)
-        keep_room(panel.grid, 2 * place.column,
-                  label->fontMetrics().horizontalAdvance(tab.caption));
-    keep_room(panel.grid, 2 * place.column + 1,
-              label->fontMetrics().horizontalAdvance(widest_number));
+    for (const TabEntry& tab : tabs)
+        reserve_width(panel.grid, 2 * place.column,
+                      label->fontMetrics().horizontalAdvance(tab.caption));
+    reserve_width(panel.grid, 2 * place.column + 1,
+                  label->fontMetrics().horizontalAdvance(widest_number));
     name_control(panel, control, label, name, tabs, number);
 }
 
@@ -183,11 +182,11 @@ void add_field(const Panel& panel, const FieldRow& row) {
     const TextRow<Form10>& text = row_of(form10_texts, row.text);
     auto* field = new QLineEdit;
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
-    panel.bindings.text(field, panel.form().*row.text, following(panel.state, row.then));
+    panel.bindings.text(field, panel.form().*row.text, bind_state(panel.state, row.on_change));
     place_control(panel, field, row.place, text.control, row.tabs, text.form);
 }
 
-/// Fills a list whose lines change.
+// Updates a list with variable lines.
 void show_lines(QComboBox& list, const std::vector<std::string>& lines) {
     const auto shown = [&list, i = 0](const std::string& line) mutable {
         return list.itemText(i++).toStdString() == line;
@@ -201,7 +200,7 @@ void show_lines(QComboBox& list, const std::vector<std::string>& lines) {
 }
 
 void add_list(const Panel& panel, const ListRow& row) {
-    auto* list = new CalmWheel<QComboBox>;
+    auto* list = new FocusedWheel<QComboBox>;
     for (const char* line : row.lines)
         list->addItem(line);
     for (int number = 0; number < row.numbers; ++number)
@@ -209,13 +208,13 @@ void add_list(const Panel& panel, const ListRow& row) {
     if (list->count() == 0) {
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         list->setMinimumContentsLength(contents_length);
-        panel.bindings.rule(
+        panel.bindings.on_show(
             [list, &lines = panel.form().Combo2_lines] { show_lines(*list, lines); });
     }
     panel.bindings.list(list, panel.form().*row.row);
     const NumberForm number = row.numbers > 0 ? NumberForm::decimal : NumberForm::words;
     place_control(panel, list, row.place, row.control, row.tabs, number);
-    keep_room(panel.grid, 2 * row.place.column + 1, list->sizeHint().width());
+    reserve_width(panel.grid, 2 * row.place.column + 1, list->sizeHint().width());
 }
 
 void add_column(const Panel& panel, int column) {
@@ -232,7 +231,7 @@ void add_boxes(const Panel& panel) {
     for (const ButtonRow& row : box_rows) {
         auto* box = new QCheckBox;
         panel.bindings.box(box, panel.form().*row.value);
-        panel.bindings.rule(
+        panel.bindings.on_show(
             [box, &row, &tab = panel.form().TabStrip1] { box->setText(row.tabs[tab].caption); });
         name_control(panel, box, nullptr, row.control, row.tabs);
         boxes->addWidget(box);
@@ -241,7 +240,7 @@ void add_boxes(const Panel& panel) {
     panel.grid.addLayout(boxes, box_line, 0, 1, 2 * column_count);
 }
 
-/// The kinds of contents, below each other where other tabs have the fields of the second column.
+// The kinds of contents, in a column where other tabs have the fields of the second column.
 void add_options(const Panel& panel) {
     auto* group = new QButtonGroup(&panel.grid);
     for (int option = 0; option < option_count; ++option) {
@@ -260,9 +259,9 @@ void add_preview(const Panel& panel) {
     QSizePolicy keeps_its_place = picture->sizePolicy();
     keeps_its_place.setRetainSizeWhenHidden(true);
     picture->setSizePolicy(keeps_its_place);
-    panel.bindings.rule([picture, &form] {
+    panel.bindings.on_show([picture, &form] {
         picture->show_height(form.Picture1_height);
-        picture->follow();
+        picture->update_if_changed();
     });
     name_control(panel, picture, nullptr, "Picture1", preview_tabs);
     auto* column = new QVBoxLayout;
@@ -285,7 +284,7 @@ QWidget* make_object_panel(EditorState& state, Bindings& bindings) {
     add_boxes(panel);
     add_preview(panel);
     grid->setColumnStretch(2 * column_count - 1, 1);
-    // Lines keep their height from tab to tab, whatever shows in them.
+    // All tabs have the same line heights.
     grid->setVerticalSpacing(0);
     for (int line = 0; line <= box_line; ++line)
         grid->setRowMinimumHeight(line, QComboBox().sizeHint().height() + line_gap);

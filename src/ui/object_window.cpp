@@ -1,7 +1,7 @@
 #include "ui/object_window.h"
 
 #include "editor/object_window.h"
-#include "ui/calm_wheel.h"
+#include "ui/focused_wheel.h"
 #include "ui/main_window.h"
 #include "ui/menus.h"
 #include "ui/object_panel.h"
@@ -30,9 +30,9 @@ constexpr const char* tab_captions[object_tab_count] = {"NPC's", "Chests", "Even
                                                         "Long Entrances"};
 constexpr int records_per_page = 5;
 
-/// A scroll bar that the arrow keys move to where they point. Qt turns the keys of a scroll bar
-/// round, which is right for Up and Down and wrong for Left and Right.
-class RecordScrollBar : public CalmWheel<QScrollBar> {
+// A scroll bar that the arrow keys move in the direction that they show. Qt inverts the keys of a
+// scroll bar, which is right for Up and Down and wrong for Left and Right.
+class RecordScrollBar : public FocusedWheel<QScrollBar> {
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         setInvertedControls(event->key() != Qt::Key_Left && event->key() != Qt::Key_Right);
@@ -42,23 +42,24 @@ class RecordScrollBar : public CalmWheel<QScrollBar> {
 };
 
 QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
-    auto* tabs = new CalmWheel<QTabBar>;
+    auto* tabs = new FocusedWheel<QTabBar>;
     tabs->setObjectName("TabStrip1");
     tabs->setAccessibleName("Kind of object");
     tabs->setExpanding(false);
     for (const char* caption : tab_captions)
         tabs->addTab(caption);
     const auto choose = [&state, &bindings](int tab) {
-        bindings.edit([&] { state.form10.TabStrip1 = tab; }, following(state, on_object_tab));
+        bindings.edit([&] { state.form10.TabStrip1 = tab; }, bind_state(state, on_object_tab));
     };
     QObject::connect(tabs, &QTabBar::currentChanged, tabs, choose);
-    // Without a record the chosen tab, too, can be chosen, for its first one. Every button clicks.
+    // Without a record, a click on the current tab loads its first record. The signal comes for
+    // every mouse button.
     QObject::connect(tabs, &QTabBar::tabBarClicked, tabs, [&state, choose](int tab) {
         if (QGuiApplication::mouseButtons() & Qt::LeftButton && tab == state.form10.TabStrip1 &&
             !state.objects.selected_object.index)
             choose(tab);
     });
-    bindings.rule([tabs, &tab = state.form10.TabStrip1] {
+    bindings.on_show([tabs, &tab = state.form10.TabStrip1] {
         const QSignalBlocker blocked(tabs);
         tabs->setCurrentIndex(tab);
     });
@@ -74,8 +75,8 @@ QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
     bar->setMinimum(1);
     bar->setPageStep(records_per_page);
     RecordBar& held = state.form10.HScroll1;
-    bindings.bar(bar, held.value, held.maximum, following(state, on_record_scroll));
-    bindings.rule([bar, &held] { bar->setEnabled(held.maximum > bar->minimum()); });
+    bindings.bar(bar, held.value, held.maximum, bind_state(state, on_record_scroll));
+    bindings.on_show([bar, &held] { bar->setEnabled(held.maximum > bar->minimum()); });
     return bar;
 }
 
@@ -98,8 +99,8 @@ ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& ma
     build_menus(*this, menu_rows, state, bindings_);
     build_panel();
     bindings_.show();
-    follow_to_front(state.form10.to_front);
-    QRect place(QPoint(0, 0), sizeHint()); // leaves most of the map picture free
+    bind_raise_request(state.form10.to_front);
+    QRect place(QPoint(0, 0), sizeHint()); // so that it covers little of the map picture
     place.moveBottomRight(main_window.frameGeometry().bottomRight());
     move(place.topLeft());
 }

@@ -4,7 +4,7 @@
 
 namespace veldrune {
 
-/// Gives the pointer a shape, whatever it lies over, as long as it lives.
+/// Sets the shape of the mouse pointer, over all windows, for the lifetime of the object.
 class OverrideCursor {
   public:
     explicit OverrideCursor(Qt::CursorShape shape) { QGuiApplication::setOverrideCursor(shape); }

@@ -10,7 +10,7 @@ namespace veldrune {
 
 namespace {
 
-/// A label whose text is shortened in its middle where there is no room for it.
+// A label that shortens a text in its middle to fit.
 class PathLabel : public QLabel {
   public:
     PathLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
@@ -27,7 +27,7 @@ struct BarRow {
     const char* control;
     Qt::Orientation direction;
     ScrollBar Form1::*value;
-    void (*then)(EditorState&);
+    void (*on_change)(EditorState&);
 };
 constexpr BarRow bar_rows[] = {
     {"HScroll1", Qt::Horizontal, &Form1::HScroll1, on_h_scroll},
@@ -42,7 +42,7 @@ void add_path(const Controls& controls, QGridLayout& grid) {
     path->setMinimumHeight(path->fontMetrics().height());
     const std::string& value = controls.state.form1.Label20;
     controls.bindings.label(path, value);
-    controls.bindings.rule([path, &value] { path->setToolTip(QString::fromStdString(value)); });
+    controls.bindings.on_show([path, &value] { path->setToolTip(QString::fromStdString(value)); });
     grid.addWidget(path, 0, 0);
 }
 
@@ -56,7 +56,7 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
     add_path(controls, *grid);
     grid->addWidget(picture, 1, 0);
     for (const BarRow& row : bar_rows) {
-        QScrollBar* bar = controls.bar(row.control, row.direction, row.value, row.then);
+        QScrollBar* bar = controls.bar(row.control, row.direction, row.value, row.on_change);
         const bool horizontal = row.direction == Qt::Horizontal;
         grid->addWidget(bar, horizontal ? 2 : 1, horizontal ? 0 : 1);
         QObject::connect(picture, &MapPicture::scrolled, bar,
@@ -66,7 +66,7 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
                          });
     }
     grid->setRowStretch(3, 1);
-    controls.bindings.rule([picture] { picture->follow(); });
+    controls.bindings.on_show([picture] { picture->update_if_changed(); });
     return panel;
 }
 

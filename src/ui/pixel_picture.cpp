@@ -19,8 +19,8 @@ PixelPicture::PixelPicture(ScreenPicture picture)
 }
 
 QSize PixelPicture::sizeHint() const {
-    return {pixel_view_room(*this, picture_size().width()) + 2 * border,
-            pixel_view_room(*this, picture_size().height()) + 2 * border};
+    return {pixel_view_extent(*this, picture_size().width()) + 2 * border,
+            pixel_view_extent(*this, picture_size().height()) + 2 * border};
 }
 
 void PixelPicture::show_height(int height) {
@@ -31,15 +31,15 @@ void PixelPicture::show_height(int height) {
     update();
 }
 
-void PixelPicture::follow() {
+void PixelPicture::update_if_changed() {
     if (picture_.is_stale())
         update();
 }
 
 bool PixelPicture::event(QEvent* event) {
-    if (event->type() == QEvent::ScreenChangeInternal) // its scaling may differ
+    if (event->type() == QEvent::ScreenChangeInternal) // the scaling may have changed
         updateGeometry();
-    if (event->type() == QEvent::Move) // where a picture pixel begins depends on the place
+    if (event->type() == QEvent::Move) // the alignment to screen pixels depends on the position
         update();
     return QWidget::event(event);
 }

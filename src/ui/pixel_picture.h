@@ -8,21 +8,21 @@ class QMouseEvent;
 
 namespace veldrune {
 
-/// A picture of packed colours in a border, which shows the focus where the picture can have it.
+/// A picture of packed colours in a border, which is highlighted while the widget has the focus.
 class PixelPicture : public QWidget {
   public:
     explicit PixelPicture(ScreenPicture picture);
-    /// Shows the picture anew where it has changed.
-    void follow();
+    /// Repaints the picture if it has changed.
+    void update_if_changed();
     QSize sizeHint() const override;
-    /// Shows as much of the picture's top as is that high.
+    /// Shows only the upper height rows of the picture.
     void show_height(int height);
 
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     QSize picture_size() const { return {picture_.size().width(), height_}; }
-    /// The pixel under the pointer; outside the picture too.
+    /// The picture pixel under the pointer, which may be outside the picture.
     QPoint pixel_under(const QMouseEvent& event) const;
     bool contains(QPoint pixel) const {
         return QRect(QPoint(0, 0), picture_size()).contains(pixel);
@@ -32,7 +32,7 @@ class PixelPicture : public QWidget {
     PixelView view() const;
 
     ScreenPicture picture_;
-    int height_; // rows that show
+    int height_; // rows that are shown
 };
 
 } // namespace veldrune

@@ -9,24 +9,24 @@ namespace veldrune {
 
 namespace {
 
-constexpr double rounding = 1.0 / 1024; // positions are sums of fractions and slightly off
+constexpr double tolerance = 1.0 / 1024; // for rounding errors in positions
 
-/// Side of a picture pixel in the widget's unit.
+// Side of a picture pixel in widget units.
 double pixel_side(double screen_ratio) {
-    return std::max(1.0, std::floor(screen_ratio + rounding)) / screen_ratio;
+    return std::max(1.0, std::floor(screen_ratio + tolerance)) / screen_ratio;
 }
 
-/// The first whole screen pixel at or behind offset, as a distance from place.
+// The first whole screen pixel at or after offset, as a distance from place.
 double snapped(double screen_ratio, double place, double offset) {
-    return std::ceil((place + offset) * screen_ratio - rounding) / screen_ratio - place;
+    return std::ceil((place + offset) * screen_ratio - tolerance) / screen_ratio - place;
 }
 
 } // namespace
 
 QPoint PixelView::pixel_at(QPointF point) const {
     const QPointF distance = (point - origin) / pixel;
-    return {static_cast<int>(std::floor(distance.x() + rounding)),
-            static_cast<int>(std::floor(distance.y() + rounding))};
+    return {static_cast<int>(std::floor(distance.x() + tolerance)),
+            static_cast<int>(std::floor(distance.y() + tolerance))};
 }
 
 PixelView pixel_view(double screen_ratio, QPointF place, QPointF offset) {
@@ -40,10 +40,10 @@ PixelView pixel_view(const QWidget& widget, QPointF offset) {
     return pixel_view(widget.devicePixelRatioF(), place, offset);
 }
 
-int pixel_view_room(const QWidget& widget, int side) {
+int pixel_view_extent(const QWidget& widget, int side) {
     const double ratio = widget.devicePixelRatioF();
-    const bool whole = std::abs(ratio - std::round(ratio)) < rounding;
-    return static_cast<int>(std::ceil(side * pixel_side(ratio) - rounding)) + (whole ? 0 : 1);
+    const bool whole = std::abs(ratio - std::round(ratio)) < tolerance;
+    return static_cast<int>(std::ceil(side * pixel_side(ratio) - tolerance)) + (whole ? 0 : 1);
 }
 
 void ScreenPicture::draw(QPainter& painter, const PixelView& view) {
@@ -54,7 +54,7 @@ void ScreenPicture::draw(QPainter& painter, const PixelView& view, int rows) {
     if (is_stale()) {
         const QImage colours(reinterpret_cast<const uchar*>(pixels_), size_.width(), size_.height(),
                              4 * size_.width(), QImage::Format_RGB32);
-        // The highest byte of a packed colour is 0; the screen takes it for the opacity.
+        // The highest byte of a packed colour is 0; in an image to be drawn it is the opacity.
         image_ = colours.convertToFormat(QImage::Format_ARGB32_Premultiplied);
         drawn_version_ = version_;
     }

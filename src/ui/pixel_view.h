@@ -15,26 +15,26 @@ class QWidget;
 
 namespace veldrune {
 
-/// Where a picture lies in a widget. A picture pixel is a whole number of screen pixels on a
-/// side and the picture starts on one, whatever the scaling of the screen, so that no pixel comes
-/// out wider than its neighbour.
+/// The position and scale of a picture in a widget. At any screen scaling the side of a picture
+/// pixel is a whole number of screen pixels and the picture starts on a screen pixel, so that all
+/// its pixels have the same size.
 struct PixelView {
     QPointF origin;     // top left of the picture in the widget
-    double pixel = 1.0; // side of a picture pixel, in the widget's unit
+    double pixel = 1.0; // side of a picture pixel in widget units
 
     QRectF rectangle(QSize size) const { return {origin, QSizeF(size) * pixel}; }
-    /// The picture pixel under a point of the widget; outside the picture too.
+    /// The picture pixel under a point of the widget; it may be outside the picture.
     QPoint pixel_at(QPointF point) const;
 };
 
-/// The view of a picture that starts at offset in a widget, or as little behind it as it can.
-/// screen_ratio is the number of screen pixels to the widget's unit, place the widget's place in
-/// its window.
+/// The view of a picture that starts at offset in a widget, or at the first screen pixel after it.
+/// screen_ratio is the number of screen pixels per widget unit, place the position of the widget
+/// in its window.
 PixelView pixel_view(double screen_ratio, QPointF place, QPointF offset);
 PixelView pixel_view(const QWidget& widget, QPointF offset);
 
-/// Room that so many pixels of a picture need in a widget, wherever the widget lies.
-int pixel_view_room(const QWidget& widget, int side);
+/// The extent in widget units that side pixels of a picture need, at any position of the widget.
+int pixel_view_extent(const QWidget& widget, int side);
 
 /// A picture of the state, converted for the screen where it has changed since it was drawn last.
 class ScreenPicture {
@@ -48,7 +48,7 @@ class ScreenPicture {
     /// Whether the picture has changed since it was drawn last.
     bool is_stale() const { return drawn_version_ != version_; }
     void draw(QPainter& painter, const PixelView& view);
-    /// The same for the upper rows alone.
+    /// Draws the upper rows only.
     void draw(QPainter& painter, const PixelView& view, int rows);
 
   private:

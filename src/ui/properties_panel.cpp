@@ -8,7 +8,7 @@ namespace veldrune {
 namespace {
 
 constexpr int heading_line = 0;
-constexpr int gap_line = 7; // between what every layer has and the rest
+constexpr int gap_line = 7; // between the properties of the layers and the others
 constexpr int battles_line = 13;
 constexpr int notes_line = 14;
 
@@ -22,11 +22,11 @@ constexpr HeadingRow heading_rows[] = {
 struct FieldRow {
     std::string Form1::*text;
     const char* meaning;
-    const char* part = ""; // which one of its line's it is, where no heading says so
+    const char* part = ""; // tells the fields of a line apart where there is no heading
 };
 
-/// A label and its fields. Each field has a column of its own, under a heading, or they share span
-/// columns; of a short line, two stand beside each other.
+// A label and its fields. Each field has its own column, under a heading, or all share span
+// columns. Two lines with a small span can be side by side.
 struct LineRow {
     int line;
     int column;
@@ -76,7 +76,7 @@ constexpr BoxRow battles_row =
     {"Check8", "Enable Battles", &Form1::Check8, true, nullptr, "Ticked: monsters are met on the map."};
 // clang-format on
 
-/// Every number of the window is a field of one line.
+// Whether every number of the window is in exactly one line.
 constexpr bool each_number_has_one_field() {
     for (const TextRow<Form1>& row : form1_texts) {
         int fields = 0;
@@ -95,20 +95,20 @@ void add_headings(const Controls& controls, QGridLayout& grid) {
                        Qt::AlignHCenter);
 }
 
-/// Text14 and Text24 have one place: a map's location shows there, or a world's.
+// Text14 and Text24 share one position: it shows the location of a map or of a world map.
 QLineEdit* make_field(const Controls& controls, const FieldRow& row) {
     const bool of_world = row.text == &Form1::Text24;
     const bool shares_place = of_world || row.text == layer_controls[0].location;
     QLineEdit* field = controls.field(row.text, row.meaning, !shares_place);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     if (shares_place)
-        controls.bindings.rule([field, of_world, &world = controls.state.form1.Text24_visible] {
+        controls.bindings.on_show([field, of_world, &world = controls.state.form1.Text24_visible] {
             field->setVisible(of_world == world);
         });
     return field;
 }
 
-/// What side by side fields stand in.
+// Adds the layout for fields that share columns.
 QHBoxLayout* add_shared_cell(QGridLayout& grid, const LineRow& row) {
     auto* layout = new QHBoxLayout;
     layout->setSpacing(4);

@@ -16,11 +16,11 @@ int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const 
     QMessageBox box(icon, title, QString::fromStdString(text), buttons, window);
     box.setTextFormat(Qt::PlainText);
     if (buttons & QMessageBox::Cancel)
-        box.setDefaultButton(QMessageBox::Cancel); // what is asked about can destroy work
+        box.setDefaultButton(QMessageBox::Cancel); // OK may destroy work
     return box.exec();
 }
 
-/// The filter in Qt's form.
+// Converts image_file_filter to Qt's syntax.
 QString qt_file_filter(const char* filter) {
     const QStringList parts = QString::fromLatin1(filter).split('|');
     QStringList filters;

@@ -7,10 +7,10 @@ class QWidget;
 
 namespace veldrune {
 
-/// Talks to the user through real boxes, modal over the window whose edit raises them.
+/// Message boxes and file dialogs, modal to the window whose edit opens them.
 class QtDialogs : public Dialogs {
   public:
-    /// before_box runs before anything is shown, to bring the windows up to date.
+    /// before_box is called before a box or dialog opens, to update the windows.
     void attach(Action before_box) { before_box_ = std::move(before_box); }
     /// Message boxes are modal to window from now on.
     void set_parent_window(QWidget* window) { window_ = window; }

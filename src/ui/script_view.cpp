@@ -20,7 +20,7 @@ namespace {
 
 constexpr int units_per_pixel = 15;
 constexpr int cell_margin = 3;
-constexpr int visible_rows = 26; // of a new window
+constexpr int visible_rows = 26; // in a new window
 
 constexpr std::pair<const char*, NumberForm> column_tips[script_column_count] = {
     {"Codes of commands.", NumberForm::hexadecimal},
@@ -40,7 +40,7 @@ std::size_t fingerprint(const ScriptRow& row) {
     return sum;
 }
 
-/// Those of the rows below the header.
+// The fingerprints of the rows below the header.
 std::vector<std::size_t> fingerprints(const std::vector<ScriptRow>& grid) {
     std::vector<std::size_t> rows;
     for (const ScriptRow& row : std::span(grid).subspan(grid.empty() ? 0 : 1))
@@ -48,20 +48,20 @@ std::vector<std::size_t> fingerprints(const std::vector<ScriptRow>& grid) {
     return rows;
 }
 
-/// A cell as it shows: with line breaks of one kind, and without the blanks around its lines.
+// The text to show for a cell: with "\n" for every kind of line break, each line trimmed.
 QString shown_text(const std::string& cell) {
     QStringList lines =
         QString::fromStdString(cell).replace("\r\n", "\n").replace('\r', '\n').split('\n');
     for (QString& line : lines)
         line = line.trimmed();
-    if (lines.last().isEmpty()) // a list ends its last line as well
+    if (lines.last().isEmpty()) // in lists the last line ends with a line break, too
         lines.removeLast();
     return lines.join('\n');
 }
 
 } // namespace
 
-// ---- the model
+// The model
 
 const ScriptRow& ScriptModel::script_row(int row) const {
     static const ScriptRow none;
@@ -77,7 +77,7 @@ int ScriptModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : script_column_count;
 }
 
-/// The remembered command is marked, and the rows of codes stand out.
+// Marks the remembered command, and sets off the rows that begin a command.
 QBrush ScriptModel::background(int row) const {
     const ScriptRows marked = remembered_rows(state_);
     const QPalette colours = QGuiApplication::palette();
@@ -119,20 +119,20 @@ QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int r
     return role == Qt::ToolTipRole ? number_tip(meaning, form) : QVariant();
 }
 
-/// Takes over rows, of which those from end on stood from former_end on.
-void ScriptModel::take(std::vector<std::size_t> rows, int former_end, int end) {
-    if (end > former_end)
-        beginInsertRows({}, former_end, end - 1);
-    if (end < former_end)
-        beginRemoveRows({}, end, former_end - 1);
+// Replaces the rows; those from end on are the former ones from old_end on.
+void ScriptModel::replace_rows(std::vector<std::size_t> rows, int old_end, int end) {
+    if (end > old_end)
+        beginInsertRows({}, old_end, end - 1);
+    if (end < old_end)
+        beginRemoveRows({}, end, old_end - 1);
     shown_ = std::move(rows);
-    if (end > former_end)
+    if (end > old_end)
         endInsertRows();
-    if (end < former_end)
+    if (end < old_end)
         endRemoveRows();
 }
 
-ScriptModel::Range ScriptModel::follow() {
+ScriptModel::Range ScriptModel::update_rows() {
     std::vector<std::size_t> rows = fingerprints(state_.form9.grid);
     const auto head = std::ranges::mismatch(shown_, rows).in1 - shown_.begin();
     const auto tail =
@@ -140,15 +140,15 @@ ScriptModel::Range ScriptModel::follow() {
             .first -
         shown_.rbegin();
     const auto first = static_cast<int>(head);
-    const auto former_end = static_cast<int>(std::ssize(shown_) - tail);
+    const auto old_end = static_cast<int>(std::ssize(shown_) - tail);
     const auto end = static_cast<int>(std::ssize(rows) - tail);
-    take(std::move(rows), former_end, end);
-    if (const int changed_end = std::min(former_end, end); first < changed_end)
+    replace_rows(std::move(rows), old_end, end);
+    if (const int changed_end = std::min(old_end, end); first < changed_end)
         emit dataChanged(index(first, 0), index(changed_end - 1, explanation));
     return {first, end};
 }
 
-// ---- the edit box
+// The edit box
 
 CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
     setObjectName("Text2");
@@ -173,7 +173,7 @@ void CellBox::keyPressEvent(QKeyEvent* event) {
         QPlainTextEdit::keyPressEvent(event);
 }
 
-// ---- the view
+// The view
 
 ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     : form_(state.form9), model_(state), box_(new CellBox(viewport(), [&state, &bindings] {
@@ -211,7 +211,7 @@ QSize ScriptView::sizeHint() const {
             visible_rows * verticalHeader()->defaultSectionSize()};
 }
 
-/// Units in pixels, or in more than that where the fonts' lines need it.
+// Converts grid units to pixels: more of them where the fonts have higher lines.
 int ScriptView::pixels(int units) const {
     const int line =
         std::max(fontMetrics().lineSpacing(), QFontMetrics(value_font()).lineSpacing());
@@ -223,8 +223,8 @@ int ScriptView::row_pixels(int units) const {
 }
 
 void ScriptView::show_changes() {
-    show_heights(model_.follow());
-    viewport()->update(); // the marked command may be another one
+    show_heights(model_.update_rows());
+    viewport()->update(); // the marked command may have changed
     show_box();
 }
 
@@ -238,7 +238,7 @@ void ScriptView::show_heights(ScriptModel::Range rows) {
         return;
     QHeaderView& heights = *verticalHeader();
     const QSignalBlocker blocked(heights);
-    heights.setUpdatesEnabled(false); // a row at a time it would lay out all of them anew
+    heights.setUpdatesEnabled(false); // otherwise every row would cause a new layout
     for (int row = rows.first; row < rows.end; ++row)
         heights.resizeSection(row, row_pixels(model_.height(row)));
     heights.setUpdatesEnabled(true);
@@ -255,28 +255,28 @@ void ScriptView::show_box() {
         return;
     }
     if (box_cell_ == cell)
-        return lay_box();
+        return place_box();
     box_cell_ = cell;
     setCurrentIndex(cell);
     scrollTo(cell);
-    lay_box();
+    place_box();
     box_->show();
     box_->setFocus();
     box_->selectAll();
 }
 
-void ScriptView::lay_box() {
+void ScriptView::place_box() {
     if (box_cell_.isValid())
         box_->setGeometry(visualRect(box_cell_));
 }
 
-/// As a child of the viewport the box follows every scroll by itself.
+// Scrolling needs no code here: the box is a child of the viewport and moves with it.
 void ScriptView::updateGeometries() {
     QTableView::updateGeometries();
-    lay_box();
+    place_box();
 }
 
-/// Enter works like a click on the current cell.
+// Enter works like a click on the current cell.
 void ScriptView::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && currentIndex().isValid())

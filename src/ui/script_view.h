@@ -9,8 +9,8 @@
 
 namespace veldrune {
 
-/// The rows of the script below its header. The texts are the state's; of each row that a view
-/// knows of it keeps no more than a fingerprint, to find what an operation has changed.
+/// The rows of the script below its header. The texts are read from the state; the model stores
+/// only a fingerprint of each row, to find what an operation has changed.
 class ScriptModel : public QAbstractTableModel {
   public:
     explicit ScriptModel(const EditorState& state) : state_(state) {}
@@ -20,27 +20,27 @@ class ScriptModel : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// Rows from first on, up to end.
+    /// Rows first to end - 1.
     struct Range {
         int first;
         int end;
     };
-    /// Tells the views which rows have been changed, inserted and removed since the last time.
-    /// Returns those that were changed or inserted.
-    Range follow();
+    /// Notifies the views of rows changed, inserted and removed since the last call. Returns those
+    /// that were changed or inserted.
+    Range update_rows();
     /// Height of a row in units; 0 for the default.
     int height(int row) const { return script_row(row).height; }
 
   private:
-    void take(std::vector<std::size_t> rows, int former_end, int end);
+    void replace_rows(std::vector<std::size_t> rows, int old_end, int end);
     const ScriptRow& script_row(int row) const;
     QBrush background(int row) const;
 
     const EditorState& state_;
-    std::vector<std::size_t> shown_; // fingerprints
+    std::vector<std::size_t> shown_; // fingerprints of the rows that the views know
 };
 
-/// Text2: Enter takes its text, Shift and Enter part lines.
+/// Text2: Enter accepts the text, Shift and Enter begin a new line.
 class CellBox : public QPlainTextEdit {
   public:
     CellBox(QWidget* parent, Action enter);
@@ -56,8 +56,7 @@ class CellBox : public QPlainTextEdit {
 class ScriptView : public QTableView {
   public:
     ScriptView(EditorState& state, Bindings& bindings);
-    /// Shows what an operation has changed. The view stays where it is, unless the edit box has
-    /// come to a cell outside it.
+    /// Shows what an operation has changed. Scrolls only to a new edit box outside the view.
     void show_changes();
     void show_beginning();
     QSize sizeHint() const override;
@@ -71,12 +70,12 @@ class ScriptView : public QTableView {
     int row_pixels(int units) const;
     void show_heights(ScriptModel::Range rows);
     void show_box();
-    void lay_box();
+    void place_box();
 
     const Form9& form_;
     ScriptModel model_;
     CellBox* box_;
-    QPersistentModelIndex box_cell_; // where the box lies
+    QPersistentModelIndex box_cell_; // the cell under the box
 };
 
 } // namespace veldrune

@@ -22,8 +22,8 @@ void SideWindow::show_state() {
     setVisible(visible_);
 }
 
-void SideWindow::follow_to_front(bool& to_front) {
-    bindings_.rule([this, &to_front] {
+void SideWindow::bind_raise_request(bool& to_front) {
+    bindings_.on_show([this, &to_front] {
         if (!std::exchange(to_front, false))
             return;
         setWindowState(windowState() & ~Qt::WindowMinimized);

@@ -6,20 +6,20 @@
 
 namespace veldrune {
 
-/// A window beside the main one: it is there while the state says so.
+/// Base of all windows except the main one. It is visible while the state says so.
 class SideWindow : public QMainWindow {
   public:
-    /// Brings the window in line with the state.
+    /// Updates the window from the state.
     void show_state();
 
   protected:
-    /// close_in_editor tells the editor that the user has closed the window. parent is a window
-    /// that this one stays in front of, or null.
+    /// close_in_editor is called when the user closes the window. parent is a window that this one
+    /// stays in front of, or null.
     SideWindow(EditorState& state, EditGate& gate, const bool& visible,
                void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type);
     void closeEvent(QCloseEvent* event) override;
-    /// Brings the window in front of all others when the state wants it there, which is then done.
-    void follow_to_front(bool& to_front);
+    /// Lets the window come to the front when to_front is set, and clears to_front then.
+    void bind_raise_request(bool& to_front);
 
     EditorState& state_;
     Bindings bindings_;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int margin = 3;
 
-/// Picture1: hands clicks to the editor in pixels of the picture.
+// Picture1. Passes clicks to the editor, in pixels of the picture.
 class SheetPicture : public PixelPicture {
   public:
     SheetPicture(EditorState& state, const Bindings& bindings)
@@ -43,14 +43,14 @@ class SheetPicture : public PixelPicture {
 
 } // namespace
 
-TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& behind)
-    : SideWindow(state, gate, state.form8.visible, close_tile_chooser, &behind, Qt::Window) {
+TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& parent)
+    : SideWindow(state, gate, state.form8.visible, close_tile_chooser, &parent, Qt::Window) {
     setObjectName("Form8");
     setWindowTitle("Choose Tile");
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     auto* sheet = new SheetPicture(state, bindings_);
-    bindings_.rule([sheet] { sheet->follow(); });
-    follow_to_front(state.form8.to_front);
+    bindings_.on_show([sheet] { sheet->update_if_changed(); });
+    bind_raise_request(state.form8.to_front);
     auto* panel = new QWidget;
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(margin, margin, margin, margin);
@@ -58,12 +58,12 @@ TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& behind)
     layout->addWidget(sheet);
     setCentralWidget(panel);
     QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
-    // In the palette, too, which is a tool of this window.
+    // Works in the layer palette, too, which is a child of this window.
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
-    QRect place(QPoint(0, 0), sizeHint()); // leaves the map picture free
-    place.moveCenter(behind.frameGeometry().center());
-    place.moveRight(behind.frameGeometry().right());
+    QRect place(QPoint(0, 0), sizeHint()); // on the right, to leave the map picture visible
+    place.moveCenter(parent.frameGeometry().center());
+    place.moveRight(parent.frameGeometry().right());
     move(place.topLeft());
 }
 

@@ -4,10 +4,10 @@
 
 namespace veldrune {
 
-/// The tile chooser, Form8: the picture of all tiles, of which a click takes one.
+/// The tile chooser, Form8: a picture of all tiles, where a click selects one.
 class TileChooser : public SideWindow {
   public:
-    TileChooser(EditorState& state, EditGate& gate, QWidget& behind);
+    TileChooser(EditorState& state, EditGate& gate, QWidget& parent);
 };
 
 } // namespace veldrune

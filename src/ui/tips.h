@@ -6,7 +6,7 @@
 
 namespace veldrune {
 
-/// What a user reads on a control with a number: its meaning, and the form of the number.
+/// The tool tip of a control: its meaning and, for a number, the number form.
 inline QString number_tip(const char* meaning, NumberForm form) {
     const char* sentence = is_decimal(form)       ? " Decimal."
                            : is_hexadecimal(form) ? " Hexadecimal."

@@ -15,7 +15,7 @@ namespace veldrune {
 
 namespace {
 
-/// A kind of object: its box, which takes the kind's colour when ticked, and its number.
+// A kind of object: its box, in the colour of the kind while ticked, and the count of records.
 struct ObjectRow {
     ObjectKind kind;
     const char* control;
@@ -61,16 +61,16 @@ constexpr ButtonRow zoom_in_row  = {"Command4", "Zoom In",     Command::zoom_in,
 constexpr ButtonRow zoom_out_row = {"Command5", "Zoom Out",    Command::zoom_out, true, "Show the map half as large. Ctrl and wheel over the map.", Icon::zoom_out};
 // clang-format on
 
-/// A button that shows the picture of the current tile.
+// A button that shows the picture of the current tile.
 class TileButton : public QPushButton {
   public:
     explicit TileButton(const EditorState& state) : picture_(state.form1.Picture3) {}
-    void follow() {
+    void update_if_changed() {
         if (picture_.is_stale())
             update();
     }
     QSize sizeHint() const override {
-        const int side = pixel_view_room(*this, preview_side) + 12;
+        const int side = pixel_view_extent(*this, preview_side) + 12;
         return {side, side};
     }
 
@@ -78,7 +78,7 @@ class TileButton : public QPushButton {
     void paintEvent(QPaintEvent* event) override {
         QPushButton::paintEvent(event);
         QPainter painter(this);
-        const double margin = (width() - pixel_view_room(*this, preview_side)) / 2.0;
+        const double margin = (width() - pixel_view_extent(*this, preview_side)) / 2.0;
         picture_.draw(painter, pixel_view(*this, QPointF(margin, margin)));
     }
 
@@ -94,7 +94,7 @@ QLabel* heading(const Controls& controls, const char* control, const char* capti
     return label;
 }
 
-/// A heading over a column of widgets.
+// A heading over a column of widgets.
 QVBoxLayout* section(QLabel* title) {
     auto* layout = new QVBoxLayout;
     layout->setSpacing(4);
@@ -122,7 +122,7 @@ QVBoxLayout* view_boxes(const Controls& controls) {
     return layout;
 }
 
-/// Gives a ticked box the colour of its kind, and a text that reads well on it.
+// Gives a ticked box the colour of its kind, and a text colour with enough contrast.
 void colour_box(QCheckBox& box, Colour colour, bool ticked) {
     constexpr int dark = 64;
     if (box.autoFillBackground() == ticked)
@@ -141,7 +141,7 @@ QCheckBox* object_box(const Controls& controls, const ObjectRow& row) {
     QCheckBox* box =
         controls.box({row.control, row.caption, kind.shown, row.map_only, nullptr, row.tip});
     const bool& ticked = controls.state.form1.*kind.shown;
-    controls.bindings.rule([box, &kind, &ticked] { colour_box(*box, kind.colour, ticked); });
+    controls.bindings.on_show([box, &kind, &ticked] { colour_box(*box, kind.colour, ticked); });
     return box;
 }
 
@@ -201,7 +201,7 @@ QLineEdit* magnification(const Controls& controls) {
     return field;
 }
 
-/// Presses button once for every notch of the wheel.
+// Clicks a zoom button once for every notch of the wheel.
 void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom_out) {
     QObject::connect(picture, &MapPicture::zoomed, picture, [zoom_in, zoom_out](int notches) {
         QPushButton* button = notches > 0 ? zoom_in : zoom_out;
@@ -210,13 +210,13 @@ void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom
     });
 }
 
-/// The current tile at the left, the zoom at its right.
+// The current tile on the left, the zoom buttons on the right.
 QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
     auto* grid = new QGridLayout;
     auto* tile = new TileButton(controls.state);
     tile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     controls.button(tile, chooser_row);
-    controls.bindings.rule([tile] { tile->follow(); });
+    controls.bindings.on_show([tile] { tile->update_if_changed(); });
     QLabel* label = heading(controls, "Label14", chooser_row.caption);
     label->setBuddy(tile);
     grid->addWidget(label, 0, 0);
@@ -239,10 +239,10 @@ QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
     return grid;
 }
 
-QFrame* line() {
-    auto* made = new QFrame;
-    made->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    return made;
+QFrame* separator() {
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    return line;
 }
 
 } // namespace
@@ -252,9 +252,9 @@ QWidget* make_tools_panel(const Controls& controls, MapPicture* picture) {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(map_choice(controls));
-    column->addWidget(line());
+    column->addWidget(separator());
     column->addLayout(tile_and_zoom(controls, picture));
-    column->addWidget(line());
+    column->addWidget(separator());
     auto* choices = new QGridLayout;
     choices->addLayout(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);
     choices->addLayout(options(controls, new QLabel, grid_rows), 0, 1);
@@ -262,7 +262,7 @@ QWidget* make_tools_panel(const Controls& controls, MapPicture* picture) {
                        1, 0);
     choices->addLayout(view_boxes(controls), 1, 1);
     column->addLayout(choices);
-    column->addWidget(line());
+    column->addWidget(separator());
     column->addLayout(object_boxes(controls));
     column->addStretch();
     return panel;

@@ -11,7 +11,7 @@ namespace veldrune {
 
 namespace {
 
-// Makes the window when it is first to be seen, and updates it.
+// Updates the window; creates it when it is to be shown for the first time.
 template <typename Window, typename... Arguments>
 void show_side_window(std::unique_ptr<Window>& window, bool visible, Arguments&&... arguments) {
     if (visible && !window)

@@ -30,7 +30,7 @@ class Windows {
 
     EditorState& state_;
     EditGate gate_;
-    // Each window is declared before those that lie in front of it.
+    // A window is declared after its parent, so that it is destroyed before it.
     std::unique_ptr<MainWindow> form1_;
     std::unique_ptr<TileChooser> form8_;
     std::unique_ptr<LayerPalette> form2_;

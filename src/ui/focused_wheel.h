@@ -4,12 +4,12 @@
 
 namespace veldrune {
 
-/// A list, bar or strip that the wheel changes only while it has the focus, which the wheel alone
-/// does not give it.
+/// A list, scroll bar or tab bar that the wheel changes only while it has the keyboard focus.
+/// Turning the wheel does not give it the focus.
 template <typename Widget>
-class CalmWheel : public Widget {
+class FocusedWheel : public Widget {
   public:
-    CalmWheel() { this->setFocusPolicy(Qt::StrongFocus); }
+    FocusedWheel() { this->setFocusPolicy(Qt::StrongFocus); }
 
   protected:
     void wheelEvent(QWheelEvent* event) override {
