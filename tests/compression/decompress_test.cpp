@@ -16,7 +16,7 @@ struct Decoder : testing::Test {
         disk["image"].insert(disk["image"].begin(), 0x200, 0x33);
         RomImage rom(disk);
         EXPECT_TRUE(rom.open("image"));
-        disk.fail({}, {});
+        disk.fail(0, 0);
         decompress_stream(rom, 0x200, *buffer, limit);
         return Bytes(buffer->output(), buffer->output() + limit + 1);
     }

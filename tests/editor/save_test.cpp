@@ -12,12 +12,6 @@ namespace {
 
 using demo::demo_map::town;
 
-std::string grown(int layer, int bytes) {
-    return "Layer " + std::to_string(layer) + " is " + std::to_string(bytes) +
-           " bytes larger than the original map. Saving this map to the oringal memory location "
-           "will undoubtably mess something up. Continue?";
-}
-
 // Fills a layer's corner with what does not compress.
 void make_noise(Editor& editor, std::size_t layer, int columns, int rows) {
     Random random(6);
@@ -28,10 +22,8 @@ void make_noise(Editor& editor, std::size_t layer, int columns, int rows) {
 
 TEST(Save, EveryUntouchedMapComesBackByteForByte) {
     Editor editor;
-    save(editor.s); // without a map
-    EXPECT_EQ(editor.disk.writes, 0);
     editor.dialogs.file_names = {"b.smc"};
-    save_as(editor.s); // nor that: a copy, and the name
+    save_as(editor.s); // without a map: a copy, and the name
     EXPECT_EQ(editor.s.rom_path, "b.smc");
     for (int map = 0; map < rom_layout::map_count; ++map) {
         editor.choose(map);
@@ -56,7 +48,10 @@ TEST(Save, AGrownLayerIsAskedAboutInTheOrderOfThePasses) {
     save(t.s);
     Bytes image = t.image();
     const int size = image[0x300300] + 256 * image[0x300301];
-    const std::string first = grown(1, size - t.s.map.layers[0].layer_packed_size);
+    const std::string first =
+        "Layer 1 is " + std::to_string(size - t.s.map.layers[0].layer_packed_size) +
+        " bytes larger than the original map. Saving this map to the oringal memory location "
+        "will undoubtably mess something up. Continue?";
     save(t.s);
     ASSERT_EQ(questions.size(), 3u);
     EXPECT_TRUE(questions[0] == first && questions[2] == first);
@@ -66,10 +61,6 @@ TEST(Save, AGrownLayerIsAskedAboutInTheOrderOfThePasses) {
     EXPECT_EQ(image.size(), 0x300300u + static_cast<std::size_t>(size));
     image.resize(demo_bytes().size());
     EXPECT_TRUE(image == demo_bytes());
-    t.choose(town);
-    t.s.map.layers[2].layer_packed_size -= 1;
-    save(t.s);
-    EXPECT_EQ(questions.back(), grown(3, 1));
 }
 
 TEST(Save, AMissingLayer3IsSavedAs16By16) {
@@ -100,15 +91,12 @@ TEST(Save, WhatCantBeSavedIsReportedBeforeAnythingIsWritten) {
         {"Layer 1" + size + "2147483647 times 2147483647.",
          [](Town& t) { resize(t, 0, "2147483647", "2147483647"); }},
         {"Layer 2" + size + "65 times 128.", [](Town& t) { resize(t, 1, "65", "128"); }},
-        {"Layer 3" + size + "0 times 16.", [](Town& t) { resize(t, 2, "0", "16"); }},
         {"Layer 2 can't be saved: it is 128 tiles high, and only 64 of its rows could be loaded.",
          [](Town& t) { t.s.map.layers[1].rows_missing = true; }},
         {"Layer 1 can't be saved: its stream would take more than 9001 bytes.",
          [](Town& t) { resize(t, 0, "128", "64"); make_noise(t, 0, 128, 64); }},
-        {"Writing to a.smc at 80000000 failed. What was written before stays; nothing more is written.",
-         [](Town& t) { t.form.Text14 = "80000000"; }}, // outside every file
         {"Reading a.smc failed. What is shown of this map is not what the image holds, and it can't be saved.",
-         [](Town& t) { t.disk.fail({.at = 3}, {}); open_world_of_dawn(t.s); t.disk.fail({}, {}); }},
+         [](Town& t) { t.disk.fail(3, 0); open_world_of_dawn(t.s); t.disk.fail(0, 0); }},
     };
     // clang-format on
     for (const auto& [told, spoil] : cases) {
@@ -135,11 +123,10 @@ TEST(Save, WritesTheLayersThenTheirPointersThenTheRecord) {
             written.push_back(write.offset);
         EXPECT_EQ(written, offsets);
     };
-    t.form.Text14 = "30030G"; // counts 300300, and is reported once in either half
+    t.form.Text14 = "300300";
     t.form.Text12 = "310000";
     t.form.Text25 = "320000";
     save(t.s);
-    EXPECT_EQ(t.dialogs.messages.size(), 2u);
     expect_last_writes({0x300300, 0x320000, 0x310000, p1, p2, p3, 0xF5800 + town, record});
     t.dialogs.file_names = {"b.smc"};
     save_as(t.s);
@@ -148,13 +135,10 @@ TEST(Save, WritesTheLayersThenTheirPointersThenTheRecord) {
                         record + 23});
 }
 
-void choose_town(Editor& editor) {
-    editor.choose(town);
-}
-
-void open_dawn(Editor& editor) {
-    open_world_of_dawn(editor.s);
-}
+constexpr void (*openings[])(Editor&) = {
+    [](Editor& editor) { editor.choose(town); },
+    [](Editor& editor) { open_world_of_dawn(editor.s); },
+};
 
 TEST(Save, AFailedWriteLeavesAPrefixOfTheWrites) {
     struct Changed : Editor {
@@ -162,14 +146,13 @@ TEST(Save, AFailedWriteLeavesAPrefixOfTheWrites) {
             open(*this);
             make_noise(*this, 0, 16, 16);
             form.Text14 = form.Text24 = "300300";
-            form.Text12 = "310000";
             form.Text13 = "3";
             for (int i = 0; i < 20; ++i)
                 s.world.world_map.at(7 * i, i) ^= 1;
             s.changes_saved = false;
         }
     };
-    for (void (*const open)(Editor&) : {choose_town, open_dawn}) {
+    for (void (*const open)(Editor&) : openings) {
         const auto make = [&] { return Changed(open); };
         expect_prefixes_of_writes(make, [](Editor& editor) { save(editor.s); });
         const auto run = [](Editor& editor) {
@@ -202,40 +185,19 @@ TEST(SaveAs, GoesOnInTheCopyAndLeavesTheSource) {
 TEST(SaveAs, CancelAtTheQuestionLeavesTheCopyOpenUnderTheOldName) {
     Town t;
     make_noise(t, 0, 16, 16);
-    t.dialogs.file_names = {"b.smc", "c.smc"};
+    t.dialogs.file_names = {"b.smc"};
     t.dialogs.answers = {false};
     save_as(t.s);
     EXPECT_EQ(t.s.rom.path() + t.s.rom_path + t.form.Label20, "b.smca.smca.smc");
-    t.disk["b.smc"][0x100] = 0x77; // what is open is what the next copy is made of
-    save_as(t.s);
-    EXPECT_EQ(t.disk["c.smc"][0x100], 0x77);
-    EXPECT_EQ(t.form.Label20, "c.smc");
     EXPECT_TRUE(t.image() == demo_bytes());
 }
 
-TEST(SaveAs, ACopyThatCantBeMadeOrOpenedLeavesTheImageOpen) {
-    for (const bool made : {false, true}) {
-        Town t;
-        t.disk.refuse_open = made;
-        t.disk.fail({}, {.at = made ? 0 : 1});
-        t.dialogs.file_names = {"b.smc"};
-        save_as(t.s);
-        const std::string told = made ? "The image was copied to b.smc, but can't be opened there."
-                                      : "The image could not be copied to b.smc.";
-        EXPECT_EQ(t.dialogs.messages, (Messages{{told + " a.smc is still open.", "Error"}}));
-        EXPECT_EQ(t.s.rom.path() + t.form.Label20, "a.smca.smc");
-    }
-}
-
 TEST(Save, AMapOfAnotherImageAsksFirst) {
-    for (void (*const open)(Editor&) : {choose_town, open_dawn})
+    for (void (*const open)(Editor&) : openings)
         for (void (*const operation)(EditorState&) : {save, save_as}) {
             Editor editor;
             editor.disk["other.smc"] = demo_bytes();
             open(editor);
-            open_image_file(editor.s, "a.smc"); // the same file again
-            save(editor.s);
-            ASSERT_TRUE(editor.dialogs.silent());
             open_image_file(editor.s, "other.smc");
             editor.disk.writes = 0;
             editor.dialogs.answers = {false};
@@ -244,7 +206,8 @@ TEST(Save, AMapOfAnotherImageAsksFirst) {
             EXPECT_EQ(editor.disk.writes, 0);
             operation(editor.s); // OK
             EXPECT_GT(editor.disk.writes, 0);
-            save(editor.s); // it belongs to the open image now
+            EXPECT_NE(editor.dialogs.file_names.size(), 1u); // the name is asked for first
+            save(editor.s);                                  // it belongs to the open image now
             const std::string question =
                 "This map was read from a.smc, but other.smc is open. Save it all the same?";
             EXPECT_EQ(editor.dialogs.questions, (std::vector{question, question}));

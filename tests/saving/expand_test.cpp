@@ -72,7 +72,7 @@ TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
     // What can't be read is not copied, and half a patch is none.
     for (const auto& [reading, writing] : {std::pair(1, 0), std::pair(2, 0), std::pair(0, 3)}) {
         Editor editor(noise(0x300200));
-        editor.disk.fail({.at = reading}, {.at = writing});
+        editor.disk.fail(reading, writing);
         patch(editor);
         EXPECT_EQ(editor.disk.writes, writing);
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);

@@ -7,32 +7,22 @@
 
 namespace veldrune::test {
 
-/// A disk in memory that fails on demand. Files keep their contents when they are closed.
+/// A disk in memory that refuses on demand. Files keep their contents when they are closed.
 class MemoryDisk : public FileLayer {
   public:
-    /// One failure: the access of this number, counted from 1, or every one from it on, does
-    /// nothing (refused) or half of its work (short).
-    struct Fault {
-        int at = 0; // 0: never
-        bool from_then_on = false;
-        bool half = false;
-    };
-    Fault read_fault;
-    Fault write_fault; // counts writes, flushes, creations and renamings
     int reads = 0;
-    int writes = 0;
-    /// Every write that was done whole, in order.
+    int writes = 0; // with flushes, creations and renamings
+    /// Every write that was done, in order.
     struct Write {
         std::int64_t offset;
         Bytes bytes;
     };
     std::vector<Write> log;
-    bool refuse_open = false;
 
-    /// Starts counting anew, with these failures.
-    void fail(Fault reading, Fault writing) {
-        read_fault = reading;
-        write_fault = writing;
+    /// Starts counting anew. Refuses the read and the write of these numbers; 0: none.
+    void fail(int read, int write) {
+        refused_read_ = read;
+        refused_write_ = write;
         reads = writes = 0;
     }
 
@@ -46,18 +36,16 @@ class MemoryDisk : public FileLayer {
     std::size_t file_count() const { return files_.size(); }
 
     std::unique_ptr<File> open(const std::string& path) override {
-        if (refuse_open || !exists(path))
-            return nullptr;
-        return std::make_unique<OpenFile>(*this, files_[path]);
+        return exists(path) ? std::make_unique<OpenFile>(*this, files_[path]) : nullptr;
     }
     std::unique_ptr<File> create(const std::string& path, unsigned) override {
-        if (fails(write_fault, ++writes) || exists(path))
+        if (refuses_write() || exists(path))
             return nullptr;
         (*this)[path].clear();
         return std::make_unique<OpenFile>(*this, files_[path]);
     }
     bool rename(const std::string& from, const std::string& to) override {
-        if (fails(write_fault, ++writes) || !exists(from))
+        if (refuses_write() || !exists(from))
             return false;
         files_[to] = files_[from];
         files_.erase(from);
@@ -76,9 +64,7 @@ class MemoryDisk : public FileLayer {
         std::uint64_t number;
     };
 
-    static bool fails(const Fault& fault, int access) {
-        return fault.at != 0 && (fault.from_then_on ? access >= fault.at : access == fault.at);
-    }
+    bool refuses_write() { return ++writes == refused_write_; }
 
     class OpenFile : public File {
       public:
@@ -89,28 +75,22 @@ class MemoryDisk : public FileLayer {
             const Bytes& file = contents_->bytes;
             if (offset < 0 || offset >= std::ssize(file))
                 return 0;
-            std::size_t count =
+            if (++disk_.reads == disk_.refused_read_)
+                return std::nullopt;
+            const std::size_t count =
                 std::min(bytes.size(), file.size() - static_cast<std::size_t>(offset));
-            if (fails(disk_.read_fault, ++disk_.reads)) {
-                if (!disk_.read_fault.half)
-                    return std::nullopt;
-                count /= 2;
-            }
             std::copy_n(file.begin() + offset, count, bytes.begin());
             return count;
         }
         bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
-            if (offset < 0 || offset > 0x1000000) // the disk holds no file above 16 MiB
+            const bool fits = offset >= 0 && offset <= 0x1000000; // no file is above 16 MiB
+            if (!fits || disk_.refuses_write())
                 return false;
-            const bool failing = fails(disk_.write_fault, ++disk_.writes);
-            if (failing)
-                bytes = bytes.first(disk_.write_fault.half ? bytes.size() / 2 : 0);
-            else
-                disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
+            disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
             put_bytes(contents_->bytes, static_cast<std::size_t>(offset), bytes);
-            return !failing;
+            return true;
         }
-        bool flush() override { return !fails(disk_.write_fault, ++disk_.writes); }
+        bool flush() override { return !disk_.refuses_write(); }
         std::optional<FileStatus> status() override {
             return FileStatus{{1, contents_->number},
                               static_cast<std::int64_t>(contents_->bytes.size())};
@@ -123,6 +103,8 @@ class MemoryDisk : public FileLayer {
 
     std::map<std::string, std::shared_ptr<Contents>> files_;
     std::uint64_t last_number_ = 0;
+    int refused_read_ = 0;
+    int refused_write_ = 0;
 };
 
 } // namespace veldrune::test

@@ -88,17 +88,16 @@ struct WorldImage {
             put_bytes(bytes, place.palette, worlds[i].palette);
             put_bytes(bytes, place.map, literal_compress_world_map(worlds[i].tiles));
             put_bytes(bytes, place.graphics, literal_compress_world_map(worlds[i].graphics));
-            put_object(ObjectKind::entrance, i, worlds[i].entrance);
-            put_object(ObjectKind::event_trigger, i, worlds[i].event);
         }
+        put_records(ObjectKind::entrance, &WorldData::entrance);
+        put_records(ObjectKind::event_trigger, &WorldData::event);
     }
-    /// The only record of a world's list. The one of Dusk lies behind the one of Dawn.
-    void put_object(ObjectKind kind, std::size_t world, const Bytes& record) {
+    /// The only record of either world. The one of Dusk lies after the one of Dawn.
+    void put_records(ObjectKind kind, Bytes WorldData::*record) {
         const KindPlace& place = place_of(kind);
-        const std::size_t at = 0x400 + world * place.size;
-        put_word(bytes, place.pointers + 2 * world, at);
-        put_word(bytes, place.pointers + 2 * world + 2, at + place.size);
-        put_bytes(bytes, place.base + at, record);
+        put_objects(bytes, kind, 0, {worlds[0].*record, worlds[1].*record});
+        for (const std::size_t end : {1u, 2u})
+            put_word(bytes, place.pointers + 2 * end, 0x400 + end * place.size);
     }
 };
 
