@@ -1,5 +1,6 @@
-// Scripts of 1000 and 10000 bytes: loading, normalising all commands, encoding; and the wrapping of
-// the longest text. bytes_per_second shows whether the cost grows faster than the script.
+// Scripts of 1000 and 10000 bytes: loading, normalising all commands, encoding; a script of the
+// longest dialogues; and the wrapping of the longest text. bytes_per_second shows whether the cost
+// grows faster than the script.
 
 #include "dialogue/dialogue_text.h"
 #include "events/script_decoder.h"
@@ -8,6 +9,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <random>
 
 namespace veldrune {
@@ -103,6 +105,53 @@ void encode_a_script(benchmark::State& bench) {
     count_bytes(bench);
 }
 
+// 3333 dialogues of 4096 bytes, none of which is another one: all of one byte, or any bytes but the
+// end. The reference is a plain copy of as much text.
+std::vector<std::uint8_t> image_of_longest_dialogues(std::uint8_t byte) {
+    constexpr int count = 3333;
+    std::vector<std::uint8_t> image(0x110000, byte);
+    std::mt19937 random(1);
+    if (byte == 0)
+        std::ranges::generate(image, [&] { return static_cast<std::uint8_t>(random() % 255 + 1); });
+    for (int n = 0; n < count; ++n) {
+        const auto put_word = [&](std::size_t at, int word) {
+            image[at] = static_cast<std::uint8_t>(word);
+            image[at + 1] = static_cast<std::uint8_t>(word >> 8);
+        };
+        const auto at = static_cast<std::size_t>(n);
+        image[0x30000 + 3 * at] = 0x4B;
+        put_word(0x30000 + 3 * at + 1, n);
+        put_word(0xCE802 + 2 * at, 0x1000 + n);
+    }
+    image[0x30000 + 3 * count] = 0xFE;
+    return image;
+}
+
+void load_the_longest_dialogues(benchmark::State& bench) {
+    const ImageFile file(image_of_longest_dialogues(static_cast<std::uint8_t>(bench.range(0))));
+    const std::unique_ptr<FileLayer> disk = make_disk();
+    RomImage rom(*disk);
+    rom.open(file.path);
+    ScriptGrid grid;
+    for (auto _ : bench)
+        load_script(rom, 0x30000, false, grid);
+    std::size_t text = 0;
+    for (const ScriptRow& row : grid)
+        text += row.cells[explanation].size();
+    bench.counters["text"] = static_cast<double>(text);
+}
+
+void copy_as_much_text(benchmark::State& bench) {
+    const std::string text(max_dialogue_bytes * static_cast<std::size_t>(bench.range(0)), 'A');
+    std::vector<std::string> copies;
+    for (auto _ : bench) {
+        copies.clear();
+        for (int n = 0; n < 3333; ++n)
+            copies.push_back(text);
+        benchmark::DoNotOptimize(copies.data());
+    }
+}
+
 // 4096 bytes of six letters each: one word, words of five letters, words that fit no line.
 void wrap_the_longest_text(benchmark::State& bench) {
     std::string text(max_dialogue_bytes * 6, 'A');
@@ -123,6 +172,16 @@ BENCHMARK(normalise_a_script)
 BENCHMARK(encode_a_script)
     ->ArgsProduct({{0, 1, 2, 3, 4}, {1000, 10000}})
     ->Unit(benchmark::kMicrosecond);
+// Any bytes, a line break, "MOROSE", "> ", "A", "e ".
+BENCHMARK(load_the_longest_dialogues)
+    ->Arg(0)
+    ->Arg(0x01)
+    ->Arg(0x05)
+    ->Arg(0x15)
+    ->Arg(0x20)
+    ->Arg(0x80)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(copy_as_much_text)->Arg(1)->Arg(2)->Arg(6)->Unit(benchmark::kMillisecond);
 BENCHMARK(wrap_the_longest_text)->Arg(0)->Arg(5)->Arg(40)->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <span>
 
 namespace veldrune {
@@ -53,26 +54,72 @@ constexpr std::string_view pieces[256] = {
 };
 // clang-format on
 
-std::size_t count_from(std::string_view text, std::string_view what, std::size_t at) {
-    std::size_t count = 0;
-    for (; (at = text.find(what, at)) != none; at += what.size())
-        ++count;
+// A piece in eight bytes, which are copied as one whatever its length.
+struct Piece {
+    std::array<char, 7> text{};
+    std::uint8_t length = 0;
+};
+constexpr std::array<Piece, 256> packed_pieces = [] {
+    std::array<Piece, 256> packed;
+    for (std::size_t byte = 0; byte < packed.size(); ++byte) {
+        std::ranges::copy(pieces[byte], packed[byte].text.begin());
+        packed[byte].length = static_cast<std::uint8_t>(pieces[byte].size());
+    }
+    return packed;
+}();
+
+// How often two different characters stand side by side from a place on. Without branches, so that
+// many places are looked at in one step.
+std::uint8_t count_from(std::string_view text, std::string_view pair, std::size_t at) {
+    std::uint8_t count = 0;
+    for (; at + 1 < text.size(); ++at) {
+        const bool is_first = text[at] == pair[0], is_second = text[at + 1] == pair[1];
+        count = static_cast<std::uint8_t>(count + (is_first & is_second));
+    }
     return count;
+}
+
+// The first blank or carriage return from a place on. Both are looked for a stretch at a time, so
+// that a text with but one of the two is not searched to its end for every line.
+std::size_t word_end(std::string_view text, std::size_t start) {
+    constexpr std::size_t stretch = 128;
+    for (; start < text.size(); start += stretch) {
+        const std::string_view part = text.substr(start, stretch);
+        if (const std::size_t at = std::min(part.find(' '), part.find('\r')); at != none)
+            return start + at;
+    }
+    return none;
 }
 
 // Where the line that begins at start ends: at a line break within its width, at the last blank
 // there, or else at whichever of the two comes first after it.
 std::size_t line_end(std::string_view text, std::size_t start) {
-    const std::string_view reach = text.substr(start, line_width + line_break.size() - 1);
-    if (const std::size_t at = reach.find(line_break); at != none)
-        return start + at;
-    if (const std::size_t at = reach.substr(0, line_width).rfind(' '); at != none)
-        return start + at;
-    return text.find_first_of(" \r", start);
+    const std::size_t end = std::min(start + line_width, text.size());
+    std::size_t blank = none;
+    for (std::size_t at = start; at < end; ++at) {
+        if (text[at] == '\r' && text.substr(at, line_break.size()) == line_break)
+            return at;
+        if (text[at] == ' ')
+            blank = at;
+    }
+    return blank != none ? blank : word_end(text, start);
 }
 
 std::uint8_t count_options(std::string_view text) {
-    return static_cast<std::uint8_t>(count_from(text, option_marker, 1));
+    return count_from(text, option_marker, 1);
+}
+
+// What bytes up to the final 0 stand for.
+std::string expanded(std::span<const std::uint8_t> bytes) {
+    std::array<char, max_dialogue_bytes * sizeof(Piece)> text;
+    std::size_t length = 0;
+    for (const std::uint8_t byte : bytes) {
+        if (byte == 0)
+            break;
+        std::memcpy(&text[length], &packed_pieces[byte], sizeof(Piece));
+        length += packed_pieces[byte].length;
+    }
+    return {text.data(), length};
 }
 
 // File offset of a dialogue's text; -1, where nothing can be read, if its table entry is outside
@@ -115,20 +162,14 @@ DialogueText wrap_dialogue(std::string text) {
 }
 
 DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int number) {
-    std::string text;
-    std::int64_t at = text_offset(rom, dialogue_patched, number);
-    std::array<std::uint8_t, 256> block;
-    for (std::size_t done = 0; done < max_dialogue_bytes; done += block.size()) {
-        const std::size_t count = rom.read(at, block);
-        const auto bytes = std::span(block).first(count);
-        const auto end = std::ranges::find(bytes, std::uint8_t{0});
-        std::for_each(bytes.begin(), end,
-                      [&](std::uint8_t byte) { text += decode_dialogue_byte(byte); });
-        if (end != bytes.end() || count < block.size())
-            break;
-        at += static_cast<std::int64_t>(block.size());
-    }
-    return wrap_dialogue(std::move(text));
+    constexpr std::size_t first_read = 256; // most texts end there
+    const std::int64_t at = text_offset(rom, dialogue_patched, number);
+    std::array<std::uint8_t, max_dialogue_bytes> bytes;
+    const std::span<std::uint8_t> first = std::span(bytes).first(first_read);
+    std::size_t count = rom.read(at, first);
+    if (count == first_read && std::ranges::find(first, std::uint8_t{0}) == first.end())
+        count += rom.read(at + std::int64_t{first_read}, std::span(bytes).subspan(first_read));
+    return wrap_dialogue(expanded(std::span(bytes).first(count)));
 }
 
 } // namespace veldrune

@@ -62,4 +62,10 @@ struct EditorState {
     std::string rom_path;        // path of the open image, as Label20 shows it
 };
 
+/// Everything counts as saved: it has been, or was given up.
+inline void forget_changes(EditorState& state) {
+    state.changes_saved = true;
+    state.map.unsaved_painting = state.world.unsaved_painting = false;
+}
+
 } // namespace veldrune

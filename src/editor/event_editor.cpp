@@ -57,6 +57,30 @@ bool may_save_script(EditorState& state) {
     return false;
 }
 
+// A list that a load would give another number of offsets is saved only where the user wants that.
+// The bytes that were read come from the image: they lose nothing.
+bool may_save_lists(EditorState& state, const std::vector<std::uint8_t>& bytes) {
+    if (bytes == state.script.loaded.bytes)
+        return true;
+    const std::optional<int> row = row_of_misread_list(state.rom, bytes, state.form9.grid);
+    return !row ||
+           state.dialogs.question(
+               "Row " + std::to_string(*row) +
+               " holds another number of offsets than will be read there: as many as the dialogue "
+               "before it offers choices, or as the count of a list in between tells. The rest of "
+               "the script will be taken for something else. Save it all the same?");
+}
+
+// So is a script that was read from another place.
+bool may_save_at(EditorState& state, std::int64_t offset) {
+    const std::int64_t loaded = state.script.loaded.offset;
+    return offset == loaded ||
+           state.dialogs.question("This script was read from " + format_hex(loaded) +
+                                  " and will be written to " + format_hex(offset) +
+                                  ". The script there may be shorter: what lies behind it would be "
+                                  "overwritten. Write it there all the same?");
+}
+
 void refuse(EditorState& state, const CellRefusal& refusal) {
     const ScriptRow& row = row_at(state.form9.grid, refusal.row);
     refuse_cell(count_work_on_desk(state), refusal, row.cells[refusal.column]);
@@ -145,10 +169,14 @@ void save_script(EditorState& state) {
     const EncodedScript script = encode_script(state.form9.grid, state.dialogs);
     if (script.refusal)
         return refuse(state, *script.refusal);
-    if (static_cast<int>(script.bytes.size()) > state.script.loaded.length)
+    if (static_cast<int>(script.bytes.size()) > state.script.loaded.length())
         return state.dialogs.message(MessageKind::note, "Not Now", default_title);
-    write_or_report(state.rom, state.objects.selected_object.script_offset, script.bytes,
-                    state.dialogs);
+    const std::int64_t offset = state.objects.selected_object.script_offset;
+    if (!may_write(state.rom, state.dialogs) || !may_save_lists(state, script.bytes) ||
+        !may_save_at(state, offset))
+        return;
+    write_or_report(state.rom, offset, script.bytes, state.dialogs);
+    flush_or_report(state.rom, state.dialogs);
 }
 
 } // namespace veldrune

@@ -34,7 +34,9 @@ void on_script_offset_enter(EditorState& state);
 
 /// File > Save of the Event Editor: writes the script over the one at
 /// selected_object.script_offset, where it has not grown. Refuses what can't be encoded, a script
-/// that was not read whole and one that was read from another image.
+/// that was not read whole and one that was read from another image. Asks before it writes a list
+/// that would be read with another number of offsets, and before it writes to another place than
+/// the script was read from.
 void save_script(EditorState& state);
 
 } // namespace veldrune

@@ -61,10 +61,13 @@ void paint(EditorState& state, const Cursor& cursor) {
     if (!cursor.in_map)
         return;
     state.changes_saved = false;
-    if (state.world_map_mode)
+    if (state.world_map_mode) {
+        state.world.unsaved_painting = true;
         paint_world_tile(state, cursor);
-    else
+    } else {
+        state.map.unsaved_painting = true;
         paint_map_tile(state, cursor);
+    }
 }
 
 void pick_map_tile(EditorState& state, const Cursor& cursor) {

@@ -20,10 +20,10 @@ void read_object_counts(EditorState& state) {
 
 // The object window must not keep a record of another map or image, nor a list rows that the disk
 // has refused to give: a save would write them where they don't belong.
-void read_object_lists(EditorState& state, ObjectKinds kinds) {
+void read_object_lists(EditorState& state, ObjectKinds kinds, int map) {
     const ReadWatch reads(state.rom);
     ObjectLists& lists = state.objects.lists;
-    const bool same = load_object_lists(state.rom, kinds, state.form1.Combo1, lists);
+    const bool same = load_object_lists(state.rom, kinds, map, lists);
     const bool refused =
         report_refused_reads(reads, "The objects of the map are not shown.", state.dialogs);
     if (refused)

@@ -162,8 +162,11 @@ void save_object(EditorState& state) {
     if (!record)
         return;
     const auto size = static_cast<std::size_t>(object_kind_row(kind).record_size);
+    if (!may_write(state.rom, state.dialogs))
+        return;
     write_or_report(state.rom, object_offset(kind, chosen_list(state), *object.index),
                     std::span(*record).first(size), state.dialogs);
+    flush_or_report(state.rom, state.dialogs);
 }
 
 void close_object_window(EditorState& state) {

@@ -14,6 +14,11 @@ void open_image_file(EditorState& state, const std::string& path) {
     state.rom_open = true;
     state.form1.Combo1_enabled = true;
     read_patch_flags(state.rom, state.patch_flags);
+    if (state.rom.is_edited_elsewhere())
+        state.dialogs.message(MessageKind::warning,
+                              path + " is open in another editor, too. What one of them saves can "
+                                     "overwrite what the other one has saved.",
+                              "Warning");
 }
 
 void open_image(EditorState& state) {

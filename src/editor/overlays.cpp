@@ -21,7 +21,7 @@ void draw_shown(EditorState& state, ObjectKinds kinds, ViewPlace place) {
 } // namespace
 
 void draw_objects(EditorState& state) {
-    read_object_lists(state, map_object_kinds);
+    read_object_lists(state, map_object_kinds, state.form1.Combo1);
     draw_shown(state, draw_order, map_place(state.form1, state.zoom));
 }
 

@@ -1,6 +1,9 @@
 #include "editor/save.h"
 
 #include "editor/open_image.h"
+#include "rom/number_text.h"
+#include "rom/reported_access.h"
+#include "saving/save_doubts.h"
 #include "saving/save_layers.h"
 #include "saving/save_properties.h"
 #include "saving/save_world.h"
@@ -21,9 +24,44 @@ bool may_save_foreign_map(EditorState& state) {
                                   state.rom.path() + " is open. Save it all the same?");
 }
 
-bool save_all_layers(EditorState& state) {
-    return save_layers(state.rom, state.form1, state.map.layers, state.work.compress_output,
-                       state.dialogs);
+// What Save and Save As would save, and what they would not.
+std::string name_of_map(const EditorState& state) {
+    return "map " + std::to_string(state.map.map_index);
+}
+std::string name_of_world(const EditorState& state) {
+    return std::string("the ") + world_row(state.world.world).name;
+}
+
+// After a save everything counts as saved, although it writes the map or the world alone.
+bool may_leave_painting(EditorState& state) {
+    const bool world = state.world_map_open;
+    if (!(world ? state.map.unsaved_painting : state.world.unsaved_painting))
+        return true;
+    const std::string saved = world ? name_of_world(state) : name_of_map(state);
+    const std::string left = world ? name_of_map(state) : name_of_world(state);
+    return state.dialogs.question("This saves " + saved + ". The painting on " + left +
+                                  " has not been saved and would count as given up. Save " + saved +
+                                  " all the same?");
+}
+
+bool is_meant(EditorState& state, const std::string& doubts) {
+    return doubts.empty() ||
+           state.dialogs.question("This save can hardly be meant as the fields are:\n\n" + doubts +
+                                  "\nSave all the same?");
+}
+
+bool map_save_is_meant(EditorState& state, SaveKind kind) {
+    return is_meant(state, doubts_about_layers(state.rom, state.form1, state.map, kind,
+                                               state.work.compress_output));
+}
+
+bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> stream) {
+    if (stream.empty()) // is refused when its turn comes
+        return true;
+    SilentDialogs silent;
+    std::string location = state.form1.Text24;
+    const std::string why = doubts_about_world(parse_hex_text(location, silent), stream.size());
+    return is_meant(state, why.empty() ? "" : "The world map at " + location + ": " + why + "\n");
 }
 
 bool refuse(EditorState& state, const std::string& why) {
@@ -36,8 +74,9 @@ bool refuse(EditorState& state, const std::string& why) {
 // been reported; the former image is then still open.
 bool switch_to_copy(EditorState& state, const std::string& path) {
     const FileIdentity original = state.rom.identity();
-    if (!state.rom.is_file(path) && !state.rom.copy_to(path))
-        return refuse(state, "The image could not be copied to " + path + ".");
+    if (!state.rom.is_file(path))
+        if (const auto why = state.rom.copy_to(path))
+            return refuse(state, "The image could not be copied to " + path + *why + ".");
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     const ImageSource copy = source_of(state.rom);
@@ -48,57 +87,73 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
     return true;
 }
 
-bool save_properties(EditorState& state) {
-    return save_map_properties(state.rom, state.form1, state.map.map_properties,
-                               state.map.map_index, state.dialogs);
-}
-
-bool save_properties_as(EditorState& state) {
-    return save_map_properties_as(state.rom, state.form1, state.map.record_at_load,
-                                  state.map.map_index, state.dialogs);
-}
-
-// True if the whole map has been written; it then counts as read from the open image.
-bool save_map(EditorState& state, bool (*save_the_properties)(EditorState&)) {
-    if (!save_all_layers(state) || !save_the_properties(state))
+bool write_map(EditorState& state, MapProperties& record, SaveKind kind) {
+    ChosenMap& map = state.map;
+    if (!save_layers(state.rom, state.form1, map.layers, state.work.compress_output, state.dialogs))
         return false;
-    state.changes_saved = true;
+    return kind == SaveKind::save
+               ? save_map_properties(state.rom, state.form1, record, map.map_index, state.dialogs)
+               : save_map_properties_as(state.rom, state.form1, map.record_at_load, map.map_index,
+                                        state.dialogs);
+}
+
+// True where the whole map has been written and is on the disk; the open image holds it from then
+// on.
+bool save_map(EditorState& state, SaveKind kind) {
+    MapProperties record = state.map.map_properties;
+    const bool written = write_map(state, record, kind);
+    if (!flush_or_report(state.rom, state.dialogs) || !written)
+        return false;
+    state.map.map_properties = record;
     state.map.source = source_of(state.rom);
+    forget_changes(state);
     return true;
 }
 
-void save_world(EditorState& state) {
-    if (!save_world_map(state.rom, state.form1.Text24, state.world, state.work.compress_output,
-                        state.dialogs))
+void save_world(EditorState& state, std::span<const std::uint8_t> stream) {
+    const bool written =
+        save_world_map(state.rom, state.form1.Text24, state.world, stream, state.dialogs);
+    if (!flush_or_report(state.rom, state.dialogs) || !written)
         return;
-    state.changes_saved = true;
     state.world.source = source_of(state.rom);
-}
-
-// Whether the window shows the copy's path from now on: with a world map even if the save failed.
-bool save_into_copy(EditorState& state) {
-    if (!state.world_map_open)
-        return save_map(state, save_properties_as);
-    save_world(state);
-    return true;
+    forget_changes(state);
 }
 
 } // namespace
 
 void save(EditorState& state) {
-    if (!source_of_save(state) || !may_save_foreign_map(state))
+    if (!source_of_save(state) || !may_save_foreign_map(state) ||
+        !may_write(state.rom, state.dialogs) || !may_leave_painting(state))
         return;
-    if (state.world_map_open)
-        save_world(state);
-    else
-        save_map(state, save_properties);
+    if (!state.world_map_open) {
+        if (map_save_is_meant(state, SaveKind::save))
+            save_map(state, SaveKind::save);
+        return;
+    }
+    const auto stream = pack_world(state.world, state.work.compress_output);
+    if (world_save_is_meant(state, stream))
+        save_world(state, stream);
 }
 
+// After a world map the copy takes over the name, whatever became of the save.
 void save_as(EditorState& state) {
     const auto path = state.dialogs.save_file_name();
-    if (!path || !may_save_foreign_map(state) || !switch_to_copy(state, *path))
+    if (!path || !may_save_foreign_map(state))
         return;
-    if (!source_of_save(state) || save_into_copy(state))
+    const bool something = source_of_save(state).has_value();
+    const bool world = something && state.world_map_open;
+    const bool map = something && !state.world_map_open;
+    if (something && !may_leave_painting(state))
+        return;
+    std::span<const std::uint8_t> stream;
+    if (world)
+        stream = pack_world(state.world, state.work.compress_output);
+    if ((map && !map_save_is_meant(state, SaveKind::save_as)) ||
+        (world && !world_save_is_meant(state, stream)) || !switch_to_copy(state, *path))
+        return;
+    if (world)
+        save_world(state, stream);
+    if (!map || save_map(state, SaveKind::save_as))
         set_image_path(state, *path);
 }
 

@@ -19,10 +19,13 @@ void enable_map_fields(Form1& form) {
 }
 
 bool may_drop_changes(EditorState& state) {
-    if (!state.changes_saved)
-        state.changes_saved = state.dialogs.question(
-            "Selecting another map without saving will erase your changes, continue?");
-    return state.changes_saved;
+    if (state.changes_saved)
+        return true;
+    if (!state.dialogs.question(
+            "Selecting another map without saving will erase your changes, continue?"))
+        return false;
+    forget_changes(state);
+    return true;
 }
 
 } // namespace

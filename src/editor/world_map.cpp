@@ -16,6 +16,10 @@ void show_world_controls(EditorState& state) {
     state.form1.Text24_visible = true;
 }
 
+void read_world_objects(EditorState& state) {
+    read_object_lists(state, world_object_kinds, world_row(state.world.world).map);
+}
+
 // Chooses the map whose object lists the world uses, and returns to the world whatever the user
 // answers to the question about unsaved changes. On Cancel the lists of the former map stay.
 void load_world_objects(EditorState& state) {
@@ -24,10 +28,29 @@ void load_world_objects(EditorState& state) {
     const bool chosen = state.changes_saved;
     show_world_controls(state);
     if (chosen)
-        read_object_lists(state, world_object_kinds);
+        read_world_objects(state);
+}
+
+// The world in memory on show again, so that Save can save it.
+void show_world_again(EditorState& state) {
+    show_world_controls(state);
+    state.zoom = farthest_zoom;
+    show_scroll_bars(state.form1, true);
+    read_world_objects(state);
+    refresh_world_view(state);
+}
+
+bool may_drop_painting(EditorState& state, World world) {
+    const std::string held = world_row(state.world.world).name;
+    return !state.world.unsaved_painting ||
+           state.dialogs.question("The painting on the " + held +
+                                  " has not been saved. Opening the " + world_row(world).name +
+                                  " drops it. Continue? Cancel shows the " + held + " again.");
 }
 
 void open_world_map(EditorState& state, World world) {
+    if (!may_drop_painting(state, world))
+        return show_world_again(state);
     state.world_map_open = state.world_map_mode = true;
     if (!state.rom_open)
         return;

@@ -84,6 +84,7 @@ constexpr int queue_size(std::uint8_t length) {
     return length > 0x80 ? length - 0x80 : length;
 }
 
+inline constexpr std::uint8_t option_list_command = 0xB6;
 inline constexpr std::uint8_t return_command = 0xFE;
 inline constexpr std::uint8_t end_queue_action = 0xFF;
 

@@ -3,6 +3,7 @@
 #include "dialogue/dialogue_text.h"
 #include "events/command_table.h"
 #include "rom/number_text.h"
+#include "rom/patch_marks.h"
 #include "rom/rom_layout.h"
 
 #include <algorithm>
@@ -37,7 +38,12 @@ class Decoder {
             ScriptGrid& grid)
         : rom_(rom), dialogue_patched_(dialogue_patched), bytes_(bytes), grid_(grid) {}
 
-    LoadedScript decode() {
+    // The bytes that make up the script, and whether its end is among them.
+    struct Decoded {
+        std::size_t length;
+        bool whole;
+    };
+    Decoded decode() {
         while (index_ < bytes_.size()) {
             const std::size_t rows_before = grid_.size();
             const std::uint8_t code = bytes_[index_];
@@ -47,12 +53,18 @@ class Decoder {
                 break;
             }
             if (code == return_command)
-                return {static_cast<int>(index_), true};
+                return {index_, true};
         }
-        return {static_cast<int>(bytes_.size()), false};
+        return {bytes_.size(), false};
     }
 
   private:
+    struct ShownDialogue {
+        std::size_t row; // of its text
+        std::uint8_t line_count;
+        std::uint8_t option_count;
+    };
+
     void decode_command() {
         command_ = index_;
         const ScriptCommand& command = script_command(byte_at(index_));
@@ -98,18 +110,27 @@ class Decoder {
         const bool tall = byte_at(command_) == 0x48;
         const std::uint32_t reference = take(size_of(ParameterKind::dialogue));
         last_dialogue_ = dialogue_number(reference).value_or(last_dialogue_);
-        const DialogueText& dialogue = dialogue_text(last_dialogue_);
+        add_row(secondary, format_hex(reference), "");
+        const ShownDialogue& dialogue = show_dialogue(last_dialogue_);
         last_option_count_ = dialogue.option_count;
-        add_row(secondary, format_hex(reference), dialogue.text,
-                tall ? waiting_dialogue_height : dialogue.line_count * script_line_height);
+        grid_.back().height =
+            tall ? waiting_dialogue_height : dialogue.line_count * script_line_height;
     }
 
-    // Each is read once: bytes that make no sense may show the same long text again and again.
-    const DialogueText& dialogue_text(int number) {
-        const auto [text, is_new] = dialogues_.try_emplace(number);
-        if (is_new)
-            text->second = read_dialogue_text(rom_, dialogue_patched_, number);
-        return text->second;
+    // Puts the text into the last row. Each is read once, and stands where it was shown first:
+    // bytes that make no sense may show the same long text again and again.
+    const ShownDialogue& show_dialogue(int number) {
+        const auto [entry, is_new] = dialogues_.try_emplace(number);
+        ShownDialogue& shown = entry->second;
+        std::string& cell = grid_.back().cells[explanation];
+        if (is_new) {
+            DialogueText dialogue = read_dialogue_text(rom_, dialogue_patched_, number);
+            cell = std::move(dialogue.text);
+            shown = {grid_.size() - 1, dialogue.line_count, dialogue.option_count};
+        } else {
+            cell = grid_[shown.row].cells[explanation];
+        }
+        return shown;
     }
 
     // Lines of as many bytes as the data is wide. What the height tells beyond the 8 bits of their
@@ -170,12 +191,42 @@ class Decoder {
     const bool dialogue_patched_;
     const std::span<const std::uint8_t> bytes_;
     ScriptGrid& grid_;
-    std::map<int, DialogueText> dialogues_;
+    std::map<int, ShownDialogue> dialogues_;
     std::size_t index_ = 0;              // of the next byte; beyond the end where bytes are missing
     std::size_t command_ = 0;            // where the present command began
     int last_dialogue_ = 0;              // number of the dialogue shown last
     std::uint8_t last_option_count_ = 0; // its options, or the count of a list behind it
 };
+
+// Lays bytes out in the grid as the script that they begin with.
+Decoder::Decoded decode_script(const RomImage& rom, bool dialogue_patched,
+                               std::span<const std::uint8_t> bytes, ScriptGrid& grid) {
+    grid = empty_script_grid();
+    grid.pop_back();
+    grid.reserve(bytes.size() + 2); // about a row a byte
+    const Decoder::Decoded script = Decoder(rom, dialogue_patched, bytes, grid).decode();
+    grid.push_back(blank_script_row());
+    return script;
+}
+
+// The cell of a 0xB6 and how many offsets it holds.
+struct OptionList {
+    int row;
+    std::size_t offsets;
+};
+
+std::vector<OptionList> option_lists(const ScriptGrid& grid) {
+    std::vector<OptionList> lists;
+    int command = -1;
+    for (int row = 1; row < static_cast<int>(grid.size()) && command != return_command; ++row)
+        if (starts_command(grid, row)) {
+            command = command_code_at(grid, row);
+        } else if (command == option_list_command && !is_blank(row_at(grid, row))) {
+            const auto offsets = offsets_in(row_at(grid, row).cells[secondary]);
+            lists.push_back({row, offsets ? offsets->size() : 0});
+        }
+    return lists;
+}
 
 } // namespace
 
@@ -183,13 +234,25 @@ LoadedScript load_script(const RomImage& rom, std::int64_t offset, bool dialogue
                          ScriptGrid& grid) {
     std::array<std::uint8_t, max_script_bytes> bytes;
     const std::size_t count = rom.read(offset, bytes);
-    grid = empty_script_grid();
-    grid.pop_back();
-    grid.reserve(count + 2); // about a row a byte
-    const LoadedScript script =
-        Decoder(rom, dialogue_patched, std::span(bytes).first(count), grid).decode();
-    grid.push_back(blank_script_row());
-    return script;
+    const Decoder::Decoded script =
+        decode_script(rom, dialogue_patched, std::span(bytes).first(count), grid);
+    return {offset, {bytes.data(), bytes.data() + script.length}, script.whole};
+}
+
+// Before the first list that differs the bytes hold the same commands as the grid: its partner is
+// the list of the same number, or none where the bytes then end within that one.
+std::optional<int> row_of_misread_list(const RomImage& rom, std::span<const std::uint8_t> bytes,
+                                       const ScriptGrid& grid) {
+    const std::vector<OptionList> held = option_lists(grid);
+    if (held.empty())
+        return std::nullopt;
+    const ReadWatch reads(rom);
+    ScriptGrid loaded;
+    decode_script(rom, has_dialogue_patch(rom), bytes, loaded);
+    const std::vector<OptionList> read = option_lists(loaded);
+    const auto first =
+        std::ranges::mismatch(held, read, {}, &OptionList::offsets, &OptionList::offsets).in1;
+    return first == held.end() || reads.refused() ? std::nullopt : std::optional(first->row);
 }
 
 } // namespace veldrune

@@ -10,13 +10,16 @@ std::string& current_cell(ScriptDesk desk) {
 
 void insert_row_at(ScriptDesk desk, int row, ScriptRow what) {
     insert_row(desk.form.grid, row, std::move(what));
-    for (int* place : {&desk.entry.cell_row, &desk.entry.command_row})
+    for (int* place : {&desk.entry.cell_row, &desk.entry.clicked_row, &desk.entry.command_row})
         if (*place >= row)
             ++*place;
 }
 
 void remove_rows_at(ScriptDesk desk, int first, int end) {
     remove_rows(desk.form.grid, first, end);
+    int& clicked = desk.entry.clicked_row;
+    if (clicked >= first)
+        clicked = clicked < end ? 0 : clicked - (end - first);
     for (int* place : {&desk.entry.cell_row, &desk.entry.command_row})
         if (*place >= first)
             *place = std::max(first, *place - (end - first));

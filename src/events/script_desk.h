@@ -24,6 +24,7 @@ enum class Awaited {
 struct ScriptEntry {
     Awaited awaited = Awaited::nothing;
     int cell_row = 0;      // clicked or added row, 0 before; in a queue the row entered last
+    int clicked_row = 0;   // of the click that ends an entry, 0 once that row is gone
     int command_row = 0;   // the remembered command's first row
     int command_code = -1; // its code, -1 with no command remembered
     int actions_left = 0;  // actions of a new queue still to be entered, the end not included

@@ -1,13 +1,9 @@
 #include "events/script_encoder.h"
 
 #include "rom/number_text.h"
-#include "rom/rom_layout.h"
 
 namespace veldrune {
 namespace {
-
-constexpr std::uint64_t lowest_offset = rom_layout::event_scripts;
-constexpr std::uint64_t highest_offset = lowest_offset + 0xFFFFFF;
 
 // Every step is false where it refused; nothing is encoded after that.
 class Encoder {
@@ -29,6 +25,8 @@ class Encoder {
         const int code = command_code_at(grid_, row);
         if (code < 0)
             return refuse(row, secondary, "it belongs to no command");
+        if (!holds_value_alone(row, primary))
+            return false;
         emit(static_cast<std::uint32_t>(code), 1);
         ended_ = code == return_command;
         return ended_ || encode_rows(row, script_command(static_cast<std::uint8_t>(code)));
@@ -41,7 +39,7 @@ class Encoder {
             const int row = next_row(end);
             if (row < 0)
                 return refuse(command, primary, "the command lacks rows");
-            if (!encode_parameter(parameter.kind, row))
+            if (!holds_value_alone(row, secondary) || !encode_parameter(parameter.kind, row))
                 return false;
         }
         if (shape.is_queue())
@@ -86,9 +84,10 @@ class Encoder {
 
     bool encode_offset(const std::string& digits, int row, ScriptColumn column) {
         const std::uint64_t offset = is_blank(digits) ? 0 : number_in(digits, dialogs_);
-        if (offset < lowest_offset || offset > highest_offset)
+        if (offset < lowest_script_offset || offset > highest_script_offset)
             return refuse(row, column, "an offset lies between 0A0200 and 10A01FF");
-        emit(static_cast<std::uint32_t>(offset - lowest_offset), size_of(ParameterKind::pointer));
+        emit(static_cast<std::uint32_t>(offset - lowest_script_offset),
+             size_of(ParameterKind::pointer));
         return true;
     }
 
@@ -137,7 +136,8 @@ class Encoder {
     bool encode_action(int row, int end) {
         if (is_blank(cell_at(row, secondary)))
             return refuse(row, tertiary, "it belongs to no action");
-        if (!encode_value(ParameterKind::byte, row, secondary))
+        if (!holds_value_alone(row, secondary) ||
+            !encode_value(ParameterKind::byte, row, secondary))
             return false;
         for (const Parameter& parameter : queue_action(script_.bytes.back()).parameters()) {
             const int at = next_row(end);
@@ -146,6 +146,14 @@ class Encoder {
             if (!encode_value(parameter.kind, at, tertiary))
                 return false;
         }
+        return true;
+    }
+
+    // No other column of a row that has its value in this one holds any.
+    bool holds_value_alone(int row, ScriptColumn its_column) {
+        for (const ScriptColumn column : {primary, secondary, tertiary})
+            if (column != its_column && !is_blank(cell_at(row, column)))
+                return refuse(row, column, "it has no value in that column");
         return true;
     }
 

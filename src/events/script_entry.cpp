@@ -92,6 +92,12 @@ int row_for_command(const ScriptGrid& grid, int row) {
     return row < spare ? row : last_return(grid);
 }
 
+// Whether a cell that was clicked can be edited; row 0 is the header.
+bool holds_value(const ScriptGrid& grid, int row, int column) {
+    return row > 0 && column >= primary && column < explanation &&
+           !is_blank(row_at(grid, row).cells[static_cast<std::size_t>(column)]);
+}
+
 } // namespace
 
 void refuse_cell(ScriptDesk desk, const CellRefusal& refusal, const std::string& text) {
@@ -111,16 +117,15 @@ void end_entry(ScriptDesk desk) {
 
 void click_cell(ScriptDesk desk, int row, int column) {
     const bool in_grid = row > 0 && row < static_cast<int>(desk.form.grid.size());
-    const bool editable = in_grid && column >= primary && column < explanation &&
-                          !is_blank(row_at(desk, row).cells[static_cast<std::size_t>(column)]);
+    desk.entry.clicked_row = in_grid ? row : 0;
     if (in_grid)
         desk.entry.cell_row = row;
     end_entry(desk);
-    if (!editable) {
+    row = desk.entry.clicked_row;
+    if (!holds_value(desk.form.grid, row, column)) {
         forget_command(desk);
         return hide_edit_box(desk);
     }
-    row = desk.entry.cell_row;
     const auto value_column = static_cast<ScriptColumn>(column);
     edit_cell(desk, row, value_column, row_at(desk, row).cells[value_column]);
 }

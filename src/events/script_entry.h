@@ -14,8 +14,8 @@ struct OpenScript {
     ScriptEntry entry;
 };
 
-/// A click on a cell: ends an entry and lays the edit box on the cell, unless it is blank or an
-/// explanation.
+/// A click on a cell: ends an entry, then lays the edit box on the cell, wherever its row stands by
+/// then, unless the row is gone, or the cell blank or an explanation.
 void click_cell(ScriptDesk desk, int row, int column);
 
 /// Enter in the edit box: takes its text into the grid and goes on to the next cell of the entry.

@@ -17,17 +17,22 @@ bool is_row(const ScriptGrid& grid, int row) {
     return row >= 0 && row < static_cast<int>(grid.size());
 }
 
-// The lines of a list cell that hold anything, without blanks.
-std::vector<std::string> lines_of(std::string_view cell) {
-    std::vector<std::string> lines;
+// What stands between blanks and line breaks.
+std::vector<std::string> pieces_of(std::string_view cell) {
+    std::vector<std::string> pieces;
     for (std::size_t at = 0; at < cell.size();) {
-        const std::size_t end = std::min(cell.find_first_of("\r\n", at), cell.size());
-        std::string line = without_blanks(cell.substr(at, end - at));
-        if (!line.empty())
-            lines.push_back(std::move(line));
+        const std::size_t end = std::min(cell.find_first_of(" \r\n", at), cell.size());
+        if (end > at)
+            pieces.emplace_back(cell.substr(at, end - at));
         at = end + 1;
     }
-    return lines;
+    return pieces;
+}
+
+bool is_long_as_an_offset(const std::string& piece) {
+    const std::uint64_t value = plain_hex(piece).value_or(0);
+    return piece.size() == 5 || piece.size() == 6 ||
+           (piece.size() == 7 && value >= 0x1000000 && value <= highest_script_offset);
 }
 
 } // namespace
@@ -117,11 +122,8 @@ void remove_rows(ScriptGrid& grid, int first, int end) {
 }
 
 std::optional<std::vector<std::string>> offsets_in(std::string_view cell) {
-    const auto is_offset = [](const std::string& line) {
-        return line.size() >= 5 && line.size() <= 7;
-    };
-    std::vector<std::string> offsets = lines_of(cell);
-    if (std::ranges::all_of(offsets, is_offset))
+    std::vector<std::string> offsets = pieces_of(cell);
+    if (std::ranges::all_of(offsets, is_long_as_an_offset))
         return offsets;
     const std::string digits = without_breaks(cell);
     if (digits.size() % 6 != 0)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/form9.h"
+#include "rom/rom_layout.h"
 
 #include <cstdint>
 #include <optional>
@@ -58,9 +59,13 @@ int command_end(const ScriptGrid& grid, int row);
 void insert_row(ScriptGrid& grid, int row, ScriptRow what);
 void remove_rows(ScriptGrid& grid, int first, int end);
 
-/// The offsets in a list cell, each as its digits. Where every line holds five, six or seven
-/// digits each line is an offset; otherwise all digits are taken six by six. Nothing where their
-/// number is no multiple of six.
+/// What a pointer of a script can tell, as cells show it.
+inline constexpr std::uint64_t lowest_script_offset = rom_layout::event_scripts;
+inline constexpr std::uint64_t highest_script_offset = lowest_script_offset + 0xFFFFFF;
+
+/// The offsets in a list cell, each as its digits. Where every piece between blanks or line breaks
+/// is as long as an offset, with five or six digits, or seven from 1000000 to 10A01FF, each is one;
+/// otherwise all digits are taken six by six. Nothing where their number is no multiple of six.
 std::optional<std::vector<std::string>> offsets_in(std::string_view cell);
 
 } // namespace veldrune

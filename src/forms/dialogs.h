@@ -39,4 +39,13 @@ class Dialogs {
     virtual std::optional<std::string> save_file_name() = 0;
 };
 
+/// Says nothing and agrees to everything: for looking ahead at what an operation would do.
+class SilentDialogs : public Dialogs {
+  public:
+    void message(MessageKind, const std::string&, const std::string&) override {}
+    bool question(const std::string&) override { return true; }
+    std::optional<std::string> open_file_name() override { return std::nullopt; }
+    std::optional<std::string> save_file_name() override { return std::nullopt; }
+};
+
 } // namespace veldrune

@@ -28,6 +28,7 @@ void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, Chos
     const MapProperties record = read_record(rom, map_index);
     map.map_index = map_index;
     map.source = source_of(rom);
+    map.unsaved_painting = false;
     map.map_properties = map.record_at_load = record;
     map.layer3_order = read_layer3_order(rom, record);
     // The load takes four bits of byte 27, the field and the build take five.

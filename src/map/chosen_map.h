@@ -16,7 +16,8 @@ struct ChosenMap {
     MapProperties map_properties{};    // the record in memory, as chosen, pasted or last saved
     MapProperties record_at_load{};    // the record as the image held it when the map was chosen
     std::array<Layer, layer_count> layers;
-    int layer3_order = 0; // 0 at the bottom, 1 right above layer 2's low tiles, 2 on top
+    bool unsaved_painting = false; // on the layers
+    int layer3_order = 0;          // 0 at the bottom, 1 right above layer 2's low tiles, 2 on top
     AnimTileTable anim_tiles{};
 };
 

@@ -1,10 +1,14 @@
 #include "rom/file_layer.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace veldrune {
@@ -23,12 +27,26 @@ ssize_t uninterrupted(Call call) {
     return result;
 }
 
+// Whether a flush or close that has failed may have lost something. Other errors say that the
+// system can't flush such a file.
+bool may_have_lost(int error) {
+    return error == EIO || error == ENOSPC || error == EDQUOT;
+}
+
+bool flush_descriptor(int descriptor) {
+    return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || !may_have_lost(errno);
+}
+
+unsigned permissions_of(const struct stat& status) {
+    return status.st_mode & 0777u;
+}
+
 // Uses the system's own calls: the standard library can't identify an open file whose name has
 // changed since, and reports a full disk late.
 class DiskFile : public File {
   public:
     explicit DiskFile(int descriptor) : descriptor_(descriptor) {}
-    ~DiskFile() override { ::close(descriptor_); }
+    ~DiskFile() override { close(); }
     DiskFile(const DiskFile&) = delete;
     DiskFile& operator=(const DiskFile&) = delete;
 
@@ -53,15 +71,24 @@ class DiskFile : public File {
         return true;
     }
 
-    bool flush() override {
-        return uninterrupted([&] { return ::fsync(descriptor_); }) == 0;
+    bool flush() override { return flush_descriptor(descriptor_); }
+
+    bool close() override {
+        return descriptor_ < 0 || ::close(std::exchange(descriptor_, -1)) == 0 ||
+               !may_have_lost(errno);
+    }
+
+    Answer lock() override {
+        if (uninterrupted([&] { return ::flock(descriptor_, LOCK_EX | LOCK_NB); }) == 0)
+            return Answer::yes;
+        return errno == EWOULDBLOCK ? Answer::no : Answer::unknown;
     }
 
     std::optional<FileStatus> status() override {
         struct stat status {};
         if (::fstat(descriptor_, &status) != 0)
             return std::nullopt;
-        return FileStatus{identity_from(status), status.st_size, status.st_mode & 0777u};
+        return FileStatus{identity_from(status), status.st_size, permissions_of(status)};
     }
 
   private:
@@ -71,7 +98,10 @@ class DiskFile : public File {
 class Disk : public FileLayer {
   public:
     std::unique_ptr<File> open(const std::string& path) override {
-        return file_of(::open(path.c_str(), O_RDWR | O_CLOEXEC));
+        // Opening anything else could wait for ever, or set off a device.
+        if (status_of(path).kind != NameStatus::regular_file)
+            return nullptr;
+        return file_of(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     }
     std::unique_ptr<File> create(const std::string& path, unsigned permissions) override {
         return file_of(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
@@ -85,14 +115,36 @@ class Disk : public FileLayer {
         return ::rename(from.c_str(), to.c_str()) == 0;
     }
     void remove(const std::string& path) override { ::unlink(path.c_str()); }
-    std::optional<FileIdentity> identity_of(const std::string& path) override {
+    Answer leads_to(const std::string& path, const FileIdentity& file) override {
         struct stat status {};
-        if (::stat(path.c_str(), &status) != 0)
-            return std::nullopt;
-        return identity_from(status);
+        if (::stat(path.c_str(), &status) == 0)
+            return identity_from(status) == file ? Answer::yes : Answer::no;
+        return leads_nowhere(errno) ? Answer::no : Answer::unknown;
+    }
+    NameStatus status_of(const std::string& path) override {
+        struct stat status {};
+        if (::stat(path.c_str(), &status) == 0)
+            return {S_ISREG(status.st_mode) ? NameStatus::regular_file : NameStatus::other,
+                    ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0,
+                    permissions_of(status)};
+        const bool is_link = ::lstat(path.c_str(), &status) == 0;
+        return {is_link ? NameStatus::lost_link : NameStatus::nothing};
+    }
+    bool flush_folder(const std::string& path) override {
+        const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+        const int descriptor =
+            ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (descriptor < 0)
+            return true;
+        const bool flushed = flush_descriptor(descriptor);
+        ::close(descriptor);
+        return flushed;
     }
 
   private:
+    static bool leads_nowhere(int error) {
+        return error == ENOENT || error == ENOTDIR || error == ELOOP;
+    }
     static std::unique_ptr<File> file_of(int descriptor) {
         return descriptor < 0 ? nullptr : std::make_unique<DiskFile>(descriptor);
     }
@@ -109,27 +161,77 @@ bool copy_bytes(File& from, std::int64_t size, File& to) {
     return to.flush();
 }
 
+// A name in the folder of path that is no longer than a file system allows.
+std::string part_name(const std::string& path, int number) {
+    constexpr std::size_t longest_stem = 32; // bytes
+    const std::filesystem::path whole(path);
+    std::string stem = whole.filename().string();
+    std::size_t length = std::min(stem.size(), longest_stem);
+    while (length < stem.size() && length > 0 && (stem[length] & 0xC0) == 0x80)
+        --length; // not in the middle of a character
+    stem.resize(length);
+    return (whole.parent_path() / (stem + ".part" + (number == 0 ? "" : std::to_string(number))))
+        .string();
+}
+
+struct PartFile {
+    std::string path;
+    std::unique_ptr<File> file; // null where it can't be made
+};
+
+PartFile create_part(FileLayer& files, const std::string& path, unsigned permissions) {
+    constexpr int most_tries = 1000;
+    PartFile part;
+    for (int number = 0; !part.file && number < most_tries; ++number) {
+        part.path = part_name(path, number);
+        part.file = files.create(part.path, permissions);
+        if (!part.file && files.status_of(part.path).kind == NameStatus::nothing)
+            break; // not because the name is taken
+    }
+    return part;
+}
+
+const char* why_not_replaced(const NameStatus& status) {
+    switch (status.kind) {
+    case NameStatus::nothing:
+        return nullptr;
+    case NameStatus::lost_link:
+        return ": the link there leads to nothing";
+    case NameStatus::other:
+        return ": what is there is no regular file";
+    default:
+        return status.writable ? nullptr : ": the file there can't be written";
+    }
+}
+
 } // namespace
 
 std::unique_ptr<FileLayer> make_disk() {
+    std::signal(SIGXFSZ, SIG_IGN); // a write beyond the greatest allowed size fails like any other
     return std::make_unique<Disk>();
 }
 
-bool copy_file(FileLayer& files, File& from, const std::string& path) {
+std::optional<std::string> copy_file(FileLayer& files, File& from, const std::string& path) {
+    const NameStatus there = files.status_of(path);
+    if (const char* why = why_not_replaced(there))
+        return why;
     const std::optional<FileStatus> status = from.status();
+    if (!status)
+        return "";
     const std::string to = files.target_of(path);
-    std::string part = to + ".part";
-    for (int number = 1; files.identity_of(part); ++number)
-        part = to + ".part" + std::to_string(number);
-    std::unique_ptr<File> target = status ? files.create(part, status->permissions) : nullptr;
-    if (!target)
-        return false;
-    const bool copied = copy_bytes(from, status->size, *target);
-    target.reset();
-    if (copied && files.rename(part, to))
-        return true;
-    files.remove(part);
-    return false;
+    PartFile part = create_part(
+        files, to, there.kind == NameStatus::nothing ? status->permissions : there.permissions);
+    if (!part.file)
+        return "";
+    const bool copied = copy_bytes(from, status->size, *part.file) && part.file->close();
+    part.file.reset();
+    if (!copied || !files.rename(part.path, to)) {
+        files.remove(part.path);
+        return "";
+    }
+    if (!files.flush_folder(to))
+        return ": the disk has not confirmed that it is there";
+    return std::nullopt;
 }
 
 } // namespace veldrune

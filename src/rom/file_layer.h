@@ -15,6 +15,16 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+/// What the system says. Where it can't say, nobody is asked about it.
+enum class Answer { yes, no, unknown };
+
+/// What there is under a name, links followed.
+struct NameStatus {
+    enum Kind { nothing, lost_link, regular_file, other } kind = nothing;
+    bool writable = false;
+    unsigned permissions = 0; // as the system has them
+};
+
 struct FileStatus {
     FileIdentity identity;
     std::int64_t size = 0;    // bytes
@@ -32,8 +42,13 @@ class File {
     /// Writes all of bytes, extending the file if they reach beyond its end. False if any of them
     /// could not be written.
     virtual bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
-    /// False if what was written may not have reached the disk.
+    /// False where what was written may not have reached the disk. A file that can't be flushed
+    /// counts as one that has been.
     virtual bool flush() = 0;
+    /// Closes the file before it is destroyed. False where what was written may be lost.
+    virtual bool close() = 0;
+    /// Marks the file as being edited, until it is closed. No where another program has marked it.
+    virtual Answer lock() = 0;
     /// Nothing if the disk does not report it.
     virtual std::optional<FileStatus> status() = 0;
 };
@@ -42,7 +57,7 @@ class File {
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
-    /// Opens an existing file for reading and writing. Null if that fails.
+    /// An existing regular file, for reading and writing. Null where that can't be had.
     virtual std::unique_ptr<File> open(const std::string& path) = 0;
     /// Creates an empty file with these permissions (bits as in FileStatus). Null if the name is
     /// taken or the file can't be created.
@@ -53,16 +68,21 @@ class FileLayer {
     virtual bool rename(const std::string& from, const std::string& to) = 0;
     /// Removes the file at path. Does nothing if there is none.
     virtual void remove(const std::string& path) = 0;
-    /// The identity of the file at path, or nothing if there is none.
-    virtual std::optional<FileIdentity> identity_of(const std::string& path) = 0;
+    /// Whether a name leads to a file.
+    virtual Answer leads_to(const std::string& path, const FileIdentity& file) = 0;
+    virtual NameStatus status_of(const std::string& path) = 0;
+    /// False where the names in the folder of path may not have reached the disk.
+    virtual bool flush_folder(const std::string& path) = 0;
 };
 
 /// The real disk. Every access goes straight to the operating system.
 std::unique_ptr<FileLayer> make_disk();
 
-/// Copies an open file to path, or to the target of a symbolic link there. The copy is made under a
-/// temporary name in the same folder and renamed when it is complete, so that a failure leaves any
-/// former file at path unchanged. False on failure.
-bool copy_file(FileLayer& files, File& from, const std::string& path);
+/// Copies an open file to path, or to what a link there leads to. The copy is made under a
+/// temporary name in the same folder and renamed when it is whole and on the disk, so that a
+/// failure leaves what was there. It keeps the permissions of the file whose place it takes. Only a
+/// regular file that can be written is replaced. Returns nothing when the copy is there, and
+/// otherwise why not: ": " and a reason, or an empty text where the system has none.
+std::optional<std::string> copy_file(FileLayer& files, File& from, const std::string& path);
 
 } // namespace veldrune

@@ -11,9 +11,11 @@ bool RomImage::open(const std::string& path) {
     const std::optional<FileStatus> status = file ? file->status() : std::nullopt;
     if (!status)
         return false;
-    file_ = std::move(file);
+    file_ = std::move(file); // first closes the former one, which may be the same file
     path_ = path;
     identity_ = status->identity;
+    edited_elsewhere_ = file_->lock() == Answer::no;
+    unflushed_ = write_failed_ = nameless_accepted = false;
     return true;
 }
 
@@ -23,11 +25,11 @@ std::optional<std::int64_t> RomImage::size() const {
 }
 
 bool RomImage::is_file(const std::string& path) const {
-    return file_ && files_.identity_of(path) == identity();
+    return file_ && files_.leads_to(path, identity_) == Answer::yes;
 }
 
-bool RomImage::copy_to(const std::string& path) const {
-    return file_ && copy_file(files_, *file_, path);
+std::optional<std::string> RomImage::copy_to(const std::string& path) const {
+    return file_ ? copy_file(files_, *file_, path) : "";
 }
 
 std::size_t RomImage::read(std::int64_t offset, std::span<std::uint8_t> bytes) const {
@@ -63,7 +65,17 @@ std::int32_t RomImage::read_pointer24(std::int64_t offset) const {
 }
 
 bool RomImage::write(std::int64_t offset, std::span<const std::uint8_t> bytes) {
-    return file_ && offset >= 0 && file_->write_at(offset, bytes);
+    const bool possible = file_ && offset >= 0;
+    const bool written = possible && file_->write_at(offset, bytes);
+    unflushed_ |= possible;
+    write_failed_ |= !written;
+    return written;
+}
+
+bool RomImage::flush() {
+    const bool written = !std::exchange(write_failed_, false);
+    const bool flushed = !std::exchange(unflushed_, false) || file_->flush();
+    return written && flushed;
 }
 
 } // namespace veldrune

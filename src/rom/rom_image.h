@@ -38,8 +38,15 @@ class RomImage {
     bool is_file(const std::string& path) const;
     /// Size of the open file in bytes. Nothing without one, or if the disk does not report it.
     std::optional<std::int64_t> size() const;
-    /// Copies the open file to path. False on failure; nothing has changed there then.
-    bool copy_to(const std::string& path) const;
+    /// Whether the path that the file was opened by still leads to it.
+    Answer path_leads_here() const { return files_.leads_to(path_, identity_); }
+    /// Whether writing was agreed to although the path no longer leads to the file; ends with the
+    /// next opening.
+    bool nameless_accepted = false;
+    /// Whether another program had marked the file as being edited when it was opened.
+    bool is_edited_elsewhere() const { return edited_elsewhere_; }
+    /// Copies the open file to path, as copy_file does.
+    std::optional<std::string> copy_to(const std::string& path) const;
     /// How many reads the disk has refused so far.
     int refused_reads() const { return refused_reads_; }
 
@@ -51,6 +58,11 @@ class RomImage {
 
     /// False if the bytes could not be written; some of them may then be in the file.
     bool write(std::int64_t offset, std::span<const std::uint8_t> bytes);
+    /// Has the disk confirm what was written since the last flush, if anything. False where it does
+    /// not, or where a write has failed since then.
+    bool flush();
+    /// Whether a write has failed since the last flush.
+    bool has_failed_write() const { return write_failed_; }
     bool write_byte(std::int64_t offset, std::uint8_t value) { return write(offset, {&value, 1}); }
 
   private:
@@ -59,6 +71,9 @@ class RomImage {
     std::string path_;
     FileIdentity identity_;
     mutable int refused_reads_ = 0;
+    bool edited_elsewhere_ = false;
+    bool unflushed_ = false;
+    bool write_failed_ = false;
 };
 
 /// Watches the reads of an image from its own construction on.

@@ -1,9 +1,13 @@
 #include "saving/expand.h"
 
+#include "map/map_properties.h"
+#include "rom/number_text.h"
 #include "rom/reported_access.h"
 #include "rom/rom_layout.h"
+#include "world_map/worlds.h"
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace veldrune {
@@ -49,6 +53,41 @@ PointerTable wide_pointers(const RomImage& rom) {
     return wide;
 }
 
+// Whether maps or worlds have their data in the added area.
+bool has_moved_maps(const RomImage& rom) {
+    for (int number = 0; number < rom_layout::layer_data_pointer_count; ++number)
+        if (rom_layout::layer_data + rom.read_pointer24(data_pointer_offset(number)) >=
+            rom_layout::added_area)
+            return true;
+    for (const WorldRow& row : world_rows)
+        if (offset_of_address(rom.read_pointer24(row.map_pointer)) >= rom_layout::added_area)
+            return true;
+    return false;
+}
+
+// What is known to be in the added area.
+std::string known_contents(const RomImage& rom) {
+    std::string known;
+    if (has_dialogue_patch(rom))
+        known = "the dialogue table of the Dialogue Patch";
+    if (has_moved_maps(rom))
+        known += std::string(known.empty() ? "" : " and ") + "the data of moved maps";
+    return known.empty() ? "data that this editor does not know" : known;
+}
+
+// Whether bytes of the added area may be overwritten: asks where one is neither erased nor zero and
+// would change.
+bool may_overwrite(const RomImage& rom, std::span<const std::uint8_t> bytes, Dialogs& dialogs) {
+    std::vector<std::uint8_t> held(bytes.size());
+    rom.read(rom_layout::added_area, held);
+    for (std::size_t i = 0; i < held.size(); ++i)
+        if (held[i] != 0x00 && held[i] != 0xFF && held[i] != bytes[i])
+            return dialogs.question("The image holds " + known_contents(rom) + " from " +
+                                    format_hex(rom_layout::added_area) +
+                                    " on. It would be overwritten. Continue?");
+    return true;
+}
+
 } // namespace
 
 void expand_rom(RomImage& rom, Dialogs& dialogs) {
@@ -60,7 +99,12 @@ void expand_rom(RomImage& rom, Dialogs& dialogs) {
         return dialogs.error("This image has been expanded to 32 Mbit already. Nothing has been "
                              "changed.");
     const std::vector<std::uint8_t> zeros(rom_layout::expanded_image_size - rom_layout::added_area);
+    const ReadWatch reads(rom);
+    if (!may_write(rom, dialogs) || !may_overwrite(rom, zeros, dialogs) ||
+        report_refused_reads(reads, "Nothing has been changed.", dialogs))
+        return;
     write_or_report(rom, rom_layout::added_area, zeros, dialogs);
+    flush_or_report(rom, dialogs);
 }
 
 void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
@@ -70,9 +114,13 @@ void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
     const PointerTable pointers = wide_pointers(rom);
     if (report_refused_reads(reads, "Nothing has been changed.", dialogs))
         return;
-    if (write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
+    if (!may_write(rom, dialogs) || !may_overwrite(rom, pointers, dialogs))
+        return;
+    const bool written =
+        write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
         write_or_report(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
-        write_or_report(rom, dialogue_mark_byte, {&mark, 1}, dialogs))
+        write_or_report(rom, dialogue_mark_byte, {&mark, 1}, dialogs);
+    if (flush_or_report(rom, dialogs) && written)
         flags[dialogue_patch_flag] = true;
 }
 

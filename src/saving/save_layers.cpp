@@ -8,7 +8,6 @@
 namespace veldrune {
 namespace {
 
-constexpr int save_order[] = {0, 2, 1};
 constexpr int missing_layer3_side = 16; // the layer that all maps without layer 3 share
 constexpr std::int64_t max_tiles = max_layer_width * max_layer_height;
 
@@ -19,14 +18,10 @@ constexpr StreamMessages layer_words[layer_count] = {
     {"Layer 3", "Layer 3 is ", after_growth},
 };
 
-bool is_missing(const Form1& form, int index) {
-    return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
-}
-
 // The size of the layer as it is saved.
 LayerSize saved_size(const Form1& form, int index) {
     const LayerControls& controls = layer_controls[index];
-    if (is_missing(form, index))
+    if (is_missing_layer(form, index))
         return {missing_layer3_side, missing_layer3_side};
     return {decimal_number(form.*controls.width).value,
             decimal_number(form.*controls.height).value};
@@ -41,7 +36,7 @@ void warn_about_size(const Form1& form, int index, Dialogs& dialogs) {
 // Why the layer can't be saved, or an empty text.
 std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& layer) {
     const std::int64_t tiles = std::int64_t{size.width} * size.height;
-    if (layer.rows_missing && !is_missing(form, index))
+    if (layer.rows_missing && !is_missing_layer(form, index))
         return "it is 128 tiles high, and only 64 of its rows could be loaded.";
     if (tiles > 0 && tiles <= max_tiles)
         return "";
@@ -49,34 +44,11 @@ std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& 
            std::to_string(size.width) + " times " + std::to_string(size.height) + ".";
 }
 
-using LayerSizes = std::array<LayerSize, layer_count>;
-
-// The sizes of all layers, checked before anything is written. Nothing if one of them can't be
-// saved, which has been reported.
-std::optional<LayerSizes>
-sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
-    LayerSizes sizes;
-    for (const int index : save_order) {
-        const auto at = static_cast<std::size_t>(index);
-        sizes[at] = saved_size(form, index);
-        const std::string why = obstacle(form, index, sizes[at], layers[at]);
-        if (why.empty())
-            continue;
-        warn_about_size(form, index, dialogs); // a text that is not a number may be the cause
-        refuse_to_save(layer_words[index], why, dialogs);
-        return std::nullopt;
-    }
-    return sizes;
-}
-
 bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
                 CompressOutput& output, Dialogs& dialogs) {
     warn_about_size(form, index, dialogs);
     const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
-    std::array<std::uint8_t, max_tiles> tiles;
-    const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
-    pack_layer(layer.map, size.width, size.height, source);
-    const std::optional<std::size_t> length = compress_layer(source, output);
+    const std::optional<std::size_t> length = compress_tiles(layer.map, size, output);
     if (!length) {
         refuse_to_save(layer_words[index],
                        "its stream would take more than " + std::to_string(layer_stream_limit) +
@@ -90,12 +62,40 @@ bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Lay
 
 } // namespace
 
+bool is_missing_layer(const Form1& form, int index) {
+    return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
+}
+
+std::optional<LayerSizes>
+sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
+    LayerSizes sizes;
+    for (const int index : layer_save_order) {
+        const auto at = static_cast<std::size_t>(index);
+        sizes[at] = saved_size(form, index);
+        const std::string why = obstacle(form, index, sizes[at], layers[at]);
+        if (why.empty())
+            continue;
+        warn_about_size(form, index, dialogs); // a text that is no number may be the cause
+        refuse_to_save(layer_words[index], why, dialogs);
+        return std::nullopt;
+    }
+    return sizes;
+}
+
+std::optional<std::size_t> compress_tiles(const LayerMap& map, LayerSize size,
+                                          CompressOutput& output) {
+    std::array<std::uint8_t, max_tiles> tiles;
+    const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
+    pack_layer(map, size.width, size.height, source);
+    return compress_layer(source, output);
+}
+
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
                  CompressOutput& output, Dialogs& dialogs) {
     const std::optional<LayerSizes> sizes = sizes_to_save(form, layers, dialogs);
     if (!sizes)
         return false;
-    for (const int index : save_order) {
+    for (const int index : layer_save_order) {
         const auto at = static_cast<std::size_t>(index);
         if (!save_layer(rom, form, index, (*sizes)[at], layers[at], output, dialogs))
             return false;

@@ -10,7 +10,12 @@ namespace {
 constexpr StreamMessages world_words = {"The world map", "The map youre trying to save is ",
                                         " larger than the original map saving"};
 
-// Why no pointer can hold location, or an empty text.
+// A stream that is too long has been read as an empty map.
+bool was_readable(const OpenWorld& world) {
+    return world.world_packed_size <= max_world_stream_bytes;
+}
+
+// Why location can't be named by a pointer, or an empty text.
 std::string pointer_obstacle(std::int32_t location, const std::string& location_text) {
     const auto address = static_cast<std::uint32_t>(location - rom_layout::header_size);
     if (format_hex(address).size() != 6)
@@ -33,28 +38,30 @@ bool write_pointer(RomImage& rom, World world, std::int32_t location,
 
 } // namespace
 
-bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
-                    CompressOutput& output, Dialogs& dialogs) {
-    if (world.world_packed_size > max_world_stream_bytes) {
-        refuse_to_save(world_words,
-                       "what the image holds could not be read, and an empty map would take its "
-                       "place.",
-                       dialogs);
-        return false;
-    }
+std::span<const std::uint8_t> pack_world(const OpenWorld& world, CompressOutput& output) {
+    if (!was_readable(world))
+        return {};
     const auto length = compress_world_map(world.world_map.cells, output);
-    if (!length || *length > max_world_stream_bytes) {
+    return std::span(output).first(length && *length <= max_world_stream_bytes ? *length : 0);
+}
+
+bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
+                    std::span<const std::uint8_t> stream, Dialogs& dialogs) {
+    if (stream.empty()) {
         refuse_to_save(world_words,
-                       "its stream would take more than " + std::to_string(max_world_stream_bytes) +
-                           " bytes, which the game can't read.",
+                       was_readable(world)
+                           ? "its stream would take more than " +
+                                 std::to_string(max_world_stream_bytes) +
+                                 " bytes, which the game can't read."
+                           : "what the image holds could not be read, and an empty map would "
+                             "take its place.",
                        dialogs);
         return false;
     }
     const std::int32_t location = parse_hex_text(location_text, dialogs);
-    if (!save_stream(rom, location, std::span(output).first(*length), world.world_packed_size,
-                     world_words, dialogs))
+    if (!save_stream(rom, location, stream, world.world_packed_size, world_words, dialogs))
         return false;
-    world.world_packed_size = static_cast<int>(*length);
+    world.world_packed_size = static_cast<int>(stream.size());
     return write_pointer(rom, world.world, location, location_text, dialogs);
 }
 

@@ -5,15 +5,21 @@
 #include "rom/rom_image.h"
 #include "world_map/world_map.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace veldrune {
 
-/// Packs a world that has been read and writes its stream at the file offset in location_text,
-/// asking first if it has grown, and then the pointer to it. A location that no pointer can hold is
-/// reported and leaves the pointer as it was. False if the user cancelled, or if the stream or the
-/// pointer could not be written, which has been reported.
+/// Packs a world that has been read. The stream, in output, is empty where the world can't be
+/// saved.
+std::span<const std::uint8_t> pack_world(const OpenWorld& world, CompressOutput& output);
+
+/// Writes a world's stream, as pack_world has made it, at the file offset in location_text,
+/// asking first where it has grown, and then the pointer to it. A place that no pointer can name is
+/// reported and leaves the pointer as it was. False where nothing or not all was written: the user
+/// cancelled, or was told why.
 bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
-                    CompressOutput& output, Dialogs& dialogs);
+                    std::span<const std::uint8_t> stream, Dialogs& dialogs);
 
 } // namespace veldrune

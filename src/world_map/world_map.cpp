@@ -47,6 +47,7 @@ std::int32_t load_world(const RomImage& rom, World which, DecompressBuffer& buff
     const std::int32_t graphics = offset_of_address(rom.read_pointer24(row.graphics_pointer));
     world.world = which;
     world.source = source_of(rom);
+    world.unsaved_painting = false;
     world.world_packed_size = read_world_map(rom, map, buffer, world.world_map);
     read_world_sheet(rom, graphics, read_palette(rom, row.palette), buffer, world.world_sheet);
     return map;

@@ -37,6 +37,7 @@ struct OpenWorld {
     World world = World::dawn;         // the one that was read last
     std::optional<ImageSource> source; // nothing before the first opening
     WorldMap world_map;
+    bool unsaved_painting = false;
     WorldSheet world_sheet;
     int world_packed_size = 0; // the length field of its stream, as read or last written
 };

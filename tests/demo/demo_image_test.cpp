@@ -70,7 +70,7 @@ TEST_F(DemoImage, ScriptsFollowEachOtherAndHoldEveryCommandAndAction) {
     std::set<std::int64_t> starts;
     std::set<int> commands, actions;
     std::int64_t at = 0xA0200;
-    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.loaded.length) {
+    for (; at <= *meant.rbegin() || actions.size() < 256; at += state.script.loaded.length()) {
         starts.insert(at);
         state.objects.selected_object.script_offset = at;
         open_event_editor(state);

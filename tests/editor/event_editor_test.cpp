@@ -32,14 +32,83 @@ TEST(EventEditor, ASaveGoesInPlaceAndTouchesNothingElse) {
     EXPECT_TRUE(editor.window.visible);
 }
 
-TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPoints) {
+const std::string elsewhere =
+    "This script was read from 30000 and will be written to 40000. The script there may be "
+    "shorter: what lies behind it would be overwritten. Write it there all the same?";
+
+TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPointsAndAsksEachTime) {
     ScriptEditor editor(script);
     Bytes image = editor.image();
     editor.state->objects.selected_object.script_offset = 0x40000;
     editor.window.Text3 = "12345";
+    editor.dialogs.answers = {false, true, false};
+    editor.act("@2,1 + save"); // the entry ends all the same
+    EXPECT_EQ(editor.image(), image);
+    EXPECT_EQ(editor.rows(true), "3D..; .7.; 38..; FE..");
+    EXPECT_FALSE(editor.window.Text2_visible);
     editor.act("save");
     put_bytes(image, 0x40000, script);
     EXPECT_EQ(editor.image(), image);
+    editor.act("@2,1 9 save");
+    EXPECT_EQ(editor.image(), image);
+    EXPECT_EQ(editor.dialogs.questions, std::vector(3, elsewhere));
+    editor.state->objects.selected_object.script_offset = script_at;
+    editor.act("save");
+    EXPECT_EQ(editor.image()[script_at + 1], 9);
+    EXPECT_EQ(editor.dialogs.questions.size(), 3u);
+}
+
+std::string misread_list(int row) {
+    return "Row " + std::to_string(row) +
+           " holds another number of offsets than will be read there: as many as the dialogue "
+           "before it offers choices, or as the count of a list in between tells. The rest of the "
+           "script will be taken for something else. Save it all the same?";
+}
+
+TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
+    const Bytes lists = hex_bytes("4B 2 0 B6 1 0 0 2 0 0 38 BE 2 1 0 0 2 0 0 B6 1 0 0 2 0 0 FE");
+    // clang-format off
+    const struct { const char* steps; int row; } cases[] = { // 0: the list comes back
+        {"", 0}, {"@5,0 -", 0}, {"@2,1 8", 0}, {"@2,1 1", 4}, {"@2,1 5", 4}, {"@4,1 A0201", 4}, {"@1,0 -", 2},
+        {"@7,1 1", 10}, {"@10,1 A0201", 10}, {"@10,1 A0201 @4,1 A0201", 4},
+        {"@9,0 - @6,0 - @2,1 5", 4}, // it would reach beyond the end
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        ScriptEditor editor(lists);
+        editor.act(c.steps);
+        Bytes image = editor.image();
+        std::vector<std::string> questions{elsewhere};
+        if (c.row != 0)
+            questions.insert(questions.begin(), misread_list(c.row));
+        editor.state->objects.selected_object.script_offset = 0x40000;
+        editor.dialogs.answers = {false};
+        editor.act("save");
+        EXPECT_EQ(editor.image(), image);
+        EXPECT_EQ(editor.dialogs.questions, std::vector{questions[0]}) << c.steps;
+        editor.dialogs.questions.clear();
+        editor.act("save");
+        put_bytes(image, 0x40000, editor.encode().bytes);
+        EXPECT_EQ(editor.image(), image);
+        EXPECT_EQ(editor.dialogs.questions, questions) << c.steps;
+    }
+    for (const int refused : {1, 2}) { // the dialogue's entry, its text
+        ScriptEditor editor(lists);
+        editor.act("@2,1 1");
+        editor.disk.fail(refused, 0);
+        editor.act("save");
+        EXPECT_EQ(std::ssize(editor.disk.log), 1);
+        EXPECT_TRUE(editor.dialogs.silent());
+    }
+    ScriptEditor editor(lists);
+    put_word(editor.image(), 0xCE802 + 2 * 2, 0x1000); // no choices any more
+    editor.act("save");
+    EXPECT_TRUE(editor.dialogs.silent()) << "the bytes that were read";
+    editor.act("+ 39 save");
+    EXPECT_EQ(editor.dialogs.messages.size(), 1u) << "too long: refused first";
+    EXPECT_TRUE(editor.dialogs.questions.empty());
+    editor.act("@11,0 - @5,0 - save");
+    EXPECT_EQ(editor.dialogs.questions, std::vector{misread_list(4)});
 }
 
 TEST(EventEditor, AWriteThatFailsIsToldAndLeavesABeginningOfTheScript) {
@@ -61,7 +130,7 @@ TEST(EventEditor, AReadThatTheDiskRefusesIsToldAndTheScriptCanNotBeSaved) {
         EXPECT_EQ(editor.disk.writes, 0);
         open_event_editor(*editor.state);
         editor.act("save");
-        EXPECT_EQ(editor.disk.writes, 1);
+        EXPECT_EQ(std::ssize(editor.disk.log), 1);
     }
 }
 
@@ -136,7 +205,7 @@ TEST(EventEditor, AScriptOfAnotherImageCanNotBeSaved) {
     EXPECT_EQ(editor.dialogs.messages, (Messages{{why, "Error"}}));
     open_image_file(*editor.state, "a.smc");
     editor.act("save");
-    EXPECT_EQ(editor.disk.writes, 1);
+    EXPECT_EQ(std::ssize(editor.disk.log), 1);
     editor.act("@2,1 9");
     editor.dialogs.file_names = {"c.smc"};
     save_as(*editor.state); // a copy counts as what it was made of

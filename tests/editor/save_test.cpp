@@ -186,7 +186,7 @@ TEST(SaveAs, CancelAtTheQuestionLeavesTheCopyOpenUnderTheOldName) {
     Town t;
     make_noise(t, 0, 16, 16);
     t.dialogs.file_names = {"b.smc"};
-    t.dialogs.answers = {false};
+    t.dialogs.answers = {true, false}; // it would reach into layer 2, too
     save_as(t.s);
     EXPECT_EQ(t.s.rom.path() + t.s.rom_path + t.form.Label20, "b.smca.smca.smc");
     EXPECT_TRUE(t.image() == demo_bytes());

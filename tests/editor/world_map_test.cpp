@@ -266,7 +266,7 @@ TEST(WorldMap, ALongerStreamIsNeitherTakenForAWorldNorWritten) {
         ASSERT_EQ(painted.stream_size(), length);
         for (WorldEditor* editor : {&stored, &painted}) {
             save(editor->s);
-            EXPECT_EQ(editor->disk.writes, length < 0x8000 ? 2 : 0);
+            EXPECT_EQ(editor->disk.writes, length < 0x8000 ? 3 : 0);
             EXPECT_EQ(editor->dialogs.messages.size(), length < 0x8000 ? 0u : 1u);
         }
     }

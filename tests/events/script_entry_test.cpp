@@ -92,6 +92,7 @@ std::string overlong(const std::string& first_action) {
 
 TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
     const char *two = "3D 7 38 FE", *queue = "3D 7 5 83 80 81 FF 38 FE";
+    const char* branch = "C0 0 0 0 0 0 38 38 FE";
     const std::string long_two = overlong("E0 7"), long_one = overlong("80");
     // clang-format off
     const struct { const char *script, *steps, *result; } cases[] = {
@@ -105,7 +106,12 @@ TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
         {two, "+ + 39", "3D 7 38 39 FE"}, {two, "@4,0 - + FE", two},
         {two, "@4,0 - save FE", two}, // the box waits at the end
         {two, "@3,0 + @3,0 -", two},  // a click on the blank row
-        {two, "@3,0 + @4,0 -", "3D 7 FE"},
+        {two, "@3,0 + @4,0 -", "3D 7 FE"}, {two, "@2,1 + 5 @5,0 -", "3D 7 5 1 FF FE"}, // it moves up, or down
+        // A click on a row of the unfinished entry that goes with it takes no other in its place.
+        {two, "@3,0 + @3,0 9 -", two}, {two, "@2,1 + 5 5 D5 1 @6,2 9 -", "3D 7 5 1 FF 38 FE"},
+        {branch, "@1,0 d 2 FA @3,1 9 -", "D 1 FF 38 38 FE"}, {branch, "@1,0 d 2 D5 7 @4,2 9 -", "D 1 FF 38 38 FE"},
+        // Blank cells that are filled when the entry has ended: the end and the count.
+        {two, "@2,1 + 5 5 80 @6,1 84", "3D 7 5 2 80 84 38 FE"}, {two, "@2,1 + 5 @4,1 81", "3D 7 5 81 FF 38 FE"},
         // Values.
         {two, "@2,1 1a", "3D 1A 38 FE"}, {two, "@2,1 1a/", "3D 1A 38 FE"}, // a break is none of its digits
         {two, "@2,1 _ 1a", "3D 1A 38 FE"}, {two, "@3,0 3E 5", "3D 7 3E 5 FE"},

@@ -105,7 +105,7 @@ TEST(ScriptLaw, EveryScriptComesBackAsItIsAndNormalised) {
         editor.load(script.bytes);
         ScriptGrid& grid = editor.window.grid;
         ASSERT_TRUE(editor.state->script.loaded.whole);
-        ASSERT_EQ(editor.state->script.loaded.length, static_cast<int>(script.walk.end));
+        ASSERT_EQ(editor.state->script.loaded.length(), static_cast<int>(script.walk.end));
         ASSERT_EQ(editor.encode().bytes, script.bytes) << seed;
         int row = 1;
         for (const std::size_t start : script.walk.starts) {

@@ -50,7 +50,7 @@ TEST(ScriptRows, CellsCarryABlankInFrontAndLabelsAndTheGridASpareRow) {
     EXPECT_EQ(editor.row(6), ".2. Number of Bytes in Queue (includes end command)");
     EXPECT_EQ(editor.row(7), ".E0. Pause for xx Units");
     EXPECT_EQ(editor.window.Text3, "30000");
-    EXPECT_EQ(editor.state->script.loaded.length, 9);
+    EXPECT_EQ(editor.state->script.loaded.length(), 9);
 }
 
 TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
@@ -89,8 +89,12 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
         {options,  4, "0a0203 0A0 204",             ".0a0203/ 0A0204/.@500"},
         {options,  4, "0A02030A0204\n0A0205",       ".0A0203/ 0A0204/ 0A0205/.@750"},
         {options,  4, "A0203\r\n10A01FF\r\nB0000",    ".0A0203/ 10A01FF/ 0B0000/.@750"},
-        // Ten digits in a line, or thirty: no guess where an offset ends.
-        {counted,  3, "A0203 A0204",                ""},
+        {counted,  3, "A0203 A0204",                ".0A0203/ 0A0204/.@500"},
+        {options,  4, "FFFFF 1000000\n10A01FF FFFFFF", ".0FFFFF/ 1000000/ 10A01FF/ FFFFFF/.@1000"},
+        // Seven digits that no pointer tells, and pieces of no offset's length: all digits together.
+        {options,  4, "0A02001",                    ""}, {options, 4, "10A0200", ""}, {options, 4, "0FFFFFF", ""},
+        {options,  4, "0A02001 A0201",              ".0A0200/ 1A0201/.@500"},
+        {counted,  3, "A0203A0204",                 ""},
         {counted,  3, "A0203A0204A0205A0206A0207A0208", ".A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/.@1250"},
         {map_data, 6, "0a1B 2C03\r\ne4F5",          ".0a1B/ 2C03/ e4F5/.@750"},
         {map_data, 6, "0A1B2C03E4",                 ""},
@@ -123,6 +127,7 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
     const Bytes script = hex_bytes("3D 7 84 1 2 B2 0 0 0 BE 1 0 0 0 5 3 E0 1 FF 73 0 0 1 2 9 9 FE");
     const char* in_byte = "its value does not fit in a byte";
     const char* offset = "an offset lies between 0A0200 and 10A01FF";
+    const char* alone = "it has no value in that column";
     const char* in_queue = "its actions do not make up its number of bytes";
     // clang-format off
     const struct { int row, column; const char* text; int told_row; std::string why; } cases[] = { // empty: it can be encoded
@@ -137,6 +142,8 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
         {14, 1, "D5", 14, "the action lacks rows"}, {18, 1, "3", 20, "its width and height take exactly 6 bytes of data"},
         {1, 0, " ", 1, "it belongs to no command"}, {3, 0, " ", 3, "its command has no such row"},
         {4, 0, "38", 3, "the command lacks rows"}, {21, 0, "38", 22, "the script has no FE at its end"},
+        {1, 1, "0", 1, alone}, {2, 2, "1", 2, alone}, {9, 2, "0A0200", 9, alone}, {12, 2, "1", 12, alone},
+        {21, 1, "1", 21, alone}, {21, 2, "1", 21, alone}, {22, 1, "1", 0, ""},
         {3, 0, "FE", 0, ""}, // what stands below the first FE is not looked at
     };
     // clang-format on
@@ -145,7 +152,7 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
         editor.cell(c.row, c.column) = c.text;
         save_script(*editor.state);
         const bool refused = !c.why.empty();
-        EXPECT_EQ(editor.disk.writes, refused ? 0 : 1) << c.row << c.text;
+        EXPECT_EQ(std::ssize(editor.disk.log), refused ? 0 : 1) << c.row << c.text;
         EXPECT_EQ(editor.window.Text2_visible, refused);
         EXPECT_EQ(editor.dialogs.messages,
                   Messages(refused ? 1 : 0,

@@ -52,20 +52,25 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
     disk["a"] = Bytes(0x20001, 7);
     disk["b.part"] = {2}; // somebody else's
     ASSERT_TRUE(rom.open("a"));
-    disk["b"] = {1};
-    for (int at = 1;; ++at) {
-        disk.fail(0, at);
-        if (rom.copy_to("b"))
-            break;
-        ASSERT_LT(at, 20);
-        ASSERT_EQ(disk["b"], Bytes{1});
-        ASSERT_EQ(disk.file_count(), 3u);
-        ASSERT_EQ(disk["b.part"], Bytes{2});
+    constexpr int folder_flush = 6; // after creation, write, flush, close and renaming
+    for (const bool half : {false, true}) {
+        disk["b"] = {1};
+        for (int at = 1;; ++at) {
+            disk.fail(MemoryDisk::Fault{}, MemoryDisk::Fault{.at = at, .half = half});
+            if (!rom.copy_to("b"))
+                break;
+            ASSERT_LT(at, 20);
+            const bool renamed = disk.writes == folder_flush; // the folder alone has failed
+            ASSERT_EQ(disk["b"], renamed ? disk["a"] : Bytes{1});
+            ASSERT_EQ(disk.file_count(), 3u);
+            ASSERT_EQ(disk["b.part"], Bytes{2});
+        }
     }
     EXPECT_EQ(disk["b"], disk["a"]);
     disk["b"] = {1};
-    disk.fail(1, 0);
-    EXPECT_FALSE(rom.copy_to("b"));
+    disk.fail(MemoryDisk::Fault{.at = 1, .from_then_on = true},
+              MemoryDisk::Fault{}); // the disk stops giving bytes
+    EXPECT_TRUE(rom.copy_to("b"));
     EXPECT_EQ(disk["b"], Bytes{1});
 }
 
@@ -88,11 +93,11 @@ TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
 
     // What is open counts, whatever its name is by now.
     ASSERT_TRUE(rom.write_byte(3, '9'));
-    ASSERT_TRUE(rom.copy_to(a));
+    ASSERT_FALSE(rom.copy_to(a));
     EXPECT_EQ(Folder::contents(a), "1239");
     const std::string c = folder.file("c", "5");
     fs::create_symlink(c, folder.path / "symbolic");
-    ASSERT_TRUE(rom.copy_to(folder.path / "symbolic")); // what it leads to is replaced
+    ASSERT_FALSE(rom.copy_to(folder.path / "symbolic")); // what it leads to is replaced
     EXPECT_TRUE(fs::is_symlink(folder.path / "symbolic"));
     EXPECT_EQ(Folder::contents(c), "1239");
 }

@@ -7,24 +7,37 @@
 
 namespace veldrune::test {
 
-/// A disk in memory that refuses on demand. Files keep their contents when they are closed.
+/// A disk in memory that fails on demand. Files keep their contents when they are closed.
 class MemoryDisk : public FileLayer {
   public:
+    /// One failure: the access of this number, counted from 1, or every one from it on, does
+    /// nothing (refused) or half of its work (short).
+    struct Fault {
+        int at = 0; // 0: never
+        bool from_then_on = false;
+        bool half = false;
+    };
+    Fault read_fault;
+    Fault write_fault; // counts writes, flushes, creations and renamings
     int reads = 0;
-    int writes = 0; // with flushes, creations and renamings
-    /// Every write that was done, in order.
+    int writes = 0;
+    /// Every write that was done whole, in order.
     struct Write {
         std::int64_t offset;
         Bytes bytes;
     };
     std::vector<Write> log;
+    bool wrote_half = false; // a write has failed after half of its work
+    bool refuse_open = false;
+    bool marked_elsewhere = false; // another editor has its files open
 
-    /// Starts counting anew. Refuses the read and the write of these numbers; 0: none.
-    void fail(int read, int write) {
-        refused_read_ = read;
-        refused_write_ = write;
+    /// Starts counting anew, with these failures.
+    void fail(const Fault& reading, const Fault& writing) {
+        read_fault = reading;
+        write_fault = writing;
         reads = writes = 0;
     }
+    void fail(int read, int write) { fail(Fault{read}, Fault{write}); }
 
     Bytes& operator[](const std::string& path) {
         auto& file = files_[path];
@@ -36,27 +49,31 @@ class MemoryDisk : public FileLayer {
     std::size_t file_count() const { return files_.size(); }
 
     std::unique_ptr<File> open(const std::string& path) override {
-        return exists(path) ? std::make_unique<OpenFile>(*this, files_[path]) : nullptr;
+        if (refuse_open || !exists(path))
+            return nullptr;
+        return std::make_unique<OpenFile>(*this, files_[path]);
     }
     std::unique_ptr<File> create(const std::string& path, unsigned) override {
-        if (refuses_write() || exists(path))
+        if (fails(write_fault, ++writes) || exists(path))
             return nullptr;
         (*this)[path].clear();
         return std::make_unique<OpenFile>(*this, files_[path]);
     }
     bool rename(const std::string& from, const std::string& to) override {
-        if (refuses_write() || !exists(from))
+        if (fails(write_fault, ++writes) || !exists(from))
             return false;
         files_[to] = files_[from];
         files_.erase(from);
         return true;
     }
     void remove(const std::string& path) override { files_.erase(path); }
-    std::optional<FileIdentity> identity_of(const std::string& path) override {
-        if (!exists(path))
-            return std::nullopt;
-        return FileIdentity{1, files_[path]->number};
+    Answer leads_to(const std::string& path, const FileIdentity& file) override {
+        return exists(path) && files_[path]->number == file.number ? Answer::yes : Answer::no;
     }
+    NameStatus status_of(const std::string& path) override {
+        return {exists(path) ? NameStatus::regular_file : NameStatus::nothing, true};
+    }
+    bool flush_folder(const std::string&) override { return !fails(write_fault, ++writes); }
 
   private:
     struct Contents {
@@ -64,7 +81,9 @@ class MemoryDisk : public FileLayer {
         std::uint64_t number;
     };
 
-    bool refuses_write() { return ++writes == refused_write_; }
+    static bool fails(const Fault& fault, int access) {
+        return fault.at != 0 && (fault.from_then_on ? access >= fault.at : access == fault.at);
+    }
 
     class OpenFile : public File {
       public:
@@ -75,22 +94,31 @@ class MemoryDisk : public FileLayer {
             const Bytes& file = contents_->bytes;
             if (offset < 0 || offset >= std::ssize(file))
                 return 0;
-            if (++disk_.reads == disk_.refused_read_)
-                return std::nullopt;
-            const std::size_t count =
+            std::size_t count =
                 std::min(bytes.size(), file.size() - static_cast<std::size_t>(offset));
+            if (fails(disk_.read_fault, ++disk_.reads)) {
+                if (!disk_.read_fault.half)
+                    return std::nullopt;
+                count /= 2;
+            }
             std::copy_n(file.begin() + offset, count, bytes.begin());
             return count;
         }
         bool write_at(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
-            const bool fits = offset >= 0 && offset <= 0x1000000; // no file is above 16 MiB
-            if (!fits || disk_.refuses_write())
+            if (offset < 0 || offset > 0x1000000) // the disk holds no file above 16 MiB
                 return false;
-            disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
+            const bool failing = fails(disk_.write_fault, ++disk_.writes);
+            disk_.wrote_half |= failing && disk_.write_fault.half;
+            if (failing)
+                bytes = bytes.first(disk_.write_fault.half ? bytes.size() / 2 : 0);
+            else
+                disk_.log.push_back({offset, {bytes.begin(), bytes.end()}});
             put_bytes(contents_->bytes, static_cast<std::size_t>(offset), bytes);
-            return true;
+            return !failing;
         }
-        bool flush() override { return !disk_.refuses_write(); }
+        bool flush() override { return !fails(disk_.write_fault, ++disk_.writes); }
+        bool close() override { return !fails(disk_.write_fault, ++disk_.writes); }
+        Answer lock() override { return disk_.marked_elsewhere ? Answer::no : Answer::yes; }
         std::optional<FileStatus> status() override {
             return FileStatus{{1, contents_->number},
                               static_cast<std::int64_t>(contents_->bytes.size())};
@@ -103,8 +131,6 @@ class MemoryDisk : public FileLayer {
 
     std::map<std::string, std::shared_ptr<Contents>> files_;
     std::uint64_t last_number_ = 0;
-    int refused_read_ = 0;
-    int refused_write_ = 0;
 };
 
 } // namespace veldrune::test

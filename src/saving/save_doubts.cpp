@@ -1,0 +1,160 @@
+#include "saving/save_doubts.h"
+
+#include "rom/number_text.h"
+#include "rom/rehearsal.h"
+#include "rom/rom_layout.h"
+#include "rom/snes_address.h"
+#include "saving/save_layers.h"
+#include "saving/save_properties.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace veldrune {
+namespace {
+
+constexpr int data_number_count = 1024; // that ten bits of a record can name
+
+/// A layer as its pass would write it.
+struct PlannedLayer {
+    LayerSize size;
+    std::int32_t location = 0;
+    std::vector<std::uint8_t> stream; // empty where it would be too long
+
+    std::int64_t end() const { return location + static_cast<std::int64_t>(stream.size()); }
+};
+using PlannedLayers = std::array<PlannedLayer, layer_count>;
+
+// The passes of the save, without a word and as if none of them ended it.
+std::optional<PlannedLayers> plan_layers(Form1& form, const ChosenMap& map,
+                                         CompressOutput& output) {
+    SilentDialogs silent;
+    const std::optional<LayerSizes> sizes = sizes_to_save(form, map.layers, silent);
+    if (!sizes)
+        return std::nullopt;
+    PlannedLayers planned;
+    for (std::size_t at = 0; at < planned.size(); ++at) {
+        std::string location = form.*layer_controls[at].location;
+        planned[at].size = (*sizes)[at];
+        planned[at].location = parse_hex_text(location, silent);
+        if (const auto length = compress_tiles(map.layers[at].map, (*sizes)[at], output))
+            planned[at].stream.assign(output.begin(),
+                                      output.begin() + static_cast<std::ptrdiff_t>(*length));
+    }
+    return planned;
+}
+
+// Writes to rom what the save would write.
+void rehearse(RomImage& rom, const PlannedLayers& planned, Form1 form, const ChosenMap& map,
+              SaveKind kind) {
+    SilentDialogs silent;
+    for (const int index : layer_save_order) {
+        const PlannedLayer& layer = planned[static_cast<std::size_t>(index)];
+        rom.write(layer.location, layer.stream);
+    }
+    MapProperties record = map.map_properties;
+    if (kind == SaveKind::save)
+        save_map_properties(rom, form, record, map.map_index, silent);
+    else
+        save_map_properties_as(rom, form, map.record_at_load, map.map_index, silent);
+}
+
+std::int64_t stream_offset(const RomImage& rom, int number) {
+    return std::int64_t{rom_layout::layer_data} + rom.read_pointer24(data_pointer_offset(number));
+}
+
+// What a load of the map from after, the image as the save leaves it, would not give back.
+std::string loss(const RomImage& after, int map_index, int index, const PlannedLayer& layer,
+                 bool compare_size) {
+    const MapProperties record = read_record(after, map_index);
+    const std::int64_t found = stream_offset(after, layer_data_number(record, index));
+    if (found != layer.location)
+        return "its pointer would lead to " + format_hex(found) + " instead.";
+    const LayerSize size = layer_size(record, index);
+    if (compare_size && (size.width != layer.size.width || size.height != layer.size.height))
+        return "the map's record would say " + std::to_string(size.width) + " times " +
+               std::to_string(size.height) + " tiles.";
+    std::vector<std::uint8_t> stream(layer.stream.size());
+    after.read(layer.location, stream);
+    return stream == layer.stream ? "" : "another part of this save would be written over it.";
+}
+
+// The data numbers that the records of all maps have.
+std::vector<int> used_data_numbers(const RomImage& rom) {
+    std::vector<bool> used(data_number_count);
+    for (int map = 0; map < rom_layout::map_count; ++map) {
+        const MapProperties record = read_record(rom, map);
+        for (int layer = 0; layer < layer_count; ++layer)
+            used[static_cast<std::size_t>(layer_data_number(record, layer))] = true;
+    }
+    std::vector<int> numbers;
+    for (int number = 0; number < data_number_count; ++number)
+        if (used[static_cast<std::size_t>(number)])
+            numbers.push_back(number);
+    return numbers;
+}
+
+// Whose beginning a layer would cover that has been moved.
+std::string covered(const RomImage& before, const ChosenMap& map, int index,
+                    const PlannedLayer& layer) {
+    const std::int64_t loaded_from = std::int64_t{rom_layout::layer_data} +
+                                     map.layers[static_cast<std::size_t>(index)].layer_offset;
+    if (layer.location == loaded_from)
+        return "";
+    const int own = layer_data_number(map.record_at_load, index);
+    for (const int number : used_data_numbers(before)) {
+        const std::int64_t other = stream_offset(before, number);
+        if (number != own && other >= layer.location && other < layer.end())
+            return "it would cover the layer data at " + format_hex(other) +
+                   ", which other maps use.";
+    }
+    return "";
+}
+
+std::string beyond_the_largest_image(std::int64_t end) {
+    return end > rom_layout::expanded_image_size
+               ? "it would reach beyond " + format_hex(rom_layout::expanded_image_size - 1) +
+                     ", the end of the largest image."
+               : "";
+}
+
+} // namespace
+
+std::string doubts_about_layers(const RomImage& rom, const Form1& form, const ChosenMap& map,
+                                SaveKind kind, CompressOutput& output) {
+    const ReadWatch reads(rom);
+    Form1 copy = form; // its texts are read without a word, and stay as they were typed
+    const std::optional<PlannedLayers> planned = plan_layers(copy, map, output);
+    if (!planned)
+        return "";
+    Rehearsal rehearsal(rom);
+    rehearse(rehearsal.rom(), *planned, copy, map, kind);
+    std::string doubts;
+    for (const int index : layer_save_order) {
+        const PlannedLayer& layer = (*planned)[static_cast<std::size_t>(index)];
+        const bool missing = is_missing_layer(form, index);
+        if (layer.stream.empty() || (missing && kind == SaveKind::save))
+            continue;
+        std::string why = loss(rehearsal.rom(), map.map_index, index, layer, !missing);
+        if (why.empty())
+            why = beyond_the_largest_image(layer.end());
+        if (why.empty())
+            why = covered(rom, map, index, layer);
+        if (!why.empty())
+            doubts += "Layer " + std::to_string(index + 1) + " at " + format_hex(layer.location) +
+                      ": " + why + "\n";
+    }
+    return reads.refused() ? "" : doubts;
+}
+
+std::string doubts_about_world(std::int32_t location, std::size_t length) {
+    constexpr std::int32_t first_named = 0x100000 + rom_layout::header_size;
+    constexpr std::int32_t last_named = offset_of_address(last_address);
+    if (location < first_named || location > last_named)
+        return "its pointer can only name places from " + format_hex(first_named) + " to " +
+               format_hex(last_named) + ".";
+    return beyond_the_largest_image(location + static_cast<std::int64_t>(length));
+}
+
+} // namespace veldrune
