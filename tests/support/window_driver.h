@@ -50,10 +50,10 @@ class WindowDriver {
         throw std::runtime_error("no control " + control.toStdString());
     }
 
-    /// What a field, a label or a list shows.
+    /// What a field, a label, a list or a bar shows.
     std::string text(const QString& control) const {
         const QWidget& widget = find(control);
-        for (const char* property : {"text", "currentText", "plainText"})
+        for (const char* property : {"text", "currentText", "plainText", "value"})
             if (const QVariant shown = widget.property(property); shown.isValid())
                 return shown.toString().toStdString();
         throw std::runtime_error("no text in " + control.toStdString());

@@ -22,9 +22,9 @@ namespace veldrune::test {
 class BoxAnswers {
   public:
     Messages boxes;
-    std::deque<bool> answers;         // OK or Cancel; OK beyond them
-    std::optional<QString> file_name; // cancels file dialogs without it
-    std::function<void()> meanwhile;  // runs while the box is up
+    std::deque<bool> answers;                // OK or Cancel; OK beyond them
+    std::optional<QString> file_name;        // cancels file dialogs without it
+    std::function<void()> meanwhile = [] {}; // runs while the box is up
 
     BoxAnswers() {
         timer_.callOnTimeout([this] { answer(); });
@@ -37,8 +37,7 @@ class BoxAnswers {
         if (!modal || modal == answered_)
             return;
         answered_ = modal;
-        if (meanwhile)
-            meanwhile();
+        meanwhile();
         if (auto* files = qobject_cast<QFileDialog*>(modal))
             answer_files(*files);
         else if (auto* box = qobject_cast<QMessageBox*>(modal))

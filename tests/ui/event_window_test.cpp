@@ -114,13 +114,18 @@ TEST_F(EventWindowTest, ClicksAndEscapeLeaveAnEntry) {
 
 TEST_F(EventWindowTest, LinesAreEnteredWithShift) {
     load(hex_bytes("BE 02 00 00 00 01 00 00 FE"));
+    click(2, secondary);
+    enter("2"); // from now on only the row of the lines changes
     click(3, secondary);
-    EXPECT_EQ(box().toPlainText(), " A0200\nA0201\n");
+    EXPECT_EQ(box().toPlainText(), " 0A0200\n 0A0201\n ");
     QTest::keyClicks(&box(), "A0203");
-    press(Qt::Key_Return, Qt::ShiftModifier);
-    QTest::keyClicks(&box(), "A0204");
+    for (const char* line : {"A0204", "A0205", "A0206"}) {
+        press(Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(&box(), line);
+    }
     press(Qt::Key_Return);
-    EXPECT_EQ(shown(3, secondary), "0A0203\n0A0204");
+    expect_in_step(); // the row has grown
+    EXPECT_EQ(shown(3, secondary), "0A0203\n0A0204\n0A0205\n0A0206");
     press(Qt::Key_Return); // in the grid: the current cell again
     EXPECT_TRUE(box().hasFocus());
     EXPECT_EQ(saved(8), hex_bytes("BE 02 03 00 00 04 00 00"));

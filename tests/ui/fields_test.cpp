@@ -15,14 +15,14 @@ struct Field {
     std::function<void()> change; // gives the state another value
     bool only_shown;
 
-    Field(const char* names, std::string& text, bool only_shown = false)
+    Field(const char* names, std::string& text, bool shows = false)
         : controls(names), held([&] { return QString::fromStdString(text); }),
-          change([&] { text += "5A"; }), only_shown(only_shown) {}
+          change([&] { text += "5A"; }), only_shown(shows) {}
     template <typename Value>
-    Field(const char* names, Value& value, bool only_shown = false)
+    Field(const char* names, Value& value, bool shows = false)
         : controls(names), held([&] { return QString::number(static_cast<int>(value)); }),
           change([&] { value = static_cast<Value>(static_cast<int>(value) == 0); }),
-          only_shown(only_shown) {}
+          only_shown(shows) {}
 };
 
 // The name of a member is the name of its control.
@@ -30,13 +30,6 @@ struct Field {
     { #name, (form).name }
 #define SHOWN(form, name)                                                                          \
     { #name, (form).name, true }
-
-QString shown(const WindowDriver& works, const QString& control) {
-    for (const char* property : {"checked", "currentIndex", "value", "plainText", "text"})
-        if (const QVariant value = works.find(control).property(property); value.isValid())
-            return value.toString();
-    return {};
-}
 
 /// Changes a field by mouse or keyboard. False where it can't be reached.
 bool enter(const WindowDriver& works, const Field& field) {
@@ -71,7 +64,8 @@ class FieldsTest : public WindowTest {
         for (const Field& field : fields) {
             all["held " + field.controls] = field.held();
             for (const QString& control : field.controls.split(' '))
-                all["shown " + field.controls] += shown(works, control) + " ";
+                all["shown " + field.controls] += QString::fromStdString(works.text(control)) +
+                                                  (works.is_checked(control) ? "*" : " ");
         }
         return all;
     }

@@ -10,7 +10,8 @@ namespace {
 
 constexpr int cave = demo::demo_map::cave;
 
-/// A town with objects of each kind but event triggers, and a cave without NPCs.
+/// A town with objects of each kind but event triggers, with its second NPC in the window, and a
+/// cave without NPCs.
 class ObjectWindowTest : public WindowTest {
   protected:
     const std::size_t second_npc = record_place(ObjectKind::npc, town, 1);
@@ -30,6 +31,7 @@ class ObjectWindowTest : public WindowTest {
         open_map(town);
         for (const char* control : {"Option12", "Check1", "Check2", "Check3", "Check4", "Command3"})
             user.click(control);
+        click_tile(9, 11);
     }
     void click_tile(int column, int row) { user.click_picture(column * 32 + 5, row * 32 + 5); }
     static WindowDriver info() { return driver("Form10"); }
@@ -51,19 +53,13 @@ class ObjectWindowTest : public WindowTest {
 };
 
 TEST_F(ObjectWindowTest, AnObjectIsFoundChangedAndSaved) {
-    click_tile(9, 11);
     EXPECT_EQ(visible_window("Form10")->windowTitle(), "Object Info");
     EXPECT_EQ(info().text("Label10") + " " + info().text("Text4"), "2 1F2C:0");
     info().type("Text5", "c");
-    info().click("Check1");
-    info().find("Combo3").setFocus();
-    QTest::keyClick(&info().find("Combo3"), Qt::Key_Down);
     Bytes expected = disk["b.smc"];
     EXPECT_EQ(disk["a.smc"], expected) << "nothing is written before Save";
     QTest::keyClick(visible_window("Form10"), Qt::Key_S, Qt::ControlModifier);
     expected[second_npc + 4] = 12;
-    expected[second_npc + 5] = 11 + 0x40;
-    expected[second_npc + 7] = 0xD1;
     EXPECT_EQ(disk["a.smc"], expected);
     EXPECT_TRUE(answers.boxes.empty());
 }
@@ -79,9 +75,11 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
         "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Empty, Unknown, "
         "Monster in a Box, Item, GP, Byte Flag",
         place + "Event Pointer=Text4", way, way};
-    click_tile(5, 8);
+    click_tile(5, 8); // an entrance
+    EXPECT_EQ(state->form10.TabStrip1, 3);
+    choose_tab(4); // the widest
+    QCoreApplication::processEvents();
     const QSize size = visible_window("Form10")->size();
-    EXPECT_EQ(state->form10.TabStrip1, 3) << "the entrance before the NPC";
     for (int tab : {4, 1, 0, 2, 3}) {
         choose_tab(tab);
         EXPECT_EQ(captions().toStdString(), shown[tab]);
@@ -105,7 +103,6 @@ TEST_F(ObjectWindowTest, AChestHasItsOwnContentsAndLength) {
 }
 
 TEST_F(ObjectWindowTest, TheBarWalksThroughTheRecords) {
-    click_tile(9, 11);
     auto& bar = info().find<QScrollBar>("HScroll1");
     EXPECT_EQ(std::tuple(bar.minimum(), bar.maximum(), bar.value(), bar.pageStep()),
               std::tuple(1, 2, 2, 5));
@@ -114,7 +111,6 @@ TEST_F(ObjectWindowTest, TheBarWalksThroughTheRecords) {
 }
 
 TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
-    click_tile(9, 11);
     for (const auto& [field, text] : {std::pair("Text7", "58"), {"Text2", "1"}}) { // a short sprite
         const auto before = state->form10.Picture1;
         info().type(field, text);
@@ -129,7 +125,6 @@ TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
 }
 
 TEST_F(ObjectWindowTest, WithoutARecordTheFieldsRestAndAClickOnTheTabLoadsOne) {
-    click_tile(9, 11);
     choose_tab(2);
     EXPECT_FALSE(info().find("Text1").isEnabled() || info().find("HScroll1").isEnabled());
     choose_tab(0);
@@ -146,7 +141,6 @@ TEST_F(ObjectWindowTest, WithoutARecordTheFieldsRestAndAClickOnTheTabLoadsOne) {
 TEST_F(ObjectWindowTest, ARefusalLiesOverItsWindowAndLeavesWhatWasTyped) {
     QWidget* parent = nullptr;
     answers.meanwhile = [&] { parent = QApplication::activeModalWidget()->parentWidget(); };
-    click_tile(9, 11);
     info().type("Text1", "0A0200");
     info().choose("Save");
     EXPECT_EQ(answers.boxes.size(), 1u);
@@ -155,7 +149,6 @@ TEST_F(ObjectWindowTest, ARefusalLiesOverItsWindowAndLeavesWhatWasTyped) {
 }
 
 TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAloneAndTheTabKeyGoesOn) {
-    click_tile(9, 11);
     info().find("Text1").setFocus();
     info().wheel("Combo1", {0, 120});
     info().wheel("HScroll1", {0, 120});
@@ -172,7 +165,6 @@ TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAloneAndTheTabKeyGoesOn)
 }
 
 TEST_F(ObjectWindowTest, StaysWhenTheMainWindowClosesAndEndsTheProgram) {
-    click_tile(9, 11);
     QTimer::singleShot(0, [&] { window.close(); });
     QTimer::singleShot(50, [&] {
         info().type("Text5", "2");

@@ -15,27 +15,19 @@ class TileChooserTest : public WindowTest {
     static bool none_shows() { return !visible_window("Form8") && !visible_window("Form2"); }
 };
 
-TEST_F(TileChooserTest, ATileIsTakenByAClick) {
+TEST_F(TileChooserTest, ATileOfThePalettesLayerIsTakenByAClick) {
     ASSERT_TRUE(both_show());
-    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
     EXPECT_EQ(visible_window("Form2")->frameGeometry().top(),
               visible_window("Form8")->frameGeometry().top() + 1);
-
+    EXPECT_TRUE(driver("Form2").is_checked("Option2"));
+    driver("Form2").click("Option3");
+    EXPECT_TRUE(user.is_checked("Option3"));
+    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
     driver("Form8").click_picture(100, 70, Qt::RightButton);
     EXPECT_TRUE(both_show()) << "no click";
-    EXPECT_EQ(form.current_tile, 0);
-
     driver("Form8").click_picture(3 * 32 + 31, 2 * 32);
     EXPECT_TRUE(none_shows());
     EXPECT_EQ(form.current_tile, 35);
-}
-
-TEST_F(TileChooserTest, TheSheetAndTheEditLayerFollowThePalette) {
-    EXPECT_TRUE(driver("Form2").is_checked("Option2"));
-    driver("Form2").click("Option3");
-    EXPECT_TRUE(both_show());
-    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
-    EXPECT_TRUE(user.is_checked("Option3"));
 }
 
 TEST_F(TileChooserTest, EachClosesWithTheOtherAndBothWithTheMainWindow) {
