@@ -42,16 +42,18 @@ class WindowDriver {
 
     template <typename T = QWidget>
     T& find(const QString& control) const {
-        for (T* found : window_.findChildren<T*>(control))
-            if (stands_in_window(*found))
+        for (T* found : window_.findChildren<T*>(control)) {
+            const auto* widget = qobject_cast<QWidget*>(found);
+            if (!widget || widget->window() == &window_) // and not in a window before it
                 return *found;
+        }
         throw std::runtime_error("no control " + control.toStdString());
     }
 
-    /// What a field, a label or a list shows.
+    /// What a field, a label, a list or a bar shows.
     std::string text(const QString& control) const {
         const QWidget& widget = find(control);
-        for (const char* property : {"text", "currentText", "plainText"})
+        for (const char* property : {"text", "currentText", "plainText", "value"})
             if (const QVariant shown = widget.property(property); shown.isValid())
                 return shown.toString().toStdString();
         throw std::runtime_error("no text in " + control.toStdString());
@@ -101,14 +103,7 @@ class WindowDriver {
 
     /// Chooses an entry of the menus, by the mouse.
     void choose(const QString& command) const {
-        auto& action = find<QAction>(command);
-        std::vector<QMenu*> path; // innermost first
-        for (QObject* menu = menu_of(action); menu; menu = menu_of(*path.back()->menuAction()))
-            path.push_back(static_cast<QMenu*>(menu));
-        auto& bar = find<QMenuBar>("");
-        press_entry(bar, *path.back()->menuAction());
-        for (std::size_t i = path.size(); i-- > 0;)
-            press_entry(*path[i], i == 0 ? action : *path[i - 1]->menuAction());
+        press_entry(find<QAction>(command));
         if (window_.isVisible())
             activate();
     }
@@ -122,21 +117,19 @@ class WindowDriver {
     }
 
     /// A point of the map picture in its widget.
-    static QPoint on_picture(int x, int y) { return QPoint(x, y) + QPoint(2, 2); }
+    static QPoint on_picture(QPoint pixel) { return pixel + QPoint(2, 2); }
 
     void click_picture(int x, int y, Qt::MouseButton button = Qt::LeftButton) const {
-        QTest::mouseClick(&find("Picture1"), button, {}, on_picture(x, y));
+        QTest::mouseClick(&find("Picture1"), button, {}, on_picture({x, y}));
     }
 
     /// A stroke with the left button held, from the first point to the last.
     void drag(std::initializer_list<QPoint> points) const {
         auto& picture = find("Picture1");
-        const QPoint first = on_picture(points.begin()->x(), points.begin()->y());
-        QTest::mousePress(&picture, Qt::LeftButton, {}, first);
-        QPoint last = first;
-        for (const QPoint& point : points)
-            move(picture, last = on_picture(point.x(), point.y()), Qt::LeftButton);
-        QTest::mouseRelease(&picture, Qt::LeftButton, {}, last);
+        QTest::mousePress(&picture, Qt::LeftButton, {}, on_picture(*points.begin()));
+        for (const QPoint point : points)
+            move(picture, on_picture(point), Qt::LeftButton);
+        QTest::mouseRelease(&picture, Qt::LeftButton, {}, on_picture(*std::prev(points.end())));
     }
 
     /// One event of the wheel over a widget; up and left are positive, 120 to a notch.
@@ -155,22 +148,9 @@ class WindowDriver {
     }
 
   private:
-    template <typename Condition>
-    static void wait_until(const Condition& holds, const char* otherwise) {
-        for (int i = 0; i < 5000 && !holds(); ++i) {
-            QCoreApplication::processEvents();
-            QTest::qSleep(1);
-        }
-        if (!holds())
+    static void wait_until(const auto& holds, const char* otherwise) {
+        if (!QTest::qWaitFor(holds, 5000))
             throw std::runtime_error(otherwise);
-    }
-
-    /// Whether a control is the window's own, and not one of the same name in a window before it.
-    template <typename T>
-    bool stands_in_window(const T& found) const {
-        if constexpr (std::is_base_of_v<QWidget, T>)
-            return found.window() == &window_;
-        return true;
     }
 
     /// The menu in which an entry stands, or null for a menu of the bar. The bar keeps a menu of
@@ -182,8 +162,15 @@ class WindowDriver {
         return nullptr;
     }
 
-    template <typename Menu>
-    static void press_entry(Menu& menu, QAction& entry) {
+    /// Presses an entry, after those of the menus that lead to it.
+    void press_entry(QAction& entry) const {
+        QMenu* menu = menu_of(entry);
+        if (!menu)
+            return press_in(find<QMenuBar>(""), entry);
+        press_entry(*menu->menuAction());
+        press_in(*menu, entry);
+    }
+    static void press_in(auto& menu, QAction& entry) {
         wait_until([&] { return menu.isVisible(); }, "a menu does not open");
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&entry).center());
     }

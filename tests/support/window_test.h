@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/object_window.h"
 #include "support/editor_fixture.h"
 #include "support/window_driver.h"
 #include "ui/main_window.h"
@@ -21,9 +22,9 @@ namespace veldrune::test {
 class BoxAnswers {
   public:
     Messages boxes;
-    std::deque<bool> answers;         // OK or Cancel; OK beyond them
-    std::optional<QString> file_name; // cancels file dialogs without it
-    std::function<void()> meanwhile;  // runs while the box is up
+    std::deque<bool> answers;                // OK or Cancel; OK beyond them
+    std::optional<QString> file_name;        // cancels file dialogs without it
+    std::function<void()> meanwhile = [] {}; // runs while the box is up
 
     BoxAnswers() {
         timer_.callOnTimeout([this] { answer(); });
@@ -36,8 +37,7 @@ class BoxAnswers {
         if (!modal || modal == answered_)
             return;
         answered_ = modal;
-        if (meanwhile)
-            meanwhile();
+        meanwhile();
         if (auto* files = qobject_cast<QFileDialog*>(modal))
             answer_files(*files);
         else if (auto* box = qobject_cast<QMessageBox*>(modal))
@@ -54,11 +54,9 @@ class BoxAnswers {
     }
     void answer_box(QMessageBox& box) {
         boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
-        bool accepted = true;
-        if (!answers.empty()) {
-            accepted = answers.front();
+        const bool accepted = answers.empty() || answers.front();
+        if (!answers.empty())
             answers.pop_front();
-        }
         QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
         QTest::mouseClick(button, Qt::LeftButton);
     }
@@ -66,6 +64,8 @@ class BoxAnswers {
     QTimer timer_;
     QWidget* answered_ = nullptr;
 };
+
+inline constexpr int town = demo::demo_map::town;
 
 /// The windows over a disk in memory that holds the demo image twice, "a.smc" and "b.smc".
 class WindowTest : public testing::Test {
@@ -88,17 +88,23 @@ class WindowTest : public testing::Test {
         user.choose_map(map);
         user.click("Command3");
     }
+    /// Shows the first object of a kind.
+    void show_object(ObjectKind kind) {
+        open_object(*state, kind, 0);
+        user.click("Option4"); // any edit shows the state
+    }
     std::uint8_t tile(int layer, int column, int row) {
         return state->map.layers[static_cast<std::size_t>(layer)].map.at(column, row);
     }
-    /// Whether the Picture1 of a window shows that picture, pixel by pixel.
-    static bool shows(const WindowDriver& driver, const PixelBuffer& picture) {
-        const QImage shown = driver.find("Picture1").grab().toImage();
-        for (int y = 0; y < view_size; ++y)
-            for (int x = 0; x < view_size; ++x)
-                if (shown.pixel(WindowDriver::on_picture(x, y)) != (0xFF000000 | picture.row(y)[x]))
-                    return false;
-        return true;
+    /// Whether the Picture1 of a window shows the upper rows of that picture, pixel by pixel.
+    template <int width, int height>
+    static bool shows(const WindowDriver& works, const Picture<width, height>& picture,
+                      int rows = height) {
+        const QRect place(WindowDriver::on_picture({}), QSize(width, rows));
+        const QImage shown = works.find("Picture1").grab(place).toImage();
+        const auto* pixels = reinterpret_cast<const uchar*>(picture.pixels().data());
+        return shown.convertToFormat(QImage::Format_RGB32) ==
+               QImage(pixels, width, rows, QImage::Format_RGB32);
     }
     bool shows_picture() { return shows(user, state->display.picture); }
     /// What works the window of that form, which becomes the active one.

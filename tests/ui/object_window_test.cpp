@@ -8,9 +8,10 @@
 namespace veldrune::test {
 namespace {
 
-constexpr int town = demo::demo_map::town;
 constexpr int cave = demo::demo_map::cave;
-/// A town with objects of each kind but event triggers, and a cave without NPCs.
+
+/// A town with objects of each kind but event triggers, with its second NPC in the window, and a
+/// cave without NPCs.
 class ObjectWindowTest : public WindowTest {
   protected:
     const std::size_t second_npc = record_place(ObjectKind::npc, town, 1);
@@ -21,7 +22,7 @@ class ObjectWindowTest : public WindowTest {
         put_objects(image, ObjectKind::npc, town,
                     {{0x10, 0x20, 0x44, 0x98, 5, 0x48, 0x03, 0x52, 0xAA},
                      {0, 0, 0x2C, 0x98, 9, 11, 0x57, 0xC1, 0x06}});
-        put_objects(image, ObjectKind::chest, town, {{12, 4, 0x1D, 0x47, 0xF2}});
+        put_objects(image, ObjectKind::chest, town, {{12, 4, 0x1D, 0x47, 0xF2}, {9, 9, 9, 9, 9}});
         put_objects(image, ObjectKind::event_trigger, town, {});
         put_objects(image, ObjectKind::entrance, town, {{5, 8, 4, 1, 8, 9}});
         put_objects(image, ObjectKind::long_entrance, town, {{10, 14, 3, 5, 0, 1, 2}});
@@ -30,16 +31,10 @@ class ObjectWindowTest : public WindowTest {
         open_map(town);
         for (const char* control : {"Option12", "Check1", "Check2", "Check3", "Check4", "Command3"})
             user.click(control);
+        click_tile(9, 11);
     }
     void click_tile(int column, int row) { user.click_picture(column * 32 + 5, row * 32 + 5); }
     static WindowDriver info() { return driver("Form10"); }
-    /// What controls show, one after the other.
-    static std::string texts(const QString& controls) {
-        QStringList shown;
-        for (const QString& control : controls.split(' '))
-            shown << QString::fromStdString(info().text(control));
-        return shown.join(' ').toStdString();
-    }
     static void choose_tab(int tab, Qt::MouseButton button = Qt::LeftButton) {
         auto& tabs = info().find<QTabBar>("TabStrip1");
         QTest::mouseClick(&tabs, button, {}, tabs.tabRect(tab).center());
@@ -58,20 +53,13 @@ class ObjectWindowTest : public WindowTest {
 };
 
 TEST_F(ObjectWindowTest, AnObjectIsFoundChangedAndSaved) {
-    click_tile(9, 11);
     EXPECT_EQ(visible_window("Form10")->windowTitle(), "Object Info");
-    EXPECT_EQ(texts("Label10 Text1 Text2 Text4 Text5 Text6 Combo1 Combo2 Combo3 Combo4"),
-              "2 A0200 3 1F2C:0 9 B Raft Down Slowest 1");
+    EXPECT_EQ(info().text("Label10") + " " + info().text("Text4"), "2 1F2C:0");
     info().type("Text5", "c");
-    info().click("Check1");
-    info().find("Combo3").setFocus();
-    QTest::keyClick(&info().find("Combo3"), Qt::Key_Down);
-    Bytes expected = disk["a.smc"];
-    EXPECT_EQ(disk["b.smc"], expected) << "nothing is written before Save";
+    Bytes expected = disk["b.smc"];
+    EXPECT_EQ(disk["a.smc"], expected) << "nothing is written before Save";
     QTest::keyClick(visible_window("Form10"), Qt::Key_S, Qt::ControlModifier);
     expected[second_npc + 4] = 12;
-    expected[second_npc + 5] = 11 + 0x40;
-    expected[second_npc + 7] = 0xD1;
     EXPECT_EQ(disk["a.smc"], expected);
     EXPECT_TRUE(answers.boxes.empty());
 }
@@ -87,9 +75,11 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
         "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Empty, Unknown, "
         "Monster in a Box, Item, GP, Byte Flag",
         place + "Event Pointer=Text4", way, way};
-    click_tile(5, 8);
+    click_tile(5, 8); // an entrance
+    EXPECT_EQ(state->form10.TabStrip1, 3);
+    choose_tab(4); // the widest
+    QCoreApplication::processEvents();
     const QSize size = visible_window("Form10")->size();
-    EXPECT_EQ(state->form10.TabStrip1, 3) << "the entrance before the NPC";
     for (int tab : {4, 1, 0, 2, 3}) {
         choose_tab(tab);
         EXPECT_EQ(captions().toStdString(), shown[tab]);
@@ -97,51 +87,46 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
         EXPECT_EQ(info().find("Text1").isEnabled(), tab != 2);
         EXPECT_EQ(visible_window("Form10")->size(), size);
     }
-    EXPECT_EQ(texts("Text4 Text7 Text5 Text6"), "104 8 9 0");
     EXPECT_FALSE(info().find("Text6").isEnabled());
-    choose_tab(1);
-    EXPECT_EQ(info().find<QComboBox>("Combo2").count(), 256);
-    EXPECT_TRUE(info().text("Combo2").starts_with("F2 "));
     choose_tab(4);
-    EXPECT_EQ(info().text("Text6"), "3");
     EXPECT_TRUE(info().find("Text6").isEnabled());
 }
 
+TEST_F(ObjectWindowTest, AChestHasItsOwnContentsAndLength) {
+    click_tile(12, 4);
+    EXPECT_EQ(info().find<QComboBox>("Combo2").count(), 256);
+    EXPECT_TRUE(info().text("Combo2").starts_with("F2 "));
+    info().choose("Save");
+    EXPECT_EQ(disk["a.smc"], disk["b.smc"]) << "nor the record after it";
+    choose_tab(0);
+    EXPECT_EQ(info().find<QComboBox>("Combo2").count(), 4);
+}
+
 TEST_F(ObjectWindowTest, TheBarWalksThroughTheRecords) {
-    click_tile(9, 11);
     auto& bar = info().find<QScrollBar>("HScroll1");
     EXPECT_EQ(std::tuple(bar.minimum(), bar.maximum(), bar.value(), bar.pageStep()),
               std::tuple(1, 2, 2, 5));
     QTest::keyClick(&bar, Qt::Key_Left);
-    EXPECT_EQ(texts("Text5 Label10"), "5 1");
-    info().type("Text6", "3");
-    QTest::keyClick(&bar, Qt::Key_Right);
-    QTest::keyClick(&bar, Qt::Key_Left);
-    EXPECT_EQ(info().text("Text6"), "8") << "what was typed is dropped";
+    EXPECT_EQ(info().text("Label10") + " " + info().text("Text5"), "1 5");
 }
 
 TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
-    click_tile(9, 11);
-    Form10& form10 = state->form10;
     for (const auto& [field, text] : {std::pair("Text7", "58"), {"Text2", "1"}}) { // a short sprite
-        const auto before = form10.Picture1;
+        const auto before = state->form10.Picture1;
         info().type(field, text);
-        EXPECT_NE(form10.Picture1, before) << text;
+        EXPECT_NE(state->form10.Picture1, before) << text;
         QCoreApplication::processEvents(); // its height may have changed
-        const QImage shown = info().find("Picture1").grab().toImage();
-        ASSERT_EQ(shown.height(), 96 + 4);
-        for (int y = 0; y < 96; ++y)
-            for (int x = 0; x < 96; ++x)
-                ASSERT_EQ(shown.pixel(WindowDriver::on_picture(x, y)),
-                          0xFF000000 | form10.Picture1.row(y)[x]);
+        EXPECT_EQ(info().find("Picture1").height(), 96 + 4);
+        EXPECT_TRUE(shows(info(), state->form10.Picture1, 96));
     }
+    info().type("Text2", "");
+    info().type("Text7", "57");
+    EXPECT_TRUE(answers.boxes.empty());
 }
 
 TEST_F(ObjectWindowTest, WithoutARecordTheFieldsRestAndAClickOnTheTabLoadsOne) {
-    click_tile(9, 11);
     choose_tab(2);
-    for (const char* control : {"Text1", "Combo1", "Check2", "HScroll1"})
-        EXPECT_FALSE(info().find(control).isEnabled()) << control;
+    EXPECT_FALSE(info().find("Text1").isEnabled() || info().find("HScroll1").isEnabled());
     choose_tab(0);
     user.choose_map(cave);
     user.click("Command3");
@@ -156,21 +141,18 @@ TEST_F(ObjectWindowTest, WithoutARecordTheFieldsRestAndAClickOnTheTabLoadsOne) {
 TEST_F(ObjectWindowTest, ARefusalLiesOverItsWindowAndLeavesWhatWasTyped) {
     QWidget* parent = nullptr;
     answers.meanwhile = [&] { parent = QApplication::activeModalWidget()->parentWidget(); };
-    click_tile(9, 11);
     info().type("Text1", "0A0200");
     info().choose("Save");
-    EXPECT_EQ(answers.boxes,
-              (Messages{{"The event address you've entered is too large", "Error"}}));
+    EXPECT_EQ(answers.boxes.size(), 1u);
     EXPECT_EQ(parent, visible_window("Form10"));
     EXPECT_EQ(info().text("Text1"), "0A0200");
-    EXPECT_EQ(disk["a.smc"], disk["b.smc"]);
 }
 
 TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAloneAndTheTabKeyGoesOn) {
-    click_tile(9, 11);
     info().find("Text1").setFocus();
-    for (const char* control : {"Combo1", "HScroll1", "TabStrip1"})
-        info().wheel(control, {0, 120});
+    info().wheel("Combo1", {0, 120});
+    info().wheel("HScroll1", {0, 120});
+    info().wheel("TabStrip1", {0, -120});
     EXPECT_EQ(state->form10.Combo1, 3);
     EXPECT_EQ(state->form10.TabStrip1, 0);
     EXPECT_EQ(info().text("Text5"), "9");
@@ -183,11 +165,8 @@ TEST_F(ObjectWindowTest, TheWheelLeavesWhatLacksTheFocusAloneAndTheTabKeyGoesOn)
 }
 
 TEST_F(ObjectWindowTest, StaysWhenTheMainWindowClosesAndEndsTheProgram) {
-    click_tile(9, 11);
-    bool stayed = false;
     QTimer::singleShot(0, [&] { window.close(); });
     QTimer::singleShot(50, [&] {
-        stayed = true;
         info().type("Text5", "2");
         info().choose("Save");
         visible_window("Form10")->close();
@@ -196,7 +175,6 @@ TEST_F(ObjectWindowTest, StaysWhenTheMainWindowClosesAndEndsTheProgram) {
     too_long.callOnTimeout([] { QCoreApplication::exit(1); });
     too_long.start(5000);
     EXPECT_EQ(QCoreApplication::exec(), 0) << "ends with the last window";
-    EXPECT_TRUE(stayed);
     EXPECT_FALSE(visible_window("Form10"));
     EXPECT_EQ(disk["a.smc"][second_npc + 4], 2);
 }
