@@ -18,6 +18,7 @@ inline constexpr const char* error_title = "Error";
 enum class MessageKind {
     error,   // something failed
     warning, // done, but perhaps not as the user intended
+    number,  // a warning about a text that is not a number; one operation can give many
     note,    // information
 };
 

@@ -207,8 +207,7 @@ class FieldReader {
     std::uint32_t npc_flag_value(std::string text, std::int32_t base) {
         if (character_count(text) != 6 || characters(text, 4, 1) != ":")
             refuse("Your input must be in the following format xxxx:y", "error");
-        const std::string_view digits = characters(text, 0, 4);
-        const std::uint32_t byte = piece_value(digits.substr(0, digits.find(':')));
+        const std::uint32_t byte = piece_value(characters(text, 0, 4));
         const std::uint32_t bit = piece_value(characters(text, 5, 1));
         if (bit > 7)
             refuse("Your flag bit must 0 - 7", "Error");

@@ -45,7 +45,7 @@ std::optional<std::uint32_t> hex_digit(char c) {
 std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
     normalise(text);
     if (text.empty()) {
-        dialogs.message(MessageKind::warning, "invalid hex", "I Pity The Fool");
+        dialogs.message(MessageKind::number, "invalid hex", "I Pity The Fool");
         return 0;
     }
     // The text may change while a message box is open; this copy is what gets parsed.
@@ -58,7 +58,7 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
             continue;
         const std::optional<std::uint32_t> good = hex_digit(*c);
         if (!good)
-            dialogs.message(MessageKind::warning,
+            dialogs.message(MessageKind::number,
                             "The number " + digits + " you've entered is not valid hex", "Warning");
         digit = good.value_or(digit);
         if (place < 8)
@@ -95,7 +95,7 @@ TextNumber decimal_number(std::string_view text) {
 TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
     const TextNumber number = decimal_number(text);
     if (!number.is_number)
-        dialogs.message(MessageKind::warning,
+        dialogs.message(MessageKind::number,
                         "The number " + text + " you've entered is not valid decimal", "Warning");
     return number;
 }

@@ -38,6 +38,8 @@ void Bindings::show() const {
 }
 
 void Bindings::text(QLineEdit* field, std::string& value, const Action& on_change) {
+    constexpr int longest_number = 16; // characters, in any form, with room for blanks
+    field->setMaxLength(longest_number);
     QObject::connect(field, &QLineEdit::textEdited, field,
                      [this, &value, on_change](const QString& typed) {
                          edit([&] { value = typed.toStdString(); }, on_change);

@@ -16,6 +16,7 @@ Gate EditGate::gate(QWidget& window) {
             show_windows_();
         });
         dialogs_.set_parent_window(&window);
+        dialogs_.begin_operation();
         edit();
     };
 }

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -29,10 +28,9 @@ int main(int argc, char** argv) {
     // Painting needs every position of the mouse: events must not be merged.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);
-    // Qt file dialogs save their last folder in the user settings. The program leaves no settings,
-    // so they go into a temporary folder.
-    const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    // Qt file dialogs save their last folder in the user settings. The program leaves no settings:
+    // nothing can be written among the resources.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, ":/settings");
 
     const std::unique_ptr<FileLayer> disk = make_disk();
     QtDialogs dialogs;

@@ -2,9 +2,12 @@
 #include "editor/world_view.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"
+#include "ui/tips.h"
 
 #include <QGridLayout>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace veldrune {
 
@@ -13,7 +16,10 @@ namespace {
 // A label that shortens a text in its middle to fit.
 class PathLabel : public QLabel {
   public:
-    PathLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
+    PathLabel() {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -42,7 +48,8 @@ void add_path(const Controls& controls, QGridLayout& grid) {
     path->setMinimumHeight(path->fontMetrics().height());
     const std::string& value = controls.state.form1.Label20;
     controls.bindings.label(path, value);
-    controls.bindings.on_show([path, &value] { path->setToolTip(QString::fromStdString(value)); });
+    controls.bindings.on_show(
+        [path, &value] { path->setToolTip(plain_tip(QString::fromStdString(value))); });
     grid.addWidget(path, 0, 0);
 }
 
@@ -59,11 +66,12 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
         QScrollBar* bar = controls.bar(row.control, row.direction, row.value, row.on_change);
         const bool horizontal = row.direction == Qt::Horizontal;
         grid->addWidget(bar, horizontal ? 2 : 1, horizontal ? 0 : 1);
-        QObject::connect(picture, &MapPicture::scrolled, bar,
-                         [bar](Qt::Orientation direction, int tiles) {
-                             if (bar->isVisible() && bar->orientation() == direction)
-                                 bar->setValue(bar->value() + tiles);
-                         });
+        QObject::connect(
+            picture, &MapPicture::scrolled, bar, [bar](Qt::Orientation direction, int tiles) {
+                const qint64 place = qint64{bar->value()} + tiles;
+                if (bar->isVisible() && bar->orientation() == direction)
+                    bar->setValue(static_cast<int>(std::clamp<qint64>(place, 0, bar->maximum())));
+            });
     }
     grid->setRowStretch(3, 1);
     controls.bindings.on_show([picture] { picture->update_if_changed(); });

@@ -2,6 +2,7 @@
 
 #include "ui/override_cursor.h"
 
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QStringList>
@@ -10,11 +11,14 @@ namespace veldrune {
 
 namespace {
 
+// tick_box, if any, is shown below the text and belongs to the box from then on.
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
-        QMessageBox::StandardButtons buttons) {
+        QMessageBox::StandardButtons buttons, QCheckBox* tick_box = nullptr) {
     const OverrideCursor cursor(Qt::ArrowCursor);
     QMessageBox box(icon, title, QString::fromStdString(text), buttons, window);
     box.setTextFormat(Qt::PlainText);
+    if (tick_box)
+        box.setCheckBox(tick_box);
     if (buttons & QMessageBox::Cancel)
         box.setDefaultButton(QMessageBox::Cancel); // OK may destroy work
     return box.exec();
@@ -41,8 +45,30 @@ std::optional<std::string> file_name(QFileDialog& dialog) {
 
 } // namespace
 
+void QtDialogs::begin_operation() {
+    number_warnings_ = 0;
+    keeps_back_numbers_ = false;
+}
+
+// From the third one on the user can keep back the rest of the operation's.
+void QtDialogs::show_number_warning(const std::string& text, const QString& title) {
+    constexpr int first_with_tick_box = 3;
+    ++number_warnings_;
+    QCheckBox* tick_box = nullptr;
+    if (number_warnings_ >= first_with_tick_box) {
+        tick_box = new QCheckBox("Show no more of these warnings this time");
+        QObject::connect(tick_box, &QCheckBox::toggled, tick_box,
+                         [this](bool ticked) { keeps_back_numbers_ = ticked; });
+    }
+    ask(window_, QMessageBox::Warning, text, title, QMessageBox::Ok, tick_box);
+}
+
 void QtDialogs::message(MessageKind kind, const std::string& text, const std::string& title) {
+    if (kind == MessageKind::number && keeps_back_numbers_)
+        return;
     before_box_();
+    if (kind == MessageKind::number)
+        return show_number_warning(text, QString::fromStdString(title));
     const auto icon = kind == MessageKind::note ? QMessageBox::Information : QMessageBox::Warning;
     ask(window_, icon, text, QString::fromStdString(title), QMessageBox::Ok);
 }

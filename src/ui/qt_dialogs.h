@@ -14,6 +14,8 @@ class QtDialogs : public Dialogs {
     void attach(Action before_box) { before_box_ = std::move(before_box); }
     /// Message boxes are modal to window from now on.
     void set_parent_window(QWidget* window) { window_ = window; }
+    /// A new operation begins: its warnings about numbers are counted from here on.
+    void begin_operation();
 
     void message(MessageKind kind, const std::string& text, const std::string& title) override;
     bool question(const std::string& text) override;
@@ -21,6 +23,10 @@ class QtDialogs : public Dialogs {
     std::optional<std::string> save_file_name() override;
 
   private:
+    void show_number_warning(const std::string& text, const QString& title);
+
+    int number_warnings_ = 0; // of the running edit
+    bool keeps_back_numbers_ = false;
     QWidget* window_ = nullptr;
     Action before_box_ = [] {};
 };

@@ -98,7 +98,7 @@ QVariant ScriptModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return shown_text(cell);
     case Qt::ToolTipRole:
-        return index.column() == explanation ? shown_text(cell) : QString();
+        return index.column() == explanation ? plain_tip(shown_text(cell)) : QString();
     case Qt::TextAlignmentRole:
         return int(Qt::AlignLeft | (row.height == 0 ? Qt::AlignVCenter : Qt::AlignTop));
     case Qt::FontRole:

@@ -3,6 +3,7 @@
 #include "forms/number_form.h"
 
 #include <QString>
+#include <QTextDocument>
 
 namespace veldrune {
 
@@ -12,6 +13,11 @@ inline QString number_tip(const char* meaning, NumberForm form) {
                            : is_hexadecimal(form) ? " Hexadecimal."
                                                   : "";
     return QString(meaning) + sentence;
+}
+
+/// A tool tip that shows text as it is, whatever markup it seems to hold.
+inline QString plain_tip(const QString& text) {
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 } // namespace veldrune

@@ -111,6 +111,7 @@ TEST(ObjectRecord, WhatCantBeMeantIsToldAndNotPacked) {
         {npc,      &F::Text1, "A020ü",     true,  {hex("0A020ü")}}, // a character of two bytes, here and below
         {npc,      &F::Text4, "1EE0:8",    false, {bit}},
         {npc,      &F::Text4, "1EE0:4 ",   false, {format}}, // blanks count
+        {npc,      &F::Text4, "12:4:5",    true,  {hex("12:4")}},
         {npc,      &F::Text4, "1EE0-9",    false, {format, bit}},
         {npc,      &F::Text4, "1EEü:4",    true,  {hex("1EEü")}},
         {npc,      &F::Text5, " ",         true,  {blank_hex}},

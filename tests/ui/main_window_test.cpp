@@ -44,6 +44,34 @@ TEST_F(MainWindowTest, OpensWhatTheDialogNames) {
     EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}}));
 }
 
+TEST_F(MainWindowTest, ThePathIsPlainText) {
+    const QString path = "<img src=\"x\"><b>/a.smc";
+    disk[path.toStdString()] = demo_bytes();
+    window.open_file(path.toStdString());
+    const auto& label = user.find<QLabel>("Label20");
+    EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
+    EXPECT_TRUE(label.toolTip().contains("&lt;img"));
+}
+
+TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
+    form.Text18 = form.Text23 = form.Text8 = form.Text9 = form.Text13 = "x";
+    std::string tick_boxes;
+    bool tick = true;
+    answers.meanwhile = [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        tick_boxes += box->checkBox() ? 'x' : '-';
+        if (box->checkBox() && tick)
+            box->checkBox()->click();
+    };
+    user.click("Command3");
+    EXPECT_EQ(tick_boxes, "--x");
+    tick = false;
+    tick_boxes.clear();
+    user.click("Command3");
+    EXPECT_EQ(tick_boxes, "--xxx");
+    EXPECT_EQ(user.find<QLineEdit>("Text8").maxLength(), 16);
+}
+
 TEST_F(TownWindowTest, SaveAsGoesOnInTheCopy) {
     const QTemporaryDir folder;
     answers.file_name = folder.filePath("copy");
