@@ -43,21 +43,25 @@ struct Compression : testing::Test {
         const std::size_t length = compress(input, *output).value_or(0);
         return {output->begin(), output->begin() + static_cast<int>(length)};
     }
+    /// The output up to limit, of a file that ends with the stream.
+    Bytes decode(const Bytes& bytes, int limit) {
+        disk["image"] = bytes;
+        disk["image"].insert(disk["image"].begin(), 0x200, 0x33);
+        RomImage rom(disk);
+        EXPECT_TRUE(rom.open("image"));
+        decompress_stream(rom, 0x200, *buffer, limit);
+        return Bytes(buffer->output(), buffer->output() + limit + 1);
+    }
     /// The literal stream must be made, if it is not too long, and lead back to the input and
     /// nothing but zeros behind it, however far the last run reaches.
-    void expect_stream(const Bytes& input, const auto& compress, const Bytes& literal,
+    void expect_stream(Bytes input, const auto& compress, const Bytes& literal,
                        std::size_t longest) {
         EXPECT_EQ(stream(compress, input), literal.size() <= longest ? literal : Bytes{});
         if (literal.size() >= 0x8000)
             return;
-        disk["image"] = literal;
-        RomImage rom(disk);
-        ASSERT_TRUE(rom.open("image"));
         const int limit = input.size() > 8192 ? world_map_output_limit : layer_output_limit;
-        decompress_stream(rom, 0, *buffer, limit);
-        Bytes expected = input;
-        expected.resize(static_cast<std::size_t>(limit) + 1);
-        EXPECT_TRUE(std::ranges::equal(expected, std::span(buffer->output(), expected.size())));
+        input.resize(static_cast<std::size_t>(limit) + 1);
+        EXPECT_TRUE(decode(literal, limit) == input);
     }
     void expect_literal_streams(const Bytes& input) {
         expect_stream(input, compress_layer, literal_compress_layer(input), 9001);
@@ -66,25 +70,15 @@ struct Compression : testing::Test {
 };
 
 TEST_F(Compression, WritesKnownStreams) {
-    // clang-format off
-    const struct { Bytes input; const char *as_layer, *as_world_map; } rows[] = {
-        {{},            "03 00 00",                "03 00 00"},
-        {Bytes(68, 0),  "07 00 00 DD FF FF FF",    "07 00 00 DF FF 01 F8"}, // from before the start
-        {Bytes(34, 7),  "06 00 01 07 DE F7",       "06 00 01 07 DE F7"},    // a run over itself
-        // Two runs of equal length: the nearer and the farther one.
-        {hex_bytes("A B C 1 A B C 2 A B C"),
-         "0C 00 2F 0A 0B 0C 01 DE 07 02 E2 07",    "0C 00 2F 0A 0B 0C 01 DE 07 02 DE 07"},
-        // A control byte comes after a full group only where a ninth item does.
-        {hex_bytes("1 2 3 4 5 6 7 8"),
-         "0B 00 FF 01 02 03 04 05 06 07 08",       "0B 00 FF 01 02 03 04 05 06 07 08"},
-        {hex_bytes("1 2 3 4 5 6 7 8 9"),
-         "0D 00 FF 01 02 03 04 05 06 07 08 01 09", "0D 00 FF 01 02 03 04 05 06 07 08 01 09"},
-    };
-    // clang-format on
-    for (const auto& [input, as_layer, as_world_map] : rows) {
-        EXPECT_EQ(stream(compress_layer, input), hex_bytes(as_layer));
-        EXPECT_EQ(stream(compress_world_map, input), hex_bytes(as_world_map));
-    }
+    const Bytes zeros(68, 0); // found before the start
+    EXPECT_EQ(stream(compress_layer, zeros), hex_bytes("07 00 00 DD FF FF FF"));
+    EXPECT_EQ(stream(compress_world_map, zeros), hex_bytes("07 00 00 DF FF 01 F8"));
+    const Bytes twice = hex_bytes("A B C 1 A B C 2 A B C"); // the nearer and the farther run
+    EXPECT_EQ(stream(compress_layer, twice), hex_bytes("C 0 2F A B C 1 DE 07 2 E2 07"));
+    EXPECT_EQ(stream(compress_world_map, twice), hex_bytes("C 0 2F A B C 1 DE 07 2 DE 07"));
+    // A control byte comes after a full group only where a ninth item does.
+    EXPECT_EQ(stream(compress_layer, hex_bytes("1 2 3 4 5 6 7 8")),
+              hex_bytes("0B 00 FF 1 2 3 4 5 6 7 8"));
 }
 
 TEST_F(Compression, RefusesWhatItsBufferOrLengthFieldCannotHold) {
@@ -114,9 +108,34 @@ TEST_F(Compression, GivesWhatTryingEveryCandidateGives) {
     std::copy_n(far_run.begin() + 16384 - 2047, longest_run, far_run.begin() + 16384);
     expect_literal_streams(far_run);
     expect_literal_streams(Bytes(65536, 0));
-    expect_literal_streams(incompressible(65536));
+}
+
+TEST_F(Compression, ReadsKnownStreams) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"09 00 0F 41 42 43 44 DE 07", "41 42 43 44 41 42 43"},
+        {"06 00 02 FF 07 41", "00 00 00 41"},       // from what is not yet written
+        {"00 00 FF 41", ""},                        // too short for anything
+        {"03 00 FF 41", ""},                        // the last byte is no control byte
+        {"05 00 01 41 DE 17", "41 41 41 41 41 41"}, // a reference over the end
+        {"07 00 0F 41 42", "41 42 FF FF"},          // the file ends before the stream
+    };
+    for (const auto& [bytes, read] : rows) {
+        Bytes expected = hex_bytes(read);
+        expected.resize(layer_output_limit + 1);
+        EXPECT_EQ(decode(hex_bytes(bytes), layer_output_limit), expected) << bytes;
+    }
+}
+
+TEST_F(Compression, ReadingStopsAtItsLimitAndTakesTheLengthsThatItCan) {
+    // The file ends after the length: all that follows counts as literals of 0xFF.
+    buffer->output()[layer_output_limit + 1] = 0x55;
+    EXPECT_EQ(decode({0xFF, 0xFF}, layer_output_limit), Bytes(layer_output_limit + 1, 0xFF));
+    EXPECT_EQ(buffer->output()[layer_output_limit + 1], 0x55);
+    Bytes longest(29124, 0xFF);
+    longest.resize(world_map_output_limit + 1);
+    EXPECT_EQ(decode({0xFF, 0x7F}, world_map_output_limit), longest);
+    EXPECT_EQ(decode({0x00, 0x80}, world_map_output_limit), Bytes(world_map_output_limit + 1));
 }
 
 } // namespace
-
 } // namespace veldrune::test
