@@ -81,7 +81,7 @@ struct ScriptEditor : Editor {
         std::string text =
             trimmed(cell(at, 0)) + "." + trimmed(cell(at, 1)) + "." + trimmed(cell(at, 2));
         if (!values_alone)
-            text += " " + trimmed(cell(at, 3));
+            text.append(" ").append(trimmed(cell(at, 3)));
         const int height = row_at(window.grid, at).height;
         return height == 0 ? text : text + "@" + std::to_string(height);
     }
