@@ -67,7 +67,7 @@ struct ScriptFile {
     std::unique_ptr<FileLayer> disk = make_disk();
     RomImage rom{*disk};
     ScriptGrid grid;
-    Agreeing dialogs;
+    SilentDialogs dialogs;
 
     explicit ScriptFile(const benchmark::State& bench) : file(script_image(bench)) {
         rom.open(file.path);

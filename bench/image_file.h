@@ -1,7 +1,5 @@
 #pragma once
 
-#include "forms/dialogs.h"
-
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -9,15 +7,6 @@
 #include <unistd.h>
 
 namespace veldrune {
-
-/// Answers yes to every question.
-class Agreeing : public Dialogs {
-  public:
-    void message(MessageKind, const std::string&, const std::string&) override {}
-    bool question(const std::string&) override { return true; }
-    std::optional<std::string> open_file_name() override { return std::nullopt; }
-    std::optional<std::string> save_file_name() override { return std::nullopt; }
-};
 
 /// An image in a temporary file, which is removed with the object. One at a time.
 struct ImageFile {

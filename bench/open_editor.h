@@ -14,7 +14,7 @@ namespace veldrune {
 struct OpenEditor {
     ImageFile file{demo::make_demo_image()};
     std::unique_ptr<FileLayer> disk = make_disk();
-    Agreeing dialogs;
+    SilentDialogs dialogs;
     std::unique_ptr<EditorState> state = std::make_unique<EditorState>(*disk, dialogs);
 
     OpenEditor() { open_image_file(*state, file.path); }

@@ -9,9 +9,9 @@
 namespace veldrune {
 namespace {
 
-// The desk for an operation that may change the grid, which is counted: the view shows it anew.
-ScriptDesk count_work_on_desk(EditorState& state) {
-    ++state.form9.work_number;
+// The edit for an operation that may change the grid, which is counted: the view shows it anew.
+ScriptEdit counted_edit(EditorState& state) {
+    ++state.form9.operation_count;
     return {state.form9, state.script.entry, state.rom, state.dialogs};
 }
 
@@ -19,7 +19,7 @@ bool stands_open(const EditorState& state) {
     return state.form9.visible;
 }
 
-void tell(EditorState& state, const std::string& text) {
+void report(EditorState& state, const std::string& text) {
     state.dialogs.error(text);
 }
 
@@ -28,11 +28,11 @@ bool reading_failed(const ReadWatch& reads, Dialogs& dialogs) {
                                 dialogs);
 }
 
-void tell_if_cut(EditorState& state) {
+void report_if_cut(EditorState& state) {
     if (!state.script.loaded.whole)
-        tell(state, "The script at " + state.form9.Text3 + " has no end within " +
-                        std::to_string(max_script_bytes) +
-                        " bytes and the file. It is shown as far as it goes and can't be saved.");
+        report(state, "The script at " + state.form9.Text3 + " has no end within " +
+                          std::to_string(max_script_bytes) +
+                          " bytes and the file. It is shown as far as it goes and can't be saved.");
 }
 
 // Reads the script from the open image.
@@ -44,16 +44,16 @@ void read_script(EditorState& state) {
     state.script.source = source_of(state.rom);
 }
 
-// Whether the script may be written into the open image at all; where not, it has been told.
+// Whether the script may be written into the open image at all; if not, it has been reported.
 bool may_save_script(EditorState& state) {
     if (!state.script.loaded.whole) {
-        tell(state, "This script can't be saved, since it was not read up to its end.");
+        report(state, "This script can't be saved, since it was not read up to its end.");
         return false;
     }
     if (is_from(state.script.source, state.rom))
         return true;
-    tell(state, "This script was read from " + state.script.source->path +
-                    " and can't be saved into the open image, " + state.rom.path() + ".");
+    report(state, "This script was read from " + state.script.source->path +
+                      " and can't be saved into the open image, " + state.rom.path() + ".");
     return false;
 }
 
@@ -67,7 +67,7 @@ bool may_save_lists(EditorState& state, const std::vector<std::uint8_t>& bytes) 
            state.dialogs.question(
                "Row " + std::to_string(*row) +
                " holds another number of offsets than will be read there: as many as the dialogue "
-               "before it offers choices, or as the count of a list in between tells. The rest of "
+               "before it offers choices, or as the count of a list in between says. The rest of "
                "the script will be taken for something else. Save it all the same?");
 }
 
@@ -77,13 +77,13 @@ bool may_save_at(EditorState& state, std::int64_t offset) {
     return offset == loaded ||
            state.dialogs.question("This script was read from " + format_hex(loaded) +
                                   " and will be written to " + format_hex(offset) +
-                                  ". The script there may be shorter: what lies behind it would be "
+                                  ". The script there may be shorter: what follows it would be "
                                   "overwritten. Write it there all the same?");
 }
 
 void refuse(EditorState& state, const CellRefusal& refusal) {
     const ScriptRow& row = row_at(state.form9.grid, refusal.row);
-    refuse_cell(count_work_on_desk(state), refusal, row.cells[refusal.column]);
+    refuse_cell(counted_edit(state), refusal, row.cells[refusal.column]);
 }
 
 } // namespace
@@ -91,19 +91,19 @@ void refuse(EditorState& state, const CellRefusal& refusal) {
 void open_event_editor(EditorState& state) {
     if (!state.rom_open)
         return;
-    const int former_loads = state.form9.load_number;
+    const int former_loads = state.form9.load_count;
     state.form9 = Form9{};
     state.script.entry = ScriptEntry{};
     const ReadWatch reads(state.rom);
     read_script(state);
     state.form9.Text3 =
         format_hex(static_cast<std::uint32_t>(state.objects.selected_object.script_offset));
-    state.form9.load_number = former_loads + 1;
-    state.form9.visible = state.form9.to_front = true;
+    state.form9.load_count = former_loads + 1;
+    state.form9.visible = state.form9.raise_requested = true;
     if (reading_failed(reads, state.dialogs))
         state.script.loaded.whole = false; // counts as cut
     else
-        tell_if_cut(state);
+        report_if_cut(state);
 }
 
 void open_event_editor_of_object(EditorState& state) {
@@ -127,30 +127,30 @@ ScriptRows remembered_rows(const EditorState& state) {
 
 void on_script_click(EditorState& state, int row, int column) {
     if (stands_open(state))
-        click_cell(count_work_on_desk(state), row, column);
+        click_cell(counted_edit(state), row, column);
 }
 
 void on_script_enter(EditorState& state) {
     if (!stands_open(state))
         return;
     const ReadWatch reads(state.rom);
-    enter_text(count_work_on_desk(state));
+    enter_text(counted_edit(state));
     reading_failed(reads, state.dialogs); // a dialogue that was shown
 }
 
 void on_script_escape(EditorState& state) {
     if (stands_open(state))
-        escape_entry(count_work_on_desk(state));
+        escape_entry(counted_edit(state));
 }
 
 void add_script_item(EditorState& state) {
     if (stands_open(state))
-        add_item(count_work_on_desk(state));
+        add_item(counted_edit(state));
 }
 
 void remove_script_item(EditorState& state) {
     if (stands_open(state))
-        remove_item(count_work_on_desk(state));
+        remove_item(counted_edit(state));
 }
 
 void on_script_offset_enter(EditorState& state) {
@@ -163,7 +163,7 @@ void on_script_offset_enter(EditorState& state) {
 void save_script(EditorState& state) {
     if (!stands_open(state))
         return;
-    end_entry(count_work_on_desk(state));
+    end_entry(counted_edit(state));
     if (!may_save_script(state))
         return;
     const EncodedScript script = encode_script(state.form9.grid, state.dialogs);

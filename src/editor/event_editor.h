@@ -12,7 +12,7 @@ void open_event_editor_of_object(EditorState& state);
 /// After the user has closed the window.
 void close_event_editor(EditorState& state);
 
-/// The rows of the command that "Remove Item" would remove: the first one, and the one behind the
+/// The rows of the command that "Remove Item" would remove: the first one, and the one after the
 /// last. Both are 0 where there is none.
 struct ScriptRows {
     int first = 0;

@@ -61,7 +61,7 @@ void load_selected_record(EditorState& state, int index) {
     object.bytes = {};
     std::ranges::copy(row, object.bytes.begin());
     Form10& form = state.form10;
-    form.visible = form.to_front = form.fields_enabled = true;
+    form.visible = form.raise_requested = form.fields_enabled = true;
     fill_object_fields(state);
     show_record_number(state, index);
 }
@@ -114,7 +114,7 @@ void drop_object(EditorState& state) {
     Form10& form = state.form10;
     Form10 blank;
     blank.visible = form.visible;
-    blank.to_front = form.to_front;
+    blank.raise_requested = form.raise_requested;
     blank.TabStrip1 = form.TabStrip1;
     const ObjectList& list = chosen_list(state);
     blank.HScroll1.maximum = list.row_count == 0 ? 1 : std::max(list.count, 1);

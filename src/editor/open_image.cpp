@@ -18,7 +18,7 @@ void open_image_file(EditorState& state, const std::string& path) {
         state.dialogs.message(MessageKind::warning,
                               path + " is open in another editor, too. What one of them saves can "
                                      "overwrite what the other one has saved.",
-                              "Warning");
+                              warning_title);
 }
 
 void open_image(EditorState& state) {

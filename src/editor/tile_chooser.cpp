@@ -32,7 +32,7 @@ void draw_world_sheet(EditorState& state) {
 // A world has no layers to choose from.
 void open_world_chooser(EditorState& state) {
     draw_world_sheet(state);
-    state.form8 = {.visible = true, .to_front = true};
+    state.form8 = {.visible = true, .raise_requested = true};
     state.form2.visible = false;
 }
 
@@ -45,7 +45,7 @@ void open_tile_chooser(EditorState& state) {
         return;
     state.form2.layer = state.form1.edit_layer;
     draw_tile_sheet(state);
-    state.form8 = {.visible = true, .to_front = true};
+    state.form8 = {.visible = true, .raise_requested = true};
     state.form2.visible = true;
 }
 

@@ -60,7 +60,7 @@ constexpr ScriptCommand map_change(std::uint8_t code, Label label) {
             Parameter{ParameterKind::map_data, "New Data"}};
 }
 
-// One to eight words and a pointer behind them.
+// One to eight words and a pointer after them.
 constexpr ScriptCommand conditional(std::uint8_t code, const char* label) {
     constexpr const char* words[] = {"Parameter 1", "Parameter 2", "Parameter 3", "Parameter 4",
                                      "Parameter 5", "Parameter 6", "Parameter 7", "Parameter 8"};

@@ -16,7 +16,7 @@ enum class ParameterKind : std::uint8_t {
     dialogue,    // a word: number of a dialogue
     high_nibble, // bits 4 to 7 of a byte whose low nibble stands in the next row
     low_nibble,  // bits 0 to 3 of that byte
-    map_data,    // as many bytes as the product of the two rows above tells, modulo 256
+    map_data,    // as many bytes as the product of the two rows above, modulo 256
     list_count,  // 1 byte: number of pointers in the next row
     offset_list, // pointers in one cell, as many as a list count above it or, without one, the
                  // options of the dialogue before it

@@ -133,7 +133,7 @@ class Decoder {
         return shown;
     }
 
-    // Lines of as many bytes as the data is wide. What the height tells beyond the 8 bits of their
+    // Lines of as many bytes as the data is wide. What the height says beyond the 8 bits of their
     // product is no part of the command.
     void decode_map_data(const Parameter& parameter) {
         const std::uint8_t width = byte_at(command_ + 3);
@@ -195,7 +195,7 @@ class Decoder {
     std::size_t index_ = 0;              // of the next byte; beyond the end where bytes are missing
     std::size_t command_ = 0;            // where the present command began
     int last_dialogue_ = 0;              // number of the dialogue shown last
-    std::uint8_t last_option_count_ = 0; // its options, or the count of a list behind it
+    std::uint8_t last_option_count_ = 0; // its options, or the count of a list after it
 };
 
 // Lays bytes out in the grid as the script that they begin with.

@@ -119,7 +119,7 @@ class Encoder {
         return true;
     }
 
-    // The actions must make up the bytes that the count tells; the last one may reach beyond them.
+    // The actions must make up the bytes that the count gives; the last one may reach beyond them.
     bool encode_queue(int count_row, int end) {
         const std::size_t start = script_.bytes.size();
         const auto count = static_cast<std::size_t>(queue_size(script_.bytes.back()));
@@ -162,8 +162,9 @@ class Encoder {
     }
 
     bool refuse(int row, ScriptColumn column, const std::string& why) {
-        script_.refusal = CellRefusal{
-            row, column, "Row " + std::to_string(row) + " can't be saved: " + why + ".", "Error"};
+        script_.refusal =
+            CellRefusal{row, column, "Row " + std::to_string(row) + " can't be saved: " + why + ".",
+                        error_title};
         return false;
     }
 

@@ -12,8 +12,8 @@ namespace {
 // "Add Item", "Remove Item" or a save. Null where there is nothing to do.
 struct Stage {
     Awaited awaited;
-    void (*enter)(ScriptDesk);
-    void (*break_off)(ScriptDesk);
+    void (*enter)(ScriptEdit);
+    void (*break_off)(ScriptEdit);
 };
 // clang-format off
 constexpr Stage stages[] = {
@@ -30,43 +30,43 @@ constexpr Stage stages[] = {
 };
 // clang-format on
 
-const Stage& stage_of(ScriptDesk desk) {
-    return *std::ranges::find(stages, desk.entry.awaited, &Stage::awaited);
+const Stage& stage_of(ScriptEdit edit) {
+    return *std::ranges::find(stages, edit.entry.awaited, &Stage::awaited);
 }
 
 // The spare row after the last command belongs to none.
-void remember_command_at(ScriptDesk desk, int row) {
-    if (row + 1 == static_cast<int>(desk.form.grid.size()))
-        return forget_command(desk);
-    while (row > 0 && !starts_command(desk.form.grid, row))
+void remember_command_at(ScriptEdit edit, int row) {
+    if (row + 1 == static_cast<int>(edit.form.grid.size()))
+        return forget_command(edit);
+    while (row > 0 && !starts_command(edit.form.grid, row))
         --row;
-    desk.entry.command_row = row;
-    desk.entry.command_code = command_code_at(desk.form.grid, row);
+    edit.entry.command_row = row;
+    edit.entry.command_code = command_code_at(edit.form.grid, row);
 }
 
 // What a cell of the remembered command holds.
-Awaited awaited_in(ScriptDesk desk, int row, ScriptColumn column) {
+Awaited awaited_in(ScriptEdit edit, int row, ScriptColumn column) {
     if (column == primary)
         return Awaited::code;
-    const ScriptCommand* command = remembered_command(desk);
-    const bool in_actions = command && command->is_queue() && row > desk.entry.command_row + 1;
+    const ScriptCommand* command = remembered_command(edit);
+    const bool in_actions = command && command->is_queue() && row > edit.entry.command_row + 1;
     return in_actions && column == secondary ? Awaited::action : Awaited::value;
 }
 
 // Lays the edit box with a text on a cell, and remembers its command.
-void edit_cell(ScriptDesk desk, int row, ScriptColumn column, const std::string& text) {
-    desk.entry.cell_row = row;
-    remember_command_at(desk, row);
-    place_edit_box(desk, awaited_in(desk, row, column), row, column);
-    desk.form.Text2 = text;
+void edit_cell(ScriptEdit edit, int row, ScriptColumn column, const std::string& text) {
+    edit.entry.cell_row = row;
+    remember_command_at(edit, row);
+    place_edit_box(edit, awaited_in(edit, row, column), row, column);
+    edit.form.Text2 = text;
 }
 
-void normalise_remembered_command(ScriptDesk desk) {
-    if (!remembered_command(desk))
+void normalise_remembered_command(ScriptEdit edit) {
+    if (!remembered_command(edit))
         return;
     if (const auto refusal =
-            normalise_command(desk.form.grid, desk.entry.command_row, desk.dialogs))
-        refuse_cell(desk, *refusal, "");
+            normalise_command(edit.form.grid, edit.entry.command_row, edit.dialogs))
+        refuse_cell(edit, *refusal, "");
 }
 
 bool has_lines(ParameterKind kind) {
@@ -100,73 +100,73 @@ bool holds_value(const ScriptGrid& grid, int row, int column) {
 
 } // namespace
 
-void refuse_cell(ScriptDesk desk, const CellRefusal& refusal, const std::string& text) {
-    edit_cell(desk, refusal.row, refusal.column, text);
-    desk.dialogs.message(MessageKind::error, refusal.text, refusal.title);
+void refuse_cell(ScriptEdit edit, const CellRefusal& refusal, const std::string& text) {
+    edit_cell(edit, refusal.row, refusal.column, text);
+    edit.dialogs.message(MessageKind::error, refusal.text, refusal.title);
 }
 
-void end_entry(ScriptDesk desk) {
-    const Stage& stage = stage_of(desk);
+void end_entry(ScriptEdit edit) {
+    const Stage& stage = stage_of(edit);
     if (!stage.break_off)
         return;
-    stage.break_off(desk);
-    hide_edit_box(desk);
+    stage.break_off(edit);
+    hide_edit_box(edit);
     if (stage.awaited != Awaited::new_code)
-        normalise_remembered_command(desk);
+        normalise_remembered_command(edit);
 }
 
-void click_cell(ScriptDesk desk, int row, int column) {
-    const bool in_grid = row > 0 && row < static_cast<int>(desk.form.grid.size());
-    desk.entry.clicked_row = in_grid ? row : 0;
+void click_cell(ScriptEdit edit, int row, int column) {
+    const bool in_grid = row > 0 && row < static_cast<int>(edit.form.grid.size());
+    edit.entry.clicked_row = in_grid ? row : 0;
     if (in_grid)
-        desk.entry.cell_row = row;
-    end_entry(desk);
-    row = desk.entry.clicked_row;
-    if (!holds_value(desk.form.grid, row, column)) {
-        forget_command(desk);
-        return hide_edit_box(desk);
+        edit.entry.cell_row = row;
+    end_entry(edit);
+    row = edit.entry.clicked_row;
+    if (!holds_value(edit.form.grid, row, column)) {
+        forget_command(edit);
+        return hide_edit_box(edit);
     }
     const auto value_column = static_cast<ScriptColumn>(column);
-    edit_cell(desk, row, value_column, row_at(desk, row).cells[value_column]);
+    edit_cell(edit, row, value_column, row_at(edit, row).cells[value_column]);
 }
 
-void enter_text(ScriptDesk desk) {
-    const Stage& stage = stage_of(desk);
+void enter_text(ScriptEdit edit) {
+    const Stage& stage = stage_of(edit);
     if (!stage.enter)
         return;
-    if (is_blank(without_breaks(desk.form.Text2)))
-        return desk.dialogs.message(MessageKind::error, "You must enter some valid hex fool",
+    if (is_blank(without_breaks(edit.form.Text2)))
+        return edit.dialogs.message(MessageKind::error, "You must enter some valid hex fool",
                                     "Nope");
-    if (!has_lines(current_parameter(desk).kind))
-        desk.form.Text2 = without_breaks(desk.form.Text2);
-    stage.enter(desk);
-    desk.form.Text2.clear();
-    if (!stage_of(desk).break_off)
-        normalise_remembered_command(desk);
+    if (!has_lines(current_parameter(edit).kind))
+        edit.form.Text2 = without_breaks(edit.form.Text2);
+    stage.enter(edit);
+    edit.form.Text2.clear();
+    if (!stage_of(edit).break_off)
+        normalise_remembered_command(edit);
 }
 
-void escape_entry(ScriptDesk desk) {
-    end_entry(desk);
-    forget_command(desk);
-    hide_edit_box(desk);
+void escape_entry(ScriptEdit edit) {
+    end_entry(edit);
+    forget_command(edit);
+    hide_edit_box(edit);
 }
 
-void add_item(ScriptDesk desk) {
-    end_entry(desk);
-    const int row = row_for_command(desk.form.grid, desk.entry.cell_row);
-    insert_row_at(desk, row, blank_script_row());
-    desk.form.Text2.clear();
-    desk.entry.cell_row = row;
-    place_edit_box(desk, Awaited::new_code, row, primary);
+void add_item(ScriptEdit edit) {
+    end_entry(edit);
+    const int row = row_for_command(edit.form.grid, edit.entry.cell_row);
+    insert_row_at(edit, row, blank_script_row());
+    edit.form.Text2.clear();
+    edit.entry.cell_row = row;
+    place_edit_box(edit, Awaited::new_code, row, primary);
 }
 
-void remove_item(ScriptDesk desk) {
-    end_entry(desk);
-    const int row = desk.entry.command_row;
-    if (remembered_command(desk))
-        remove_rows_at(desk, row, command_end(desk.form.grid, row));
-    forget_command(desk);
-    hide_edit_box(desk);
+void remove_item(ScriptEdit edit) {
+    end_entry(edit);
+    const int row = edit.entry.command_row;
+    if (remembered_command(edit))
+        remove_rows_at(edit, row, command_end(edit.form.grid, row));
+    forget_command(edit);
+    hide_edit_box(edit);
 }
 
 } // namespace veldrune

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "events/script_decoder.h"
-#include "events/script_desk.h"
+#include "events/script_edit.h"
 
 #include <optional>
 
@@ -16,25 +16,25 @@ struct OpenScript {
 
 /// A click on a cell: ends an entry, then lays the edit box on the cell, wherever its row stands by
 /// then, unless the row is gone, or the cell blank or an explanation.
-void click_cell(ScriptDesk desk, int row, int column);
+void click_cell(ScriptEdit edit, int row, int column);
 
 /// Enter in the edit box: takes its text into the grid and goes on to the next cell of the entry.
-void enter_text(ScriptDesk desk);
+void enter_text(ScriptEdit edit);
 
 /// Escape: ends an entry, forgets the command and hides the edit box.
-void escape_entry(ScriptDesk desk);
+void escape_entry(ScriptEdit edit);
 
 /// "Add Item": a blank row for a new command, before the next command or the final "Return".
-void add_item(ScriptDesk desk);
+void add_item(ScriptEdit edit);
 
 /// "Remove Item": removes the remembered command.
-void remove_item(ScriptDesk desk);
+void remove_item(ScriptEdit edit);
 
 /// Ends an entry that is unfinished: rows that were still to be filled go, and a queue gets its
 /// end.
-void end_entry(ScriptDesk desk);
+void end_entry(ScriptEdit edit);
 
 /// Shows a refusal and lays the edit box on its cell, with this text.
-void refuse_cell(ScriptDesk desk, const CellRefusal& refusal, const std::string& text);
+void refuse_cell(ScriptEdit edit, const CellRefusal& refusal, const std::string& text);
 
 } // namespace veldrune

@@ -53,13 +53,13 @@ std::string padded(std::string_view digits, std::size_t width);
 bool starts_command(const ScriptGrid& grid, int row);
 /// The code of the command that begins in this row; -1 where none does.
 int command_code_at(const ScriptGrid& grid, int row);
-/// The row behind the last one of the command to which a row belongs; at most the spare row.
+/// The row after the last one of the command to which a row belongs; at most the spare row.
 int command_end(const ScriptGrid& grid, int row);
 
 void insert_row(ScriptGrid& grid, int row, ScriptRow what);
 void remove_rows(ScriptGrid& grid, int first, int end);
 
-/// What a pointer of a script can tell, as cells show it.
+/// The values that a pointer of a script can have, as cells show it.
 inline constexpr std::uint64_t lowest_script_offset = rom_layout::event_scripts;
 inline constexpr std::uint64_t highest_script_offset = lowest_script_offset + 0xFFFFFF;
 

@@ -22,7 +22,7 @@ void normalise_cell(std::string& cell, ParameterKind kind) {
     cell = cell_text(padded(without_blanks(cell), digits_of(kind)));
 }
 
-// A cell of lines: a blank before every line and behind the last line break.
+// A cell of lines: a blank before every line and after the last line break.
 std::string lines_cell(const std::vector<std::string>& lines) {
     std::string cell = " ";
     for (const std::string& line : lines)

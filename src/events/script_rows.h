@@ -6,7 +6,7 @@
 
 namespace veldrune {
 
-/// A cell that can't be taken as it stands, and what to tell the user.
+/// A cell that can't be taken as it stands, and the message for the user.
 struct CellRefusal {
     int row;
     ScriptColumn column;
@@ -14,8 +14,8 @@ struct CellRefusal {
     std::string title;
 };
 
-/// The number in a cell. What is not hexadecimal is told and counts as the parser says; beyond 32
-/// bits it stays at 0x100000000.
+/// The number in a cell. What is not hexadecimal gives a warning and counts as the parser says;
+/// beyond 32 bits it stays at 0x100000000.
 std::uint64_t number_in(const std::string& cell, Dialogs& dialogs);
 
 /// Inserts a new command at a row, its values blank.

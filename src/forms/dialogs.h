@@ -14,6 +14,8 @@ inline constexpr const char* default_title = "Veldrune Map Editor";
 
 /// The title of an error message without a title of its own.
 inline constexpr const char* error_title = "Error";
+/// The title of a warning without a title of its own.
+inline constexpr const char* warning_title = "Warning";
 
 enum class MessageKind {
     error,   // something failed

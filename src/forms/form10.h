@@ -38,15 +38,15 @@ struct Form10Texts {
 /// fields blank. The meaning of a control changes with the tab.
 struct Form10 : Form10Texts {
     bool visible = false;
-    bool to_front = false;       // request to bring the window to the front; the window clears it
-    int TabStrip1 = 0;           // chosen tab, 0 to 4: NPCs, chests, events, short, long entrances
-    RecordBar HScroll1;          // record number, from 1
-    std::string Label10;         // the record number as text; blank without a record
-    bool fields_enabled = false; // a record is loaded: its fields can be edited
-    int Combo1 = -1;             // NPC: vehicle
-    int Combo2 = -1;             // NPC: facing. Chest: contents; row of Combo2_lines
-    int Combo3 = -1;             // NPC: speed
-    int Combo4 = -1;             // NPC: movement, 0 to 15
+    bool raise_requested = false; // request to bring the window to the front; the window clears it
+    int TabStrip1 = 0;            // chosen tab, 0 to 4: NPCs, chests, events, short, long entrances
+    RecordBar HScroll1;           // record number, from 1
+    std::string Label10;          // the record number as text; blank without a record
+    bool fields_enabled = false;  // a record is loaded: its fields can be edited
+    int Combo1 = -1;              // NPC: vehicle
+    int Combo2 = -1;              // NPC: facing. Chest: contents; row of Combo2_lines
+    int Combo3 = -1;              // NPC: speed
+    int Combo4 = -1;              // NPC: movement, 0 to 15
     std::vector<std::string> Combo2_lines; // NPC: the four directions. Chest: 256 item names
     bool Check1 = false;                   // NPC: "Walk Over". Chest: bit 1 of byte 3, hidden
     bool Check2 = false;                   // NPC: "Walk Under". Chest: "Byte Flag"

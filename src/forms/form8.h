@@ -6,7 +6,7 @@ namespace veldrune {
 /// Picture1, is MapDisplay::tile_sheet.
 struct Form8 {
     bool visible = false;
-    bool to_front = false; // request to bring the window to the front; the window clears it
+    bool raise_requested = false; // request to bring the window to the front; the window clears it
 };
 
 } // namespace veldrune

@@ -27,9 +27,9 @@ struct ScriptRow {
 /// The Event Editor. A new Form9 has no script loaded.
 struct Form9 {
     bool visible = false;
-    bool to_front = false; // request to bring the window to the front; the window clears it
-    int load_number = 0;   // incremented by every load; the view then scrolls to the top
-    int work_number = 0;   // incremented by every operation on the grid since the load
+    bool raise_requested = false; // request to bring the window to the front; the window clears it
+    int load_count = 0;           // incremented by every load; the view then scrolls to the top
+    int operation_count = 0;      // incremented by every operation on the grid since the load
 
     std::vector<ScriptRow> grid; // the script; row 0 is the fixed header
     int grid_row = 0;            // the current cell

@@ -198,7 +198,7 @@ class FieldReader {
     std::uint32_t short_value(std::string text) {
         std::erase(text, ' ');
         if (character_count(text) >= 6)
-            refuse("The event address you've entered is too large", "Error");
+            refuse("The event address you've entered is too large", error_title);
         else
             text.insert(0, 6 - character_count(text), '0');
         return unsigned_value(parse_hex_text(text, dialogs_));
@@ -210,7 +210,7 @@ class FieldReader {
         const std::uint32_t byte = piece_value(characters(text, 0, 4));
         const std::uint32_t bit = piece_value(characters(text, 5, 1));
         if (bit > 7)
-            refuse("Your flag bit must 0 - 7", "Error");
+            refuse("Your flag bit must 0 - 7", error_title);
         return (byte - unsigned_value(base)) * 8 + bit;
     }
 
@@ -220,15 +220,15 @@ class FieldReader {
             "byte must be no greater than 1F and your bit must be no greater than 7";
         std::erase(text, ' ');
         if (character_count(text) > 4)
-            refuse(message, "Error");
+            refuse(message, error_title);
         if (character_count(text) == 3)
             text.insert(0, 1, '0');
         if (characters(text, 2, 1) != ":")
-            refuse(message, "Error");
+            refuse(message, error_title);
         const std::uint32_t byte = piece_value(characters(text, 0, 2));
         const std::uint32_t bit = piece_value(characters(text, 3, 1));
         if (byte > 0x1F || bit > 7)
-            refuse(message, "Error");
+            refuse(message, error_title);
         return byte * 8 + bit;
     }
 

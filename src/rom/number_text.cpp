@@ -59,7 +59,8 @@ std::int32_t parse_hex_text(std::string& text, Dialogs& dialogs) {
         const std::optional<std::uint32_t> good = hex_digit(*c);
         if (!good)
             dialogs.message(MessageKind::number,
-                            "The number " + digits + " you've entered is not valid hex", "Warning");
+                            "The number " + digits + " you've entered is not valid hex",
+                            warning_title);
         digit = good.value_or(digit);
         if (place < 8)
             value |= digit << (4 * place++);
@@ -96,7 +97,8 @@ TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
     const TextNumber number = decimal_number(text);
     if (!number.is_number)
         dialogs.message(MessageKind::number,
-                        "The number " + text + " you've entered is not valid decimal", "Warning");
+                        "The number " + text + " you've entered is not valid decimal",
+                        warning_title);
     return number;
 }
 

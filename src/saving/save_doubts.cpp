@@ -16,7 +16,7 @@ namespace {
 
 constexpr int data_number_count = 1024; // that ten bits of a record can name
 
-/// A layer as its pass would write it.
+// A layer as its pass would write it.
 struct PlannedLayer {
     LayerSize size;
     std::int32_t location = 0;

@@ -18,7 +18,7 @@ std::span<const std::uint8_t> pack_world(const OpenWorld& world, CompressOutput&
 /// Writes a world's stream, as pack_world has made it, at the file offset in location_text,
 /// asking first where it has grown, and then the pointer to it. A place that no pointer can name is
 /// reported and leaves the pointer as it was. False where nothing or not all was written: the user
-/// cancelled, or was told why.
+/// cancelled, or was shown why.
 bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
                     std::span<const std::uint8_t> stream, Dialogs& dialogs);
 

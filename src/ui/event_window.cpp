@@ -49,7 +49,7 @@ EventWindow::EventWindow(EditorState& state, EditGate& gate)
     setCentralWidget(panel);
     resize(sizeHint().boundedTo(screen()->availableSize()));
     bindings_.on_show([this] { show_script(); });
-    bind_raise_request(state.form9.to_front);
+    bind_raise_request(state.form9.raise_requested);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
             [this] { bindings_.edit(bind_state(state_, on_script_escape)); });
 }
@@ -84,10 +84,11 @@ QLayout* EventWindow::make_bar() {
 // A newly loaded script is scrolled to its beginning.
 void EventWindow::show_script() {
     const Form9& form = state_.form9;
-    const bool loaded = std::exchange(shown_load_, form.load_number) != form.load_number;
-    if (!loaded && shown_work_ == form.work_number)
+    const bool loaded = std::exchange(shown_load_, form.load_count) != form.load_count;
+    if (!loaded && shown_work_ == form.operation_count)
         return;
-    shown_work_ = gate_.busy() ? -1 : form.work_number; // still running while a message box is open
+    shown_work_ =
+        gate_.busy() ? -1 : form.operation_count; // still running while a message box is open
     grid_->show_changes();
     if (loaded)
         grid_->show_beginning();

@@ -18,8 +18,8 @@ class EventWindow : public SideWindow {
     void show_script();
 
     ScriptView* grid_;
-    int shown_load_ = 0;  // Form9::load_number when the view was updated last
-    int shown_work_ = -1; // Form9::work_number then, -1 if the operation was still running
+    int shown_load_ = 0;  // Form9::load_count when the view was updated last
+    int shown_work_ = -1; // Form9::operation_count then, -1 if the operation was still running
 };
 
 } // namespace veldrune

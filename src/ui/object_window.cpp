@@ -99,7 +99,7 @@ ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& ma
     build_menus(*this, menu_rows, state, bindings_);
     build_panel();
     bindings_.show();
-    bind_raise_request(state.form10.to_front);
+    bind_raise_request(state.form10.raise_requested);
     QRect place(QPoint(0, 0), sizeHint()); // so that it covers little of the map picture
     place.moveBottomRight(main_window.frameGeometry().bottomRight());
     move(place.topLeft());

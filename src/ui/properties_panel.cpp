@@ -22,7 +22,7 @@ constexpr HeadingRow heading_rows[] = {
 struct FieldRow {
     std::string Form1::*text;
     const char* meaning;
-    const char* part = ""; // tells the fields of a line apart where there is no heading
+    const char* part = ""; // names the fields of a line where there is no heading
 };
 
 // A label and its fields. Each field has its own column, under a heading, or all share span

@@ -22,9 +22,9 @@ void SideWindow::show_state() {
     setVisible(visible_);
 }
 
-void SideWindow::bind_raise_request(bool& to_front) {
-    bindings_.on_show([this, &to_front] {
-        if (!std::exchange(to_front, false))
+void SideWindow::bind_raise_request(bool& raise_requested) {
+    bindings_.on_show([this, &raise_requested] {
+        if (!std::exchange(raise_requested, false))
             return;
         setWindowState(windowState() & ~Qt::WindowMinimized);
         show();

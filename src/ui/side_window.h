@@ -18,8 +18,9 @@ class SideWindow : public QMainWindow {
     SideWindow(EditorState& state, EditGate& gate, const bool& visible,
                void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type);
     void closeEvent(QCloseEvent* event) override;
-    /// Lets the window come to the front when to_front is set, and clears to_front then.
-    void bind_raise_request(bool& to_front);
+    /// Lets the window come to the front when raise_requested is set, and clears raise_requested
+    /// then.
+    void bind_raise_request(bool& raise_requested);
 
     EditorState& state_;
     Bindings bindings_;

@@ -50,7 +50,7 @@ TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& parent)
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     auto* sheet = new SheetPicture(state, bindings_);
     bindings_.on_show([sheet] { sheet->update_if_changed(); });
-    bind_raise_request(state.form8.to_front);
+    bind_raise_request(state.form8.raise_requested);
     auto* panel = new QWidget;
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(margin, margin, margin, margin);

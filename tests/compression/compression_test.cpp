@@ -8,8 +8,8 @@
 namespace veldrune::test {
 namespace {
 
-/// No three bytes of it stand twice within a window, so that it takes a byte for each and one for
-/// every eight.
+// No three bytes of it stand twice within a window, so that it takes a byte for each and one for
+// every eight.
 Bytes incompressible(std::size_t size) {
     Bytes bytes(size);
     for (std::size_t i = 0; i < size; ++i)
@@ -17,8 +17,8 @@ Bytes incompressible(std::size_t size) {
     return bytes;
 }
 
-/// New bytes from an alphabet of any size mixed with copies from near, far and the window's edge,
-/// some of them from the zeros before the start.
+// New bytes from an alphabet of any size mixed with copies from near, far and the window's edge,
+// some of them from the zeros before the start.
 Bytes random_input(Random& random, int size) {
     const int alphabet = 1 << random.below(9), new_share = 1 + random.below(16);
     Bytes bytes;
@@ -38,12 +38,12 @@ struct Compression : testing::Test {
     std::unique_ptr<DecompressBuffer> buffer = std::make_unique<DecompressBuffer>();
     MemoryDisk disk;
 
-    /// The stream; nothing where the encoder refuses.
+    // The stream; nothing where the encoder refuses.
     Bytes stream(const auto& compress, const Bytes& input) {
         const std::size_t length = compress(input, *output).value_or(0);
         return {output->begin(), output->begin() + static_cast<int>(length)};
     }
-    /// The output up to limit, of a file that ends with the stream.
+    // The output up to limit, of a file that ends with the stream.
     Bytes decode(const Bytes& bytes, int limit) {
         disk["image"] = bytes;
         disk["image"].insert(disk["image"].begin(), 0x200, 0x33);
@@ -52,8 +52,8 @@ struct Compression : testing::Test {
         decompress_stream(rom, 0x200, *buffer, limit);
         return Bytes(buffer->output(), buffer->output() + limit + 1);
     }
-    /// The literal stream must be made, if it is not too long, and lead back to the input and
-    /// nothing but zeros behind it, however far the last run reaches.
+    // The literal stream must be made, if it is not too long, and lead back to the input and
+    // nothing but zeros behind it, however far the last run reaches.
     void expect_stream(Bytes input, const auto& compress, const Bytes& literal,
                        std::size_t longest) {
         EXPECT_EQ(stream(compress, input), literal.size() <= longest ? literal : Bytes{});

@@ -23,7 +23,7 @@ struct DemoImage : testing::Test {
     const Form1& form = state.form1;
     const RomImage& rom = state.rom;
 
-    /// Calls use(kind, row of bytes) for every object of a map.
+    // Calls use(kind, row of bytes) for every object of a map.
     void each_object(int map, auto&& use) const {
         for (const ObjectKind kind : all_kinds) {
             ObjectList list;

@@ -34,7 +34,7 @@ TEST(EventEditor, ASaveGoesInPlaceAndTouchesNothingElse) {
 
 const std::string elsewhere =
     "This script was read from 30000 and will be written to 40000. The script there may be "
-    "shorter: what lies behind it would be overwritten. Write it there all the same?";
+    "shorter: what follows it would be overwritten. Write it there all the same?";
 
 TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPointsAndAsksEachTime) {
     ScriptEditor editor(script);
@@ -61,7 +61,7 @@ TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPointsAndAsksEachTime) {
 std::string misread_list(int row) {
     return "Row " + std::to_string(row) +
            " holds another number of offsets than will be read there: as many as the dialogue "
-           "before it offers choices, or as the count of a list in between tells. The rest of the "
+           "before it offers choices, or as the count of a list in between says. The rest of the "
            "script will be taken for something else. Save it all the same?";
 }
 
@@ -151,12 +151,12 @@ TEST(EventEditor, AnOffsetThatIsTypedOpensTheEditorAnew) {
     put_bytes(editor.image(), 0x1234, Bytes{0x39, 0xFE});
     editor.click(1, 0);
     editor.window.Text3 = " 12 34";
-    const int loads = editor.window.load_number;
+    const int loads = editor.window.load_count;
     on_script_offset_enter(*editor.state);
     EXPECT_EQ(editor.rows(true), "39..; FE..");
     EXPECT_EQ(editor.window.Text3, "1234");
     EXPECT_EQ(editor.state->objects.selected_object.script_offset, 0x1234);
-    EXPECT_EQ(editor.window.load_number, loads + 1);
+    EXPECT_EQ(editor.window.load_count, loads + 1);
     EXPECT_FALSE(editor.window.Text2_visible);
     editor.act("-"); // nothing is remembered from before
     EXPECT_EQ(editor.rows(true), "39..; FE..");

@@ -38,7 +38,7 @@ Bytes objects_image() {
 struct ObjectEditor : Editor {
     Form10& window = state->form10;
 
-    /// Check1 to Check4 are bits 0 to 3 of the boxes.
+    // Check1 to Check4 are bits 0 to 3 of the boxes.
     explicit ObjectEditor(int boxes = 15) : Editor(objects_image()) {
         choose(2);
         form.tool = Tool::objects;

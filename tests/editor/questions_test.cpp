@@ -18,7 +18,7 @@ namespace {
 
 using demo::demo_map::town;
 
-/// The first words of each question.
+// The first words of each question.
 std::string asked(const Editor& editor) {
     std::string words;
     for (const std::string& question : editor.dialogs.questions)

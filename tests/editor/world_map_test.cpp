@@ -30,7 +30,7 @@ struct WorldEditor : Editor {
         open();
     }
     void open() { open_world[world](s); }
-    /// Tiles that lengthen the stream by some bytes.
+    // Tiles that lengthen the stream by some bytes.
     void grow(int tiles) {
         for (int i = 0; i < tiles; ++i)
             s.world.world_map.at(7 * i % 256, i) ^= 1;
@@ -43,7 +43,7 @@ struct WorldEditor : Editor {
                form.HScroll1.visible != of_world && form.VScroll1.visible != of_world;
     }
 
-    /// Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
+    // Puts boxes and grid anywhere, and the bars where one of the objects may be in view.
     void look_about(Random& random) {
         const Bytes& object = random.below(2) == 0 ? data.entrance : data.event;
         form.HScroll1.value = random.below(128);
@@ -53,7 +53,7 @@ struct WorldEditor : Editor {
         for (bool* box : {&form.Check3, &form.Check4, &form.grid_on})
             *box = random.below(3) != 0;
     }
-    /// The tile that must lie at a pixel of the picture.
+    // The tile that must lie at a pixel of the picture.
     std::uint8_t& tile_at(int x, int y) {
         return data.tile(form.HScroll2.value + x / 16, form.VScroll2.value + y / 16);
     }

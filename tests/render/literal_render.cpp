@@ -2,7 +2,7 @@
 
 namespace veldrune::test {
 
-/// Value of a character's pixel: planes 0 and 1 row by row, then planes 2 and 3.
+// Value of a character's pixel: planes 0 and 1 row by row, then planes 2 and 3.
 static std::size_t pixel_value(const std::uint8_t* character, std::size_t planes, std::size_t x,
                                std::size_t y) {
     std::size_t value = 0;

@@ -37,11 +37,11 @@ class EventWindowTest : public WindowTest {
         const auto at = disk["a.smc"].begin() + place;
         return {at, at + static_cast<std::ptrdiff_t>(length)};
     }
-    /// Presses a key where the focus is.
+    // Presses a key where the focus is.
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
-    /// Types words into the edit box over what stands there, each with Enter.
+    // Types words into the edit box over what stands there, each with Enter.
     void enter(const QString& words) {
         for (const QString& word : words.split(' ')) {
             ASSERT_TRUE(box().hasFocus()) << qPrintable(word);
@@ -59,7 +59,7 @@ class EventWindowTest : public WindowTest {
     static std::string shown(int row, int column) {
         return grid().model()->index(row - 1, column).data().toString().toStdString();
     }
-    /// The rows of the view, less the spare one, and the box: everything as the state has it.
+    // The rows of the view, less the spare one, and the box: everything as the state has it.
     void expect_in_step() {
         ASSERT_EQ(grid().model()->rowCount() + 1, static_cast<int>(form9.grid.size()));
         for (int row = 1; row < static_cast<int>(form9.grid.size()); ++row) {

@@ -7,8 +7,8 @@
 namespace veldrune::test {
 namespace {
 
-/// A control, or the buttons of a group in the order of their values, and what the state holds for
-/// it. What a user changes by it is nothing else, or it only shows.
+// A control, or the buttons of a group in the order of their values, and what the state holds for
+// it. What a user changes by it is nothing else, or it only shows.
 struct Field {
     QString controls;
     std::function<QString()> held;
@@ -31,7 +31,7 @@ struct Field {
 #define SHOWN(form, name)                                                                          \
     { #name, (form).name, true }
 
-/// Changes a field by mouse or keyboard. False where it can't be reached.
+// Changes a field by mouse or keyboard. False where it can't be reached.
 bool enter(const WindowDriver& works, const Field& field) {
     const QStringList controls = field.controls.split(' ');
     const bool first_is_pressed = controls.size() > 1 && works.is_checked(controls[0]);
@@ -58,7 +58,7 @@ class FieldsTest : public WindowTest {
         put_objects(disk["a.smc"], ObjectKind::chest, town, {Bytes(5)});
         open_map(town);
     }
-    /// What the state holds for the fields, and what their controls show.
+    // What the state holds for the fields, and what their controls show.
     static Values values(const WindowDriver& works, const std::vector<Field>& fields) {
         Values all;
         for (const Field& field : fields) {
@@ -69,7 +69,7 @@ class FieldsTest : public WindowTest {
         }
         return all;
     }
-    /// Goes through the fields of a window as it stands, from the window and from the state.
+    // Goes through the fields of a window as it stands, from the window and from the state.
     void expect_each_its_own(const WindowDriver& works, const std::vector<Field>& fields) {
         Values before = values(works, fields);
         const auto expect_changed = [&](const Field& field) {

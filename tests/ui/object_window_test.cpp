@@ -10,8 +10,8 @@ namespace {
 
 constexpr int cave = demo::demo_map::cave;
 
-/// A town with objects of each kind but event triggers, with its second NPC in the window, and a
-/// cave without NPCs.
+// A town with objects of each kind but event triggers, with its second NPC in the window, and a
+// cave without NPCs.
 class ObjectWindowTest : public WindowTest {
   protected:
     const std::size_t second_npc = record_place(ObjectKind::npc, town, 1);
@@ -39,7 +39,7 @@ class ObjectWindowTest : public WindowTest {
         auto& tabs = info().find<QTabBar>("TabStrip1");
         QTest::mouseClick(&tabs, button, {}, tabs.tabRect(tab).center());
     }
-    /// The visible captions, in the order of the tables.
+    // The visible captions, in the order of the tables.
     static QString captions() {
         QStringList shown;
         for (auto* label : visible_window("Form10")->findChildren<QLabel*>())

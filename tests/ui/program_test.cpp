@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Whether a process has a file open, as the system lists its handles.
+// Whether a process has a file open, as the system lists its handles.
 bool has_open(qint64 process, const fs::path& file) {
     std::error_code error;
     for (const auto& handle :

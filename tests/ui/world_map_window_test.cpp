@@ -6,7 +6,7 @@ namespace veldrune::test {
 namespace {
 
 struct WorldMapWindowTest : WindowTest {
-    /// The controls that only a map has.
+    // The controls that only a map has.
     void expect_map_controls(bool enabled) {
         const std::pair<const char*, std::vector<int>> controls[] = {
             {"Text%1", {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 16, 17,

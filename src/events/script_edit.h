@@ -32,37 +32,37 @@ struct ScriptEntry {
 };
 
 /// What editing works on.
-struct ScriptDesk {
+struct ScriptEdit {
     Form9& form;
     ScriptEntry& entry;
     const RomImage& rom;
     Dialogs& dialogs;
 };
 
-inline ScriptRow& row_at(ScriptDesk desk, int row) {
-    return row_at(desk.form.grid, row);
+inline ScriptRow& row_at(ScriptEdit edit, int row) {
+    return row_at(edit.form.grid, row);
 }
 /// The cell under the edit box.
-std::string& current_cell(ScriptDesk desk);
+std::string& current_cell(ScriptEdit edit);
 
-// As in the grid, and the rows that the entry knows follow.
-void insert_row_at(ScriptDesk desk, int row, ScriptRow what);
-void remove_rows_at(ScriptDesk desk, int first, int end);
+/// As in the grid; the rows that the entry remembers follow.
+void insert_row_at(ScriptEdit edit, int row, ScriptRow what);
+void remove_rows_at(ScriptEdit edit, int first, int end);
 
 /// Lays the edit box on a cell, to wait there.
-void place_edit_box(ScriptDesk desk, Awaited awaited, int row, ScriptColumn column);
+void place_edit_box(ScriptEdit edit, Awaited awaited, int row, ScriptColumn column);
 /// Empties and hides the edit box: nothing is awaited.
-void hide_edit_box(ScriptDesk desk);
+void hide_edit_box(ScriptEdit edit);
 /// The number in the edit box. One that 32 bits can't hold counts as the greatest that they can,
 /// which fits nowhere.
-std::uint32_t number_in_box(ScriptDesk desk);
+std::uint32_t number_in_box(ScriptEdit edit);
 
 /// Whether a command is remembered and still stands where it was.
 bool command_stands(const ScriptGrid& grid, const ScriptEntry& entry);
 /// The remembered command, null where none stands.
-const ScriptCommand* remembered_command(ScriptDesk desk);
-void forget_command(ScriptDesk desk);
+const ScriptCommand* remembered_command(ScriptEdit edit);
+void forget_command(ScriptEdit edit);
 /// What the row under the edit box holds of the remembered command.
-Parameter current_parameter(ScriptDesk desk);
+Parameter current_parameter(ScriptEdit edit);
 
 } // namespace veldrune
