@@ -10,7 +10,7 @@ namespace at = rom_layout;
 using F = Form1;
 
 // clang-format off
-constexpr ObjectKindRow kinds[object_kind_count] = {
+constexpr ObjectKindRow kind_rows[object_kind_count] = {
     // pointers          base                 size  x  y  row bits  box         colour
     {at::npcs,           at::npcs,            9,    4, 5, 0x3F,     &F::Check1, 0xFF0000},
     {at::chest_pointers, at::chests,          5,    0, 1, 0xFF,     &F::Check2, 0xFFFF00},
@@ -51,7 +51,7 @@ constexpr int rounded_quotient(int dividend, int divisor) {
 } // namespace
 
 const ObjectKindRow& object_kind_row(ObjectKind kind) {
-    return kinds[static_cast<std::size_t>(kind)];
+    return kind_rows[static_cast<std::size_t>(kind)];
 }
 
 ObjectExtent read_object_extent(const RomImage& rom, ObjectKind kind, int map_index) {
