@@ -98,7 +98,8 @@ void any_object_command(EditorState& state, Random& random) {
             close_object_window(state);
         return;
     default:
-        form.*form10_texts[random.below(std::size(form10_texts))].text = any_text(random);
+        form.*form10_texts[static_cast<std::size_t>(random.below(std::size(form10_texts)))].text =
+            any_text(random);
         on_sprite_text(state);
         return on_palette_text(state);
     }
@@ -172,7 +173,8 @@ void any_command(Editor& editor, Random& random) {
             return open_world_of_dawn(state);
         return open_world_of_dusk(state);
     default:
-        form.*form1_texts[random.below(std::size(form1_texts))].text = any_text(random);
+        form.*form1_texts[static_cast<std::size_t>(random.below(std::size(form1_texts)))].text =
+            any_text(random);
     }
 }
 

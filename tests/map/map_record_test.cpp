@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include <ranges>
+#include <iterator>
 
 namespace veldrune::test {
 namespace {
@@ -98,7 +98,7 @@ TEST(MapProperties, EveryValueIsItsBitsAndNoOthers) {
 
 TEST(MapProperties, FieldsShowTheRecordInTheirForms) {
     Random random(2);
-    OpenImage image(Bytes(rom_layout::image_size));
+    OpenImage image{Bytes(rom_layout::image_size)};
     random.fill(image.bytes());
     for (std::size_t map = 0; map < 100; ++map) {
         const MapProperties record = random.bytes<33>();
@@ -186,9 +186,9 @@ TEST(SaveProperties, BothSavesWriteTheNumbersOfTheFieldsAndNothingElse) {
 
         const MapProperties loaded = random.bytes<33>();
         Typed others(random);
-        for (const RecordFact& fact : std::views::reverse(others.facts))
-            if (fact.in_save_as)
-                put(fact, loaded, merged, expected);
+        for (auto fact = std::rbegin(others.facts); fact != std::rend(others.facts); ++fact)
+            if (fact->in_save_as)
+                put(*fact, loaded, merged, expected);
         set_record_value(merged, byte27_high, loaded[27] / 32);
         merged[10] = static_cast<std::uint8_t>(merged[10] % 16 + loaded[10] / 16 * 16);
         put_bytes(expected, record_at, merged);
