@@ -97,8 +97,8 @@ bool write_map(EditorState& state, MapProperties& record, SaveKind kind) {
                                         state.dialogs);
 }
 
-// True where the whole map has been written and is on the disk; the open image holds it from then
-// on.
+// True if the whole map has been written and is on the disk; it then counts as read from the open
+// image.
 bool save_map(EditorState& state, SaveKind kind) {
     MapProperties record = state.map.map_properties;
     const bool written = write_map(state, record, kind);
@@ -135,7 +135,7 @@ void save(EditorState& state) {
         save_world(state, stream);
 }
 
-// After a world map the copy takes over the name, whatever became of the save.
+// After the save of a world map the window shows the path of the copy, even if that save failed.
 void save_as(EditorState& state) {
     const auto path = state.dialogs.save_file_name();
     if (!path || !may_save_foreign_map(state))
