@@ -27,6 +27,11 @@ ssize_t uninterrupted(Call call) {
     return result;
 }
 
+int open_descriptor(const std::string& path, int flags, unsigned permissions = 0) {
+    return static_cast<int>(
+        uninterrupted([&] { return ::open(path.c_str(), flags, permissions); }));
+}
+
 // Whether a flush or close that has failed may have lost something. Other errors say that the
 // system can't flush such a file.
 bool may_have_lost(int error) {
@@ -101,10 +106,10 @@ class Disk : public FileLayer {
         // Opening anything else could wait for ever, or set off a device.
         if (status_of(path).kind != NameStatus::regular_file)
             return nullptr;
-        return file_of(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+        return file_of(path, O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     }
     std::unique_ptr<File> create(const std::string& path, unsigned permissions) override {
-        return file_of(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
+        return file_of(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     }
     std::string target_of(const std::string& path) override {
         std::error_code failed;
@@ -132,8 +137,8 @@ class Disk : public FileLayer {
     }
     bool flush_folder(const std::string& path) override {
         const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-        const int descriptor =
-            ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        const int descriptor = open_descriptor(folder.empty() ? "." : folder.string(),
+                                               O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (descriptor < 0)
             return true;
         const bool flushed = flush_descriptor(descriptor);
@@ -145,7 +150,9 @@ class Disk : public FileLayer {
     static bool leads_nowhere(int error) {
         return error == ENOENT || error == ENOTDIR || error == ELOOP;
     }
-    static std::unique_ptr<File> file_of(int descriptor) {
+    static std::unique_ptr<File> file_of(const std::string& path, int flags,
+                                         unsigned permissions = 0) {
+        const int descriptor = open_descriptor(path, flags, permissions);
         return descriptor < 0 ? nullptr : std::make_unique<DiskFile>(descriptor);
     }
 };

@@ -3,30 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <unistd.h>
-
 namespace veldrune::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-// A folder of the real disk that goes with the test.
-struct Folder {
-    fs::path path = fs::temp_directory_path() / ("veldrune-test-" + std::to_string(::getpid()));
-    Folder() { fs::create_directory(path); }
-    ~Folder() { fs::remove_all(path); }
-    std::string file(const std::string& name, const std::string& text) const {
-        std::ofstream(path / name) << text;
-        return path / name;
-    }
-    static std::string contents(const std::string& name) {
-        std::ifstream in(name);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-};
 
 TEST(RomImage, ReadsLittleEndianValuesAndErasedMemoryOutsideTheFile) {
     MemoryDisk disk;
@@ -68,29 +46,6 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
               MemoryDisk::Fault{}); // the disk stops giving bytes
     EXPECT_TRUE(rom.copy_to("b"));
     EXPECT_EQ(disk["b"], Bytes{1});
-}
-
-TEST(Disk, FilesAreToldApartByWhatStandsBehindTheirNames) {
-    const Folder folder;
-    const std::unique_ptr<FileLayer> disk = make_disk();
-    const std::string a = folder.file("a", "123");
-    fs::create_hard_link(a, folder.path / "link");
-    RomImage rom(*disk);
-    ASSERT_TRUE(rom.open(a));
-    EXPECT_TRUE(rom.is_file(folder.path / "link"));
-    fs::rename(folder.file("b", "4"), a);
-    EXPECT_FALSE(rom.is_file(a));
-    EXPECT_FALSE(disk->open(folder.path)); // a folder is no image
-
-    // What is open counts, whatever its name is by now.
-    ASSERT_TRUE(rom.write_byte(3, '9'));
-    ASSERT_FALSE(rom.copy_to(a));
-    EXPECT_EQ(Folder::contents(a), "1239");
-    const std::string c = folder.file("c", "5");
-    fs::create_symlink(c, folder.path / "symbolic");
-    ASSERT_FALSE(rom.copy_to(folder.path / "symbolic")); // what it leads to is replaced
-    EXPECT_TRUE(fs::is_symlink(folder.path / "symbolic"));
-    EXPECT_EQ(Folder::contents(c), "1239");
 }
 
 } // namespace
