@@ -47,8 +47,8 @@ void paint_map_tile(const Cursor& cursor, const Form1& form, float zoom, ChosenM
     const auto tile = static_cast<std::uint8_t>(form.current_tile);
     CellTiles tiles = tiles_under(map, cursor);
     tiles[edit_layer] = tile;
-    compose_one_cell(display.bitmaps, map_view(map, form, zoom), cursor.cursor_x, cursor.cursor_y,
-                     tiles, display.picture);
+    repaint_cell(display.bitmaps, map_view(map, form, zoom), cursor.cursor_x, cursor.cursor_y,
+                 tiles, display.picture);
     map.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
 }
 

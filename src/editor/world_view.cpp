@@ -13,8 +13,11 @@ void draw_world_view(const OpenWorld& world, const Form1& form, PixelBuffer& pic
 }
 
 void refresh_world_view(EditorState& state) {
-    draw_world_view(state.world, state.form1, state.display.picture);
-    draw_world_objects(state.form1, state.objects.lists, state.display.picture);
+    PixelBuffer& drawn = state.work.picture;
+    draw_world_view(state.world, state.form1, drawn);
+    draw_world_objects(state.form1, state.objects.lists, drawn);
+    if (drawn != state.display.picture)
+        state.display.picture = drawn;
 }
 
 void show_world_tile_preview(const WorldSheet& sheet, Form1& form) {

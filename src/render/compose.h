@@ -82,6 +82,10 @@ void compose_cells(const FormationBitmaps& bitmaps, const MapView& view, int x0,
 void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
                       const CellTiles& tiles, PixelBuffer& buffer);
 
+/// The same, but a picture that shows the cell already is not touched.
+void repaint_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
+                  const CellTiles& tiles, PixelBuffer& buffer);
+
 /// Moves the picture by the step from (last_h, last_v) to the view's place and composes what that
 /// uncovers. If both coordinates changed, or neither, or one by a whole view or more, all cells are
 /// composed.
