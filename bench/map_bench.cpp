@@ -83,7 +83,7 @@ void world_view(benchmark::State& bench) {
     int step = 0;
     for (auto _ : bench) {
         editor.state->form1.HScroll2.value = ++step % 225;
-        draw_world_view(*editor.state);
+        draw_world_view(editor.state->world, editor.state->form1, editor.state->display.picture);
         benchmark::ClobberMemory();
     }
 }

@@ -89,7 +89,7 @@ void any_object_command(EditorState& state, Random& random) {
     case 3:
         form.Combo1 = random.below(4);
         form.Combo3 = random.below(4);
-        form.Combo4 = random.below(movement_count);
+        form.Combo4 = random.below(16);
         form.option = random.below(6) - 1;
         form.Combo2 = random.below(static_cast<int>(form.Combo2_lines.size()) + 1) - 1;
         return;

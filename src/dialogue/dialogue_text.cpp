@@ -68,7 +68,7 @@ constexpr std::array<Piece, 256> packed_pieces = [] {
     return packed;
 }();
 
-// How often two different characters stand side by side from a place on. Without branches, so that
+// How often two different characters are side by side from a place on. Without branches, so that
 // many places are looked at in one step.
 std::uint8_t count_from(std::string_view text, std::string_view pair, std::size_t at) {
     std::uint8_t count = 0;

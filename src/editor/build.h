@@ -13,6 +13,6 @@ void build_tileset(EditorState& state);
 void refresh_map(EditorState& state);
 
 /// Draws the current tile of the edit layer into Picture3.
-void show_tile_preview(EditorState& state);
+void show_tile_preview(const FormationBitmaps& bitmaps, Form1& form);
 
 } // namespace veldrune

@@ -24,6 +24,7 @@ namespace veldrune {
 struct WorkSpace {
     DecompressBuffer decompress_buffer;
     CompressOutput compress_output{};
+    PixelBuffer picture;
 };
 
 /// The whole state of the editor, one object on the heap: the image, the windows, and what was read

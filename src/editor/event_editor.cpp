@@ -2,20 +2,21 @@
 
 #include "editor/object_window.h"
 #include "events/script_encoder.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/patch_marks.h"
 #include "rom/reported_access.h"
 
 namespace veldrune {
 namespace {
 
-// The edit for an operation that may change the grid, which is counted: the view shows it anew.
+// The edit for an operation that may change the grid, which is counted: the view then shows it
+// again.
 ScriptEdit counted_edit(EditorState& state) {
     ++state.form9.operation_count;
     return {state.form9, state.script.entry, state.rom, state.dialogs};
 }
 
-bool stands_open(const EditorState& state) {
+bool is_open(const EditorState& state) {
     return state.form9.visible;
 }
 
@@ -108,7 +109,7 @@ void open_event_editor(EditorState& state) {
 
 void open_event_editor_of_object(EditorState& state) {
     const SelectedObject& object = state.objects.selected_object;
-    if (object.index && script_offset(chosen_kind(state), object.bytes))
+    if (object.index && script_offset(chosen_kind(state.form10), object.bytes))
         open_event_editor(state);
 }
 
@@ -119,19 +120,19 @@ void close_event_editor(EditorState& state) {
 
 ScriptRows remembered_rows(const EditorState& state) {
     const ScriptGrid& grid = state.form9.grid;
-    if (!command_stands(grid, state.script.entry))
+    if (!has_command(grid, state.script.entry))
         return {};
     const int first = state.script.entry.command_row;
     return {first, command_end(grid, first)};
 }
 
 void on_script_click(EditorState& state, int row, int column) {
-    if (stands_open(state))
+    if (is_open(state))
         click_cell(counted_edit(state), row, column);
 }
 
 void on_script_enter(EditorState& state) {
-    if (!stands_open(state))
+    if (!is_open(state))
         return;
     const ReadWatch reads(state.rom);
     enter_text(counted_edit(state));
@@ -139,29 +140,30 @@ void on_script_enter(EditorState& state) {
 }
 
 void on_script_escape(EditorState& state) {
-    if (stands_open(state))
+    if (is_open(state))
         escape_entry(counted_edit(state));
 }
 
 void add_script_item(EditorState& state) {
-    if (stands_open(state))
+    if (is_open(state))
         add_item(counted_edit(state));
 }
 
 void remove_script_item(EditorState& state) {
-    if (stands_open(state))
+    if (is_open(state))
         remove_item(counted_edit(state));
 }
 
 void on_script_offset_enter(EditorState& state) {
-    if (!stands_open(state))
+    if (!is_open(state))
         return;
-    state.objects.selected_object.script_offset = parse_hex_text(state.form9.Text3, state.dialogs);
+    state.objects.selected_object.script_offset =
+        read_field(state.form9, &Form9::Text3, state.dialogs).value;
     open_event_editor(state);
 }
 
 void save_script(EditorState& state) {
-    if (!stands_open(state))
+    if (!is_open(state))
         return;
     end_entry(counted_edit(state));
     if (!may_save_script(state))

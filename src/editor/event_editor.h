@@ -4,7 +4,7 @@
 
 namespace veldrune {
 
-/// Closes the Event Editor if it stands open, makes it anew and loads the script at
+/// Opens the Event Editor, or resets it if it is open, and loads the script at
 /// selected_object.script_offset. Unsaved changes are dropped. Does nothing without an image.
 void open_event_editor(EditorState& state);
 /// The same from the object window: for an NPC or event trigger, and without an object nothing.
@@ -22,14 +22,14 @@ ScriptRows remembered_rows(const EditorState& state);
 
 /// A click on a cell of the grid.
 void on_script_click(EditorState& state, int row, int column);
-/// Enter and Escape in the edit box, whose text stands in form9.Text2.
+/// Enter and Escape in the edit box, whose text is form9.Text2.
 void on_script_enter(EditorState& state);
 void on_script_escape(EditorState& state);
 /// "Add Item" and "Remove Item".
 void add_script_item(EditorState& state);
 void remove_script_item(EditorState& state);
 
-/// Enter in form9.Text3: opens the Event Editor anew on that offset.
+/// Enter in form9.Text3: loads the script at that offset as open_event_editor does.
 void on_script_offset_enter(EditorState& state);
 
 /// File > Save of the Event Editor: writes the script over the one at

@@ -34,21 +34,22 @@ Cursor locate_cursor(const EditorState& state, int x, int y) {
     return cursor;
 }
 
-CellTiles tiles_under(const EditorState& state, const Cursor& cursor) {
+CellTiles tiles_under(const ChosenMap& map, const Cursor& cursor) {
     CellTiles tiles;
     for (std::size_t layer = 0; layer < tiles.size(); ++layer)
-        tiles[layer] = state.map.layers[layer].map.at(cursor.column, cursor.row);
+        tiles[layer] = map.layers[layer].map.at(cursor.column, cursor.row);
     return tiles;
 }
 
-void paint_map_tile(EditorState& state, const Cursor& cursor) {
-    const auto edit_layer = static_cast<std::size_t>(state.form1.edit_layer);
-    const auto tile = static_cast<std::uint8_t>(state.form1.current_tile);
-    CellTiles tiles = tiles_under(state, cursor);
+void paint_map_tile(const Cursor& cursor, const Form1& form, float zoom, ChosenMap& map,
+                    MapDisplay& display) {
+    const auto edit_layer = static_cast<std::size_t>(form.edit_layer);
+    const auto tile = static_cast<std::uint8_t>(form.current_tile);
+    CellTiles tiles = tiles_under(map, cursor);
     tiles[edit_layer] = tile;
-    compose_one_cell(state.display.bitmaps, map_view(state), cursor.cursor_x, cursor.cursor_y,
-                     tiles, state.display.picture);
-    state.map.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
+    repaint_cell(display.bitmaps, map_view(map, form, zoom), cursor.cursor_x, cursor.cursor_y,
+                 tiles, display.picture);
+    map.layers[edit_layer].map.at(cursor.column, cursor.row) = tile;
 }
 
 void paint_world_tile(EditorState& state, const Cursor& cursor) {
@@ -66,7 +67,7 @@ void paint(EditorState& state, const Cursor& cursor) {
         paint_world_tile(state, cursor);
     } else {
         state.map.unsaved_painting = true;
-        paint_map_tile(state, cursor);
+        paint_map_tile(cursor, state.form1, state.zoom, state.map, state.display);
     }
 }
 
@@ -75,8 +76,8 @@ void pick_map_tile(EditorState& state, const Cursor& cursor) {
     if (!cursor.in_map)
         return;
     const auto edit_layer = static_cast<std::size_t>(state.form1.edit_layer);
-    state.form1.current_tile = tiles_under(state, cursor)[edit_layer];
-    show_tile_preview(state);
+    state.form1.current_tile = tiles_under(state.map, cursor)[edit_layer];
+    show_tile_preview(state.display.bitmaps, state.form1);
     state.form1.tool = Tool::draw;
 }
 
@@ -85,7 +86,7 @@ void pick_world_tile(EditorState& state, const Cursor& cursor) {
     if (!cursor.in_map)
         return;
     state.form1.current_tile = state.world.world_map.at(cursor.column, cursor.row);
-    show_world_tile_preview(state);
+    show_world_tile_preview(state.world.world_sheet, state.form1);
     state.form1.edit_layer = 0;
 }
 
@@ -137,7 +138,7 @@ void on_click(EditorState& state, int x, int y) {
     else if (state.form1.tool == Tool::objects)
         select_object_under(state, cursor);
     if (world)
-        draw_world_objects(state);
+        draw_world_objects(state.form1, state.objects.lists, state.display.picture);
 }
 
 } // namespace veldrune

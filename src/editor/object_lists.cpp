@@ -5,17 +5,27 @@
 
 namespace veldrune {
 
-using enum ObjectKind;
+namespace {
+
+// The number of records of all kinds that share a label.
+int shown_count(const ObjectLists& lists, std::string Form1::*label) {
+    int count = 0;
+    for (const ObjectKind kind : map_object_kinds)
+        if (object_kind_row(kind).count == label)
+            count += lists[kind].count;
+    return count;
+}
+
+} // namespace
 
 void read_object_counts(EditorState& state) {
-    Form1& form = state.form1;
-    ObjectLists& objects = state.objects.lists;
+    ObjectLists& lists = state.objects.lists;
     for (const ObjectKind kind : map_object_kinds)
-        objects[kind].count = read_object_extent(state.rom, kind, form.Combo1).count;
-    form.Label27 = std::to_string(objects[npc].count);
-    form.Label28 = std::to_string(objects[chest].count);
-    form.Label29 = std::to_string(objects[event_trigger].count);
-    form.Label30 = std::to_string(objects[entrance].count + objects[long_entrance].count);
+        lists[kind].count = read_object_extent(state.rom, kind, state.form1.Combo1).count;
+    for (const ObjectKind kind : map_object_kinds) {
+        const auto label = object_kind_row(kind).count;
+        state.form1.*label = std::to_string(shown_count(lists, label));
+    }
 }
 
 // The object window must not keep a record of another map or image, nor a list rows that the disk

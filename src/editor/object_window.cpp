@@ -1,8 +1,7 @@
 #include "editor/object_window.h"
 
 #include "objects/markers.h"
-#include "objects/sprite_preview.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/reported_access.h"
 
 #include <algorithm>
@@ -11,7 +10,7 @@ namespace veldrune {
 namespace {
 
 const ObjectList& chosen_list(const EditorState& state) {
-    return state.objects.lists[chosen_kind(state)];
+    return state.objects.lists[chosen_kind(state.form10)];
 }
 
 bool has_row(const EditorState& state, int index) {
@@ -19,32 +18,23 @@ bool has_row(const EditorState& state, int index) {
 }
 
 // Keeps the offset that the Event Editor saves to: it may be open on this object's script.
-void forget_object(EditorState& state) {
+void forget_object(SelectedObject& object) {
     SelectedObject none;
-    none.script_offset = state.objects.selected_object.script_offset;
-    state.objects.selected_object = none;
+    none.script_offset = object.script_offset;
+    object = none;
 }
 
-// Combo2 lists the directions for an NPC and the items for a chest.
-void fill_lists(EditorState& state) {
-    std::vector<std::string>& lines = state.form10.Combo2_lines;
-    if (chosen_kind(state) == ObjectKind::npc)
-        lines.assign(std::begin(facing_names), std::end(facing_names));
-    else if (chosen_kind(state) == ObjectKind::chest)
-        lines = load_item_names(state.rom);
-}
-
-void show_record_number(EditorState& state, int index) {
-    Form10& form = state.form10;
+void show_record_number(int index, int count, Form10& form) {
     form.HScroll1.value = index + 1;
-    form.HScroll1.maximum = std::max(chosen_list(state).count, form.HScroll1.value);
+    form.HScroll1.maximum = std::max(count, form.HScroll1.value);
     form.Label10 = std::to_string(form.HScroll1.value);
 }
 
 void fill_object_fields(EditorState& state) {
     SelectedObject& object = state.objects.selected_object;
-    const ObjectKind kind = chosen_kind(state);
-    fill_lists(state);
+    const ObjectKind kind = chosen_kind(state.form10);
+    if (kind == ObjectKind::chest)
+        state.form10.Combo2_lines = load_item_names(state.rom);
     unpack_object(kind, object.bytes, state.form10);
     object.script_offset = script_offset(kind, object.bytes).value_or(object.script_offset);
     if (kind == ObjectKind::chest)
@@ -55,7 +45,7 @@ void fill_object_fields(EditorState& state) {
 void load_selected_record(EditorState& state, int index) {
     if (!has_row(state, index))
         return drop_object(state);
-    const auto row = object_row(chosen_kind(state), chosen_list(state), index);
+    const auto row = object_row(chosen_kind(state.form10), chosen_list(state), index);
     SelectedObject& object = state.objects.selected_object;
     object.index = index;
     object.bytes = {};
@@ -63,35 +53,36 @@ void load_selected_record(EditorState& state, int index) {
     Form10& form = state.form10;
     form.visible = form.raise_requested = form.fields_enabled = true;
     fill_object_fields(state);
-    show_record_number(state, index);
+    show_record_number(index, chosen_list(state).count, form);
 }
 
 // Whether the preview can be drawn: an NPC is loaded, and neither of the two fields is blank.
-bool has_preview(const EditorState& state) {
-    return state.objects.selected_object.index && chosen_kind(state) == ObjectKind::npc &&
-           !is_blank(state.form10.Text2) && !is_blank(state.form10.Text7);
+bool has_preview(const SelectedObject& object, const Form10& form) {
+    return object.index && chosen_kind(form) == ObjectKind::npc && !is_blank(form.Text2) &&
+           !is_blank(form.Text7);
 }
 
-// The number typed so far. The field's text stays as it was typed.
-std::int32_t typed_number(const EditorState& state, std::string text) {
-    return parse_hex_text(text, state.dialogs);
+// The number typed so far in a field of an NPC. The text stays as it was typed.
+std::int32_t typed_number(const Form10& form, std::string Form10::*text, Dialogs& dialogs) {
+    std::string copy = form.*text;
+    return parse_number_text(text_row(text).forms[0], copy, dialogs).value;
 }
 
-void draw_preview(EditorState& state, std::int32_t sprite, std::int32_t palette) {
-    const ObjectBytes& record = state.objects.selected_object.bytes;
-    draw_sprite_preview(state.rom, sprite_graphics_offset(state.rom, npc_sprite(record)), sprite,
-                        palette & 7, state.form10);
+void draw_preview(const RomImage& rom, const ObjectBytes& record, std::int32_t sprite,
+                  std::int32_t palette, Form10& form) {
+    draw_sprite_preview(rom, sprite_graphics_offset(rom, npc_sprite(record)), sprite, palette & 7,
+                        form);
 }
 
 } // namespace
 
-ObjectKind chosen_kind(const EditorState& state) {
+ObjectKind chosen_kind(const Form10& form) {
     const int last_tab = object_tab_count - 1;
-    return static_cast<ObjectKind>(std::clamp(state.form10.TabStrip1, 0, last_tab));
+    return static_cast<ObjectKind>(std::clamp(form.TabStrip1, 0, last_tab));
 }
 
 void open_object(EditorState& state, ObjectKind kind, int index) {
-    if (chosen_kind(state) != kind) {
+    if (chosen_kind(state.form10) != kind) {
         state.form10.TabStrip1 = static_cast<int>(kind);
         on_object_tab(state);
     }
@@ -120,7 +111,7 @@ void drop_object(EditorState& state) {
     blank.HScroll1.maximum = list.row_count == 0 ? 1 : std::max(list.count, 1);
     blank.HScroll1.value = std::min(form.HScroll1.value, blank.HScroll1.maximum);
     form = blank;
-    forget_object(state);
+    forget_object(state.objects.selected_object);
 }
 
 void on_object_tab(EditorState& state) {
@@ -133,21 +124,27 @@ void on_record_scroll(EditorState& state) {
 }
 
 void on_palette_text(EditorState& state) {
-    if (!has_preview(state))
+    SelectedObject& object = state.objects.selected_object;
+    Form10& form = state.form10;
+    if (!has_preview(object, form))
         return;
-    const std::int32_t palette = typed_number(state, state.form10.Text2);
-    set_npc_palette(state.objects.selected_object.bytes, static_cast<std::uint32_t>(palette));
-    draw_preview(state, typed_number(state, state.form10.Text7), palette);
+    const std::int32_t palette = typed_number(form, &Form10::Text2, state.dialogs);
+    set_npc_palette(object.bytes, static_cast<std::uint32_t>(palette));
+    const std::int32_t sprite = typed_number(form, &Form10::Text7, state.dialogs);
+    draw_preview(state.rom, object.bytes, sprite, palette, form);
 }
 
 void on_sprite_text(EditorState& state) {
-    if (!has_preview(state))
+    SelectedObject& object = state.objects.selected_object;
+    Form10& form = state.form10;
+    if (!has_preview(object, form))
         return;
-    const std::int32_t sprite = typed_number(state, state.form10.Text7);
+    const std::int32_t sprite = typed_number(form, &Form10::Text7, state.dialogs);
     if (sprite >= first_hidden_sprite)
         return;
-    set_npc_sprite(state.objects.selected_object.bytes, static_cast<std::uint32_t>(sprite));
-    draw_preview(state, sprite, typed_number(state, state.form10.Text2));
+    set_npc_sprite(object.bytes, static_cast<std::uint32_t>(sprite));
+    const std::int32_t palette = typed_number(form, &Form10::Text2, state.dialogs);
+    draw_preview(state.rom, object.bytes, sprite, palette, form);
 }
 
 void save_object(EditorState& state) {
@@ -157,7 +154,7 @@ void save_object(EditorState& state) {
     if (!is_from(state.objects.lists.source, state.rom))
         return state.dialogs.error("This object was read from another image than the open one. "
                                    "Build the map of the open image first. Nothing is written.");
-    const ObjectKind kind = chosen_kind(state);
+    const ObjectKind kind = chosen_kind(state.form10);
     const auto record = pack_object(kind, object.bytes, state.form10, state.dialogs);
     if (!record)
         return;
@@ -171,7 +168,7 @@ void save_object(EditorState& state) {
 
 void close_object_window(EditorState& state) {
     state.form10 = {};
-    forget_object(state);
+    forget_object(state.objects.selected_object);
 }
 
 } // namespace veldrune

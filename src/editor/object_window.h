@@ -1,11 +1,12 @@
 #pragma once
 
 #include "editor/editor_state.h"
+#include "objects/sprite_preview.h"
 
 namespace veldrune {
 
 /// The kind of the tab that form10.TabStrip1 has chosen.
-ObjectKind chosen_kind(const EditorState& state);
+ObjectKind chosen_kind(const Form10& form);
 
 /// Shows record index of a kind in the object window.
 void open_object(EditorState& state, ObjectKind kind, int index);

@@ -12,17 +12,19 @@ using enum ObjectKind;
 // Markers that are drawn later lie on top.
 constexpr ObjectKind draw_order[] = {npc, long_entrance, entrance, chest, event_trigger};
 
-void draw_shown(EditorState& state, ObjectKinds kinds, ViewPlace place) {
+void draw_shown(const Form1& form, ObjectKinds kinds, ViewPlace place, ObjectLists& lists,
+                PixelBuffer& picture) {
     for (const ObjectKind kind : kinds)
-        if (state.form1.*object_kind_row(kind).shown)
-            draw_markers(kind, state.objects.lists[kind], place, state.display.picture);
+        if (form.*object_kind_row(kind).shown)
+            draw_markers(kind, lists[kind], place, picture);
 }
 
 } // namespace
 
 void draw_objects(EditorState& state) {
     read_object_lists(state, map_object_kinds, state.form1.Combo1);
-    draw_shown(state, draw_order, map_place(state.form1, state.zoom));
+    draw_shown(state.form1, draw_order, map_place(state.form1, state.zoom), state.objects.lists,
+               state.display.picture);
 }
 
 void draw_overlays(EditorState& state) {
@@ -31,8 +33,8 @@ void draw_overlays(EditorState& state) {
     draw_objects(state);
 }
 
-void draw_world_objects(EditorState& state) {
-    draw_shown(state, world_object_kinds, world_place(state.form1));
+void draw_world_objects(const Form1& form, ObjectLists& lists, PixelBuffer& picture) {
+    draw_shown(form, world_object_kinds, world_place(form), lists, picture);
 }
 
 } // namespace veldrune

@@ -12,6 +12,6 @@ void draw_objects(EditorState& state);
 void draw_overlays(EditorState& state);
 
 /// Outlines the objects of a world map, whose lists are read when it is opened.
-void draw_world_objects(EditorState& state);
+void draw_world_objects(const Form1& form, ObjectLists& lists, PixelBuffer& picture);
 
 } // namespace veldrune

@@ -1,7 +1,7 @@
 #include "editor/save.h"
 
 #include "editor/open_image.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/reported_access.h"
 #include "saving/save_doubts.h"
 #include "saving/save_layers.h"
@@ -60,7 +60,9 @@ bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> strea
         return true;
     SilentDialogs silent;
     std::string location = state.form1.Text24;
-    const std::string why = doubts_about_world(parse_hex_text(location, silent), stream.size());
+    const NumberForm form = text_row(&Form1::Text24).form;
+    const int offset = parse_number_text(form, location, silent).value;
+    const std::string why = doubts_about_world(offset, stream.size());
     return is_meant(state, why.empty() ? "" : "The world map at " + location + ": " + why + "\n");
 }
 
@@ -81,7 +83,7 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     const ImageSource copy = source_of(state.rom);
     for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
-                         &state.objects.lists.source})
+                         &state.objects.lists.source, &state.display.source})
         if (*source && (*source)->identity == original)
             *source = copy;
     return true;
@@ -111,8 +113,7 @@ bool save_map(EditorState& state, SaveKind kind) {
 }
 
 void save_world(EditorState& state, std::span<const std::uint8_t> stream) {
-    const bool written =
-        save_world_map(state.rom, state.form1.Text24, state.world, stream, state.dialogs);
+    const bool written = save_world_map(state.rom, state.form1, state.world, stream, state.dialogs);
     if (!flush_or_report(state.rom, state.dialogs) || !written)
         return;
     state.world.source = source_of(state.rom);

@@ -40,9 +40,9 @@ void report_refused_map_reads(const ReadWatch& reads, std::optional<ImageSource>
         source.reset();
 }
 
-void show_map_fields(EditorState& state) {
-    show_record(state.rom, state.map.map_properties, state.form1);
-    show_monster_set(state.rom, state.map.map_index, state.form1);
+void show_map_fields(const RomImage& rom, const ChosenMap& map, Form1& form) {
+    show_record(rom, map.map_properties, form);
+    show_monster_set(rom, map.map_index, form);
 }
 
 void select_map(EditorState& state) {
@@ -58,7 +58,7 @@ void select_map(EditorState& state) {
     read_object_counts(state);
     if (form.Combo1 > 0)
         state.map_selected = true;
-    show_map_fields(state);
+    show_map_fields(state.rom, state.map, form);
     report_refused_map_reads(reads, state.map.source, state.dialogs);
 }
 

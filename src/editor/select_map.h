@@ -1,12 +1,8 @@
 #pragma once
 
 #include "editor/editor_state.h"
-#include "rom/rom_layout.h"
 
 namespace veldrune {
-
-/// Rows of the map list.
-inline constexpr int map_list_rows = rom_layout::map_count;
 
 /// After a choice in the map list, also of the current row: leaves the world map, asks about
 /// unsaved changes, and loads the record, the fields and the three layers of row form1.Combo1.
@@ -19,6 +15,6 @@ void report_refused_map_reads(const ReadWatch& reads, std::optional<ImageSource>
                               Dialogs& dialogs);
 
 /// Shows the record in memory, and the map's monster set, in the fields.
-void show_map_fields(EditorState& state);
+void show_map_fields(const RomImage& rom, const ChosenMap& map, Form1& form);
 
 } // namespace veldrune

@@ -9,29 +9,27 @@ constexpr int tiles_across = 16;
 constexpr int cell_side = view_size / tiles_across;
 constexpr int formation_side = 16;
 
-void draw_tile_sheet(EditorState& state) {
+void draw_tile_sheet(MapDisplay& display, int layer) {
     for (int tile = 0; tile < tiles_across * tiles_across; ++tile) {
-        const Formation pixels =
-            whole_formation(state.display.bitmaps, state.form1.edit_layer, tile);
+        const Formation pixels = whole_formation(display.bitmaps, layer, tile);
         enlarge_pixels(pixels.data(), formation_side, formation_side, formation_side,
                        cell_side / formation_side,
-                       state.display.tile_sheet.row(tile / tiles_across * cell_side) +
+                       display.tile_sheet.row(tile / tiles_across * cell_side) +
                            tile % tiles_across * cell_side,
                        view_size);
     }
-    draw_grid(state.display.tile_sheet, cell_side);
+    draw_grid(display.tile_sheet, cell_side);
 }
 
-void draw_world_sheet(EditorState& state) {
-    enlarge_pixels(state.world.world_sheet.pixels.data(), WorldSheet::side, WorldSheet::side,
-                   WorldSheet::side, view_size / WorldSheet::side, state.display.tile_sheet.row(0),
-                   view_size);
-    draw_grid(state.display.tile_sheet, cell_side);
+void draw_world_sheet(const WorldSheet& sheet, PixelBuffer& picture) {
+    enlarge_pixels(sheet.pixels.data(), WorldSheet::side, WorldSheet::side, WorldSheet::side,
+                   view_size / WorldSheet::side, picture.row(0), view_size);
+    draw_grid(picture, cell_side);
 }
 
 // A world has no layers to choose from.
 void open_world_chooser(EditorState& state) {
-    draw_world_sheet(state);
+    draw_world_sheet(state.world.world_sheet, state.display.tile_sheet);
     state.form8 = {.visible = true, .raise_requested = true};
     state.form2.visible = false;
 }
@@ -44,14 +42,14 @@ void open_tile_chooser(EditorState& state) {
     if (!state.map_selected)
         return;
     state.form2.layer = state.form1.edit_layer;
-    draw_tile_sheet(state);
+    draw_tile_sheet(state.display, state.form1.edit_layer);
     state.form8 = {.visible = true, .raise_requested = true};
     state.form2.visible = true;
 }
 
 void on_palette_layer(EditorState& state) {
     state.form1.edit_layer = state.form2.layer;
-    draw_tile_sheet(state);
+    draw_tile_sheet(state.display, state.form1.edit_layer);
 }
 
 void choose_tile(EditorState& state, int x, int y) {

@@ -3,7 +3,7 @@
 #include "editor/overlays.h"
 #include "editor/view_place.h"
 #include "editor/world_view.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,10 +12,13 @@
 namespace veldrune {
 namespace {
 
+// A smaller zoom is a closer view.
+constexpr float closest_zoom = 0.25f;
+
 int largest(const Form1& form, std::string Form1::*LayerControls::*size) {
     int value = 0;
     for (const LayerControls& controls : layer_controls)
-        value = std::max(value, decimal_number(form.*(controls.*size)).value);
+        value = std::max(value, field_number(form, controls.*size).value);
     return value;
 }
 
@@ -24,27 +27,30 @@ void set_maximum(ScrollBar& bar, int maximum) {
     bar.value = std::min(bar.value, bar.maximum);
 }
 
+void compose_all(EditorState& state) {
+    compose_view(state.map, state.form1, state.zoom, state.display);
+}
+
 void on_zoom_change(EditorState& state) {
     if (!map_ready(state))
         return;
-    compose_view(state);
+    compose_all(state);
     draw_overlays(state);
 }
 
-void scroll_view(EditorState& state) {
-    const MapView view = map_view(state);
-    scroll_picture(state.display.bitmaps, view, state.display.last_h, state.display.last_v,
-                   state.display.picture);
-    state.display.last_h = view.h;
-    state.display.last_v = view.v;
+void scroll_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay& display) {
+    const MapView view = map_view(map, form, zoom);
+    scroll_picture(display.bitmaps, view, display.last_h, display.last_v, display.picture);
+    display.last_h = view.h;
+    display.last_v = view.v;
 }
 
-void on_scroll(EditorState& state, void (*set_bar_maximum)(EditorState&)) {
-    set_bar_maximum(state);
+void on_scroll(EditorState& state, void (*set_bar_maximum)(Form1&, float)) {
+    set_bar_maximum(state.form1, state.zoom);
     if (!state.view_stale)
-        scroll_view(state);
+        scroll_view(state.map, state.form1, state.zoom, state.display);
     else if (any_layer_shown(state.form1))
-        compose_view(state);
+        compose_all(state);
     state.view_stale = false;
     draw_overlays(state);
 }
@@ -64,41 +70,38 @@ bool any_layer_shown(const Form1& form) {
     return form.Check5 || form.Check6 || form.Check7;
 }
 
-MapView map_view(const EditorState& state) {
-    const Form1& form = state.form1;
+MapView map_view(const ChosenMap& map, const Form1& form, float zoom) {
     MapView view;
-    view.stack.layer3_order = state.map.layer3_order;
-    view.stack.blend =
-        layer3_blend(form.Text25 != EMPTY_LAYER_TEXT, decimal_number(form.Text23).value);
+    view.stack.layer3_order = map.layer3_order;
+    view.stack.blend = layer3_blend(form.Text25 != EMPTY_LAYER_TEXT,
+                                    field_number(form, layer_controls[2].formation).value);
     for (std::size_t layer = 0; layer < layer_count; ++layer) {
         const LayerControls& controls = layer_controls[layer];
         view.stack.shown[layer] = form.*controls.view;
-        view.maps[layer] = &state.map.layers[layer].map;
-        view.widths[layer] = decimal_number(form.*controls.width).value;
-        view.heights[layer] = decimal_number(form.*controls.height).value;
+        view.maps[layer] = &map.layers[layer].map;
+        view.widths[layer] = field_number(form, controls.width).value;
+        view.heights[layer] = field_number(form, controls.height).value;
     }
     view.h = form.HScroll1.value;
     view.v = form.VScroll1.value;
-    view.cells_across = cells_across(state.zoom);
+    view.cells_across = cells_across(zoom);
     return view;
 }
 
-void compose_view(EditorState& state) {
-    const MapView view = map_view(state);
-    compose_cells(state.display.bitmaps, view, 0, 0, view.cells_across, view.cells_across,
-                  state.display.picture);
-    state.display.last_h = view.h;
-    state.display.last_v = view.v;
+void compose_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay& display) {
+    const MapView view = map_view(map, form, zoom);
+    compose_cells(display.bitmaps, view, 0, 0, view.cells_across, view.cells_across,
+                  display.picture);
+    display.last_h = view.h;
+    display.last_v = view.v;
 }
 
-void set_column_maximum(EditorState& state) {
-    set_maximum(state.form1.HScroll1,
-                largest(state.form1, &LayerControls::width) - cells_across(state.zoom));
+void set_column_maximum(Form1& form, float zoom) {
+    set_maximum(form.HScroll1, largest(form, &LayerControls::width) - cells_across(zoom));
 }
 
-void set_row_maximum(EditorState& state) {
-    set_maximum(state.form1.VScroll1,
-                largest(state.form1, &LayerControls::height) - cells_across(state.zoom));
+void set_row_maximum(Form1& form, float zoom) {
+    set_maximum(form.VScroll1, largest(form, &LayerControls::height) - cells_across(zoom));
 }
 
 void on_h_scroll(EditorState& state) {
@@ -123,7 +126,7 @@ void on_grid_change(EditorState& state) {
     if (state.world_map_mode)
         return refresh_world_view(state);
     if (!state.form1.grid_on)
-        compose_view(state);
+        compose_all(state);
     draw_overlays(state);
 }
 

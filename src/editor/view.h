@@ -4,19 +4,19 @@
 
 namespace veldrune {
 
-/// What the next composition will show, from the present fields, boxes and scroll bars.
-MapView map_view(const EditorState& state);
+/// What the next composition will show of a map, from the present fields, boxes and scroll bars.
+MapView map_view(const ChosenMap& map, const Form1& form, float zoom);
 
 /// Whether at least one "View Layer" box is ticked.
 bool any_layer_shown(const Form1& form);
 
 /// Composes every cell of the view.
-void compose_view(EditorState& state);
+void compose_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay& display);
 
 /// Sets the scroll bars' maximum to the largest width or height of the three layers less the cells
 /// in view; never below 0, and the bar's value never above it.
-void set_column_maximum(EditorState& state);
-void set_row_maximum(EditorState& state);
+void set_column_maximum(Form1& form, float zoom);
+void set_row_maximum(Form1& form, float zoom);
 
 /// After a change of HScroll1 or VScroll1 by the user.
 void on_h_scroll(EditorState& state);

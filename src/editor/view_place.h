@@ -8,8 +8,7 @@ namespace veldrune {
 /// Whether there is a map to build and show.
 bool map_ready(const EditorState& state);
 
-/// A smaller zoom is a closer view.
-inline constexpr float closest_zoom = 0.25f;
+/// The largest zoom; a smaller one is a closer view.
 inline constexpr float farthest_zoom = 2.0f;
 
 /// Cells per row and column of the view, and pixels per cell side, at a zoom.

@@ -60,10 +60,10 @@ void open_world_map(EditorState& state, World world) {
     const std::int32_t map =
         load_world(state.rom, world, state.work.decompress_buffer, state.world);
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
-    draw_world_view(state);
+    draw_world_view(state.world, state.form1, state.display.picture);
     report_refused_map_reads(reads, state.world.source, state.dialogs);
     load_world_objects(state);
-    draw_world_objects(state);
+    draw_world_objects(state.form1, state.objects.lists, state.display.picture);
     show_scroll_bars(state.form1, true);
 }
 

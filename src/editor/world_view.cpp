@@ -5,24 +5,25 @@
 
 namespace veldrune {
 
-void draw_world_view(EditorState& state) {
-    const Form1& form = state.form1;
-    PixelBuffer& picture = state.display.picture;
-    draw_world_tiles(state.world.world_map, state.world.world_sheet, form.HScroll2.value,
-                     form.VScroll2.value, picture);
+void draw_world_view(const OpenWorld& world, const Form1& form, PixelBuffer& picture) {
+    draw_world_tiles(world.world_map, world.world_sheet, form.HScroll2.value, form.VScroll2.value,
+                     picture);
     if (form.grid_on)
         draw_grid(picture, world_tile_size);
 }
 
 void refresh_world_view(EditorState& state) {
-    draw_world_view(state);
-    draw_world_objects(state);
+    PixelBuffer& drawn = state.work.picture;
+    draw_world_view(state.world, state.form1, drawn);
+    draw_world_objects(state.form1, state.objects.lists, drawn);
+    if (drawn != state.display.picture)
+        state.display.picture = drawn;
 }
 
-void show_world_tile_preview(EditorState& state) {
-    enlarge_pixels(state.world.world_sheet.tile(state.form1.current_tile), WorldSheet::side,
-                   world_tile_size, world_tile_size, preview_side / world_tile_size,
-                   state.form1.Picture3.row(0), preview_side);
+void show_world_tile_preview(const WorldSheet& sheet, Form1& form) {
+    enlarge_pixels(sheet.tile(form.current_tile), WorldSheet::side, world_tile_size,
+                   world_tile_size, preview_side / world_tile_size, form.Picture3.row(0),
+                   preview_side);
 }
 
 } // namespace veldrune

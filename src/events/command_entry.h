@@ -4,15 +4,15 @@
 
 namespace veldrune {
 
-// What is typed for commands and their values: each takes the text of the edit box into the grid
-// and goes on to the next cell, or hides the box.
+/// What is typed for commands and their values: each takes the text of the edit box into the grid
+/// and goes on to the next cell, or hides the box.
 
 void enter_new_code(ScriptEdit edit);
 void enter_parameter(ScriptEdit edit);
 void change_code(ScriptEdit edit);
 void change_value(ScriptEdit edit);
 
-// The rows of an entry that is broken off.
+/// The rows of an entry that is broken off.
 
 /// Removes the row of "Add Item".
 void drop_new_row(ScriptEdit edit);

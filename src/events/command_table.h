@@ -7,14 +7,14 @@
 
 namespace veldrune {
 
-/// What stands in a row under a command or a queue action, and in the script's bytes for it.
+/// What there is in a row under a command or a queue action, and in the script's bytes for it.
 enum class ParameterKind : std::uint8_t {
     none,
     byte,        // 1 byte
     word,        // 2 bytes, the lowest first
     pointer,     // 3 bytes, the lowest first: a file offset less event_scripts
     dialogue,    // a word: number of a dialogue
-    high_nibble, // bits 4 to 7 of a byte whose low nibble stands in the next row
+    high_nibble, // bits 4 to 7 of a byte whose low nibble is in the next row
     low_nibble,  // bits 0 to 3 of that byte
     map_data,    // as many bytes as the product of the two rows above, modulo 256
     list_count,  // 1 byte: number of pointers in the next row

@@ -37,7 +37,7 @@ bool fits_queue(ScriptEdit edit, int bytes) {
     return false;
 }
 
-// Writes the true number of bytes into the count cell, with bit 7 as it stood. Of a queue whose
+// Writes the true number of bytes into the count cell, with bit 7 as it was. Of a queue whose
 // last action reaches beyond the most, the most.
 void renew_count(ScriptEdit edit) {
     const int bytes = std::min(remembered_queue_bytes(edit), most_bytes(edit));

@@ -4,8 +4,9 @@
 
 namespace veldrune {
 
-// What is typed for queues and their actions: each takes the text of the edit box into the grid and
-// goes on to the next cell, or hides the box. What the count can't hold is refused with a message.
+/// What is typed for queues and their actions: each takes the text of the edit box into the grid
+/// and goes on to the next cell, or hides the box. What the count can't hold is refused with a
+/// message.
 
 void enter_queue_count(ScriptEdit edit);
 void enter_next_action(ScriptEdit edit);
@@ -13,7 +14,7 @@ void enter_next_argument(ScriptEdit edit);
 void change_action(ScriptEdit edit);
 void change_argument(ScriptEdit edit);
 
-// The rows of an entry that is broken off. A new queue gets its end and its true count.
+/// The rows of an entry that is broken off. A new queue gets its end and its true count.
 
 /// Ends a new queue that has no count yet.
 void end_uncounted_queue(ScriptEdit edit);

@@ -117,7 +117,7 @@ class Decoder {
             tall ? waiting_dialogue_height : dialogue.line_count * script_line_height;
     }
 
-    // Puts the text into the last row. Each is read once, and stands where it was shown first:
+    // Puts the text into the last row. Each is read once, and kept where it was shown first:
     // bytes that make no sense may show the same long text again and again.
     const ShownDialogue& show_dialogue(int number) {
         const auto [entry, is_new] = dialogues_.try_emplace(number);

@@ -43,13 +43,13 @@ std::uint32_t number_in_box(ScriptEdit edit) {
         std::min<std::uint64_t>(number_in(edit.form.Text2, edit.dialogs), 0xFFFFFFFF));
 }
 
-bool command_stands(const ScriptGrid& grid, const ScriptEntry& entry) {
+bool has_command(const ScriptGrid& grid, const ScriptEntry& entry) {
     return entry.command_code >= 0 &&
            command_code_at(grid, entry.command_row) == entry.command_code;
 }
 
 const ScriptCommand* remembered_command(ScriptEdit edit) {
-    return command_stands(edit.form.grid, edit.entry)
+    return has_command(edit.form.grid, edit.entry)
                ? &script_command(static_cast<std::uint8_t>(edit.entry.command_code))
                : nullptr;
 }

@@ -14,13 +14,13 @@ enum class Awaited {
     queue_count,   // the count of a new queue
     next_action,   // the next action of a new queue
     next_argument, // the next value of that action
-    code,          // another code for a command that stands
+    code,          // another code for a command that is there
     value,         // another value
-    action,        // another action in a queue that stands
+    action,        // another action in a queue that is there
     argument,      // the next value of that action
 };
 
-/// Where the editing of a script stands. Rows follow insertions and removals above them.
+/// The state of the editing of a script. Rows follow insertions and removals above them.
 struct ScriptEntry {
     Awaited awaited = Awaited::nothing;
     int cell_row = 0;      // clicked or added row, 0 before; in a queue the row entered last
@@ -57,9 +57,9 @@ void hide_edit_box(ScriptEdit edit);
 /// which fits nowhere.
 std::uint32_t number_in_box(ScriptEdit edit);
 
-/// Whether a command is remembered and still stands where it was.
-bool command_stands(const ScriptGrid& grid, const ScriptEntry& entry);
-/// The remembered command, null where none stands.
+/// Whether a command is remembered and is still where it was.
+bool has_command(const ScriptGrid& grid, const ScriptEntry& entry);
+/// The remembered command, null where there is none.
 const ScriptCommand* remembered_command(ScriptEdit edit);
 void forget_command(ScriptEdit edit);
 /// What the row under the edit box holds of the remembered command.

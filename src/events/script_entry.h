@@ -14,7 +14,7 @@ struct OpenScript {
     ScriptEntry entry;
 };
 
-/// A click on a cell: ends an entry, then lays the edit box on the cell, wherever its row stands by
+/// A click on a cell: ends an entry, then lays the edit box on the cell, wherever its row is by
 /// then, unless the row is gone, or the cell blank or an explanation.
 void click_cell(ScriptEdit edit, int row, int column);
 

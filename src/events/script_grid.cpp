@@ -6,6 +6,10 @@
 namespace veldrune {
 namespace {
 
+constexpr const char* headers[script_column_count] = {
+    "Primary\r\nCommands", "Secondary\r\nCommands", "Tertiary\r\nCommands",
+    "Approximate English Explanations"};
+
 std::string without(std::string_view text, std::string_view dropped) {
     std::string kept;
     std::ranges::copy_if(text, std::back_inserter(kept),
@@ -17,7 +21,7 @@ bool is_row(const ScriptGrid& grid, int row) {
     return row >= 0 && row < static_cast<int>(grid.size());
 }
 
-// What stands between blanks and line breaks.
+// What is between blanks and line breaks.
 std::vector<std::string> pieces_of(std::string_view cell) {
     std::vector<std::string> pieces;
     for (std::size_t at = 0; at < cell.size();) {
@@ -39,7 +43,7 @@ bool is_long_as_an_offset(const std::string& piece) {
 
 ScriptGrid empty_script_grid() {
     ScriptGrid grid{ScriptRow{{}, script_header_height}, blank_script_row()};
-    std::ranges::copy(script_headers, grid[0].cells.begin());
+    std::ranges::copy(headers, grid[0].cells.begin());
     return grid;
 }
 

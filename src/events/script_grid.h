@@ -10,9 +10,9 @@
 
 namespace veldrune {
 
-// The grid of a script, a plain table of text cells: row 0 is the header, the last row is a spare
-// blank one. A command is a row with a non-blank primary cell and all rows down to the next such
-// row. All functions take rows of the grid.
+/// The grid of a script, a plain table of text cells: row 0 is the header, the last row is a spare
+/// blank one. A command is a row with a non-blank primary cell and all rows down to the next such
+/// row. All functions take rows of the grid.
 
 using ScriptGrid = std::vector<ScriptRow>;
 

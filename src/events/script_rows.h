@@ -6,7 +6,7 @@
 
 namespace veldrune {
 
-/// A cell that can't be taken as it stands, and the message for the user.
+/// A cell that can't be taken as it is, and the message for the user.
 struct CellRefusal {
     int row;
     ScriptColumn column;

@@ -5,10 +5,6 @@
 
 namespace veldrune {
 
-/// The filter of both file dialogs: pairs of a description and a pattern.
-inline constexpr const char* image_file_filter =
-    "Super Nintendo Roms(*.smc)|*.smc|All Files(*.*)|*.*";
-
 /// The title of a message box without a title of its own.
 inline constexpr const char* default_title = "Veldrune Map Editor";
 

@@ -22,7 +22,7 @@ inline constexpr int preview_side = 64;
 enum class Tool { draw, get_tile, objects };
 
 // clang-format off
-/// The texts of the main window's controls, exactly as the user sees them.
+/// The texts of the main window's controls and labels, exactly as the user sees them.
 struct Form1Texts {
     std::string Text4 = "1";                      // "map magnification"
     std::string Text2 = "0", Text1 = "0", Text21; // map width of layers 1, 2 and 3, tiles
@@ -40,14 +40,16 @@ struct Form1Texts {
     std::string Text26;                           // bits 5 to 7 of byte 27 of the record; hidden
     std::string Text24;                           // map data location of the world map; shown in place of Text14
     std::string Text20 = " ";                     // notes; the object tool puts a column or a chest's contents here
+    std::string Label20;                          // path of the open image
+    std::string Label26;                          // tile under the mouse: column and row
+    std::string Label27, Label28, Label29;        // number of NPCs, of chests and of event triggers
+    std::string Label30;                          // number of entrances, short and long together
 };
 // clang-format on
 
 /// The main window. A new Form1 has the values that the window starts with.
 struct Form1 : Form1Texts {
     // The map picture and its surroundings.
-    std::string Label20;               // path of the open image
-    std::string Label26;               // tile under the mouse: column and row, hexadecimal
     ScrollBar HScroll1;                // first column of the map in view
     ScrollBar VScroll1;                // first row of the map in view
     ScrollBar HScroll2{0, 224, false}; // first column of the world map in view
@@ -66,10 +68,6 @@ struct Form1 : Form1Texts {
     bool Check2 = false;                          // show and select chests
     bool Check3 = false;                          // show and select event triggers
     bool Check4 = false;                          // show and select entrances
-    std::string Label27;                          // number of NPCs
-    std::string Label28;                          // number of chests
-    std::string Label29;                          // number of event triggers
-    std::string Label30;                          // number of entrances, short and long together
 
     // Map list.
     int Combo1 = -1; // chosen row of the map list, -1 before the first choice
@@ -87,8 +85,8 @@ inline constexpr auto form1_texts = [] {
     using F = Form1;
     using enum NumberForm;
     return std::to_array<TextRow<F>>({
-        {&F::Text2, "Text2", size}, {&F::Text1, "Text1", size}, {&F::Text21, "Text21", size},
-        {&F::Text5, "Text5", size}, {&F::Text3, "Text3", size}, {&F::Text22, "Text22", size},
+        {&F::Text2, "Text2", width}, {&F::Text1, "Text1", width}, {&F::Text21, "Text21", width},
+        {&F::Text5, "Text5", height}, {&F::Text3, "Text3", height}, {&F::Text22, "Text22", height},
         {&F::Text6, "Text6", decimal}, {&F::Text7, "Text7", decimal}, {&F::Text23, "Text23", decimal},
         {&F::Text14, "Text14", location}, {&F::Text12, "Text12", location}, {&F::Text25, "Text25", location}, {&F::Text24, "Text24", location},
         {&F::Text39, "Text39", hexadecimal}, {&F::Text40, "Text40", hexadecimal}, {&F::Text42, "Text42", hexadecimal}, {&F::Text43, "Text43", hexadecimal},
@@ -97,7 +95,8 @@ inline constexpr auto form1_texts = [] {
         {&F::Text45, "Text45", decimal}, {&F::Text37, "Text37", decimal}, {&F::Text44, "Text44", decimal},
         {&F::Text46, "Text46", hexadecimal}, {&F::Text41, "Text41", hexadecimal},
         {&F::Text4, "Text4", words}, {&F::Text20, "Text20", words},
-        {&F::Text26, "Text26", high_number},
+        {&F::Text26, "Text26", high_number}, {&F::Label20, "Label20", words}, {&F::Label26, "Label26", shown_hexadecimal},
+        {&F::Label27, "Label27", quantity}, {&F::Label28, "Label28", quantity}, {&F::Label29, "Label29", quantity}, {&F::Label30, "Label30", quantity},
     });
 }();
 // clang-format on

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forms/number_form.h"
+
 #include <array>
 #include <string>
 #include <vector>
@@ -10,13 +12,9 @@ namespace veldrune {
 enum ScriptColumn { primary, secondary, tertiary, explanation };
 inline constexpr int script_column_count = 4;
 
-// Sizes of the grid are in units of their own; a line of text is 250 units high.
-inline constexpr int script_column_widths[script_column_count] = {1200, 1200, 1200, 5000};
+/// Sizes of the grid are in units of their own; a line of text is 250 units high.
 inline constexpr int script_header_height = 500;
 inline constexpr int script_line_height = 250;
-inline constexpr const char* script_headers[script_column_count] = {
-    "Primary\r\nCommands", "Secondary\r\nCommands", "Tertiary\r\nCommands",
-    "Approximate English Explanations"};
 
 /// A row of the grid. Lines of a cell are separated by "\r\n", in a wrapped dialogue also by "\r".
 struct ScriptRow {
@@ -24,8 +22,14 @@ struct ScriptRow {
     int height = 0; // in units, 0 for the grid's default
 };
 
+/// The texts of the Event Editor outside the grid.
+struct Form9Texts {
+    std::string Text2; // edit box over the current cell; its lines are separated by "\r\n" or "\n"
+    std::string Text3; // "Event Offset": file offset to load
+};
+
 /// The Event Editor. A new Form9 has no script loaded.
-struct Form9 {
+struct Form9 : Form9Texts {
     bool visible = false;
     bool raise_requested = false; // request to bring the window to the front; the window clears it
     int load_count = 0;           // incremented by every load; the view then scrolls to the top
@@ -35,9 +39,16 @@ struct Form9 {
     int grid_row = 0;            // the current cell
     int grid_column = 0;
 
-    std::string Text2; // edit box over the current cell; its lines are separated by "\r\n" or "\n"
-    bool Text2_visible = false; // while visible, the box has the focus
-    std::string Text3;          // "Event Offset": file offset to load, hexadecimal
+    bool Text2_visible = false; // while visible, the edit box has the focus
 };
+
+inline constexpr auto form9_texts = std::to_array<TextRow<Form9>>({
+    {&Form9::Text2, "Text2", NumberForm::hexadecimal},
+    {&Form9::Text3, "Text3", NumberForm::location},
+});
+static_assert(each_has_one_row<Form9Texts>(form9_texts));
+constexpr const TextRow<Form9>& text_row(std::string Form9::*text) {
+    return row_of(form9_texts, text);
+}
 
 } // namespace veldrune

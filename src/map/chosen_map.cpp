@@ -3,23 +3,14 @@
 namespace veldrune {
 namespace {
 
-using enum RecordField;
-
-struct SizeFields {
-    RecordField width;
-    RecordField height;
-};
-constexpr SizeFields size_fields[layer_count] = {
-    {layer1_width, layer1_height}, {layer2_width, layer2_height}, {layer3_width, layer3_height}};
-
 int tiles_of_code(std::uint32_t code) {
-    return 16 << code;
+    return min_layer_side << code;
 }
 
 } // namespace
 
 LayerSize layer_size(const MapProperties& record, int layer) {
-    const SizeFields& fields = size_fields[layer];
+    const LayerFields& fields = layer_fields[layer];
     return {tiles_of_code(record_value(record, fields.width)),
             tiles_of_code(record_value(record, fields.height))};
 }

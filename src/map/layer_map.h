@@ -10,6 +10,8 @@
 namespace veldrune {
 
 inline constexpr int layer_count = 3;
+/// The smallest side of a layer in tiles; others are this doubled once or more.
+inline constexpr int min_layer_side = 16;
 /// The largest layer that is kept in memory, in tiles.
 inline constexpr int max_layer_width = 128;
 inline constexpr int max_layer_height = 64;

@@ -1,6 +1,6 @@
 #include "map/map_properties.h"
 
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/rom_layout.h"
 
 namespace veldrune {
@@ -65,8 +65,8 @@ static_assert(in_order<RecordField>(record_rows, &RecordRow::field));
 
 // The number that a field shows for a value of the record.
 std::int64_t shown_number(const RomImage& rom, NumberForm form, std::uint32_t bits) {
-    if (form == NumberForm::size)
-        return std::int64_t{16} << bits;
+    if (is_size(form))
+        return std::int64_t{min_layer_side} << bits;
     if (form == NumberForm::location)
         return rom.read_pointer24(data_pointer_offset(static_cast<int>(bits))) +
                rom_layout::layer_data;
@@ -93,8 +93,7 @@ void set_record_value(MapProperties& record, RecordField field, std::uint32_t va
 }
 
 int layer_data_number(const MapProperties& record, int layer) {
-    constexpr RecordField numbers[] = {layer1_data, layer2_data, layer3_data};
-    return static_cast<int>(record_value(record, numbers[layer]));
+    return static_cast<int>(record_value(record, layer_fields[layer].data));
 }
 
 std::int64_t data_pointer_offset(int number) {

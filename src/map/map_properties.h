@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/form1.h"
+#include "map/layer_map.h"
 #include "rom/bit_run.h"
 #include "rom/rom_image.h"
 
@@ -48,6 +49,25 @@ enum class RecordField {
     layer_priorities,
     count,
 };
+
+/// The values that every layer has, by layer: 0, 1 and 2 are layers 1, 2 and 3.
+struct LayerFields {
+    RecordField width;
+    RecordField height;
+    RecordField formation; // of layer 3 its graphics
+    RecordField data;
+};
+inline constexpr LayerFields layer_fields[layer_count] = {
+    {RecordField::layer1_width, RecordField::layer1_height, RecordField::layer1_formation,
+     RecordField::layer1_data},
+    {RecordField::layer2_width, RecordField::layer2_height, RecordField::layer2_formation,
+     RecordField::layer2_data},
+    {RecordField::layer3_width, RecordField::layer3_height, RecordField::layer3_graphics,
+     RecordField::layer3_data},
+};
+/// The values of the four groups of tile graphics.
+inline constexpr RecordField tileset_fields[] = {RecordField::tileset1, RecordField::tileset2,
+                                                 RecordField::tileset3, RecordField::tileset4};
 
 /// One value of the record: the text or box that shows it, and its bits.
 struct RecordRow {

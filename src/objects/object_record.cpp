@@ -1,12 +1,11 @@
 #include "objects/object_record.h"
 
 #include "rom/bit_run.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/rom_layout.h"
 
 #include <span>
 #include <string>
-#include <string_view>
 #include <variant>
 
 namespace veldrune {
@@ -14,83 +13,78 @@ namespace {
 
 using F = Form10;
 
-// How a control shows a value of a record.
-enum class ObjectFieldForm {
-    number,       // hexadecimal text: value + base
-    low_number,   // the same; packing cuts it to the bits of the value
-    short_number, // the same, less than six characters long
-    npc_flag,     // "xxxx:y": byte + base and bit of a flag number
-    chest_flag,   // "xx:y"
-    box,          // ticked when set
-    inverted_box, // ticked when clear
-    list,         // row of a list
-    option,       // the lowest set bit is the selected button
+// How the bits of a value make up what its control shows.
+enum class Coding {
+    plain,    // the number, the row of a list, or ticked for 1
+    cut,      // the same; packing cuts a number to its bits
+    inverted, // ticked for 0
+    one_hot,  // the lowest set bit is the selected button
 };
-using enum ObjectFieldForm;
+using enum Coding;
 
 // One value of a record: the control that shows it, its bits, and the base that the text adds. A
 // value without bits is shown as 0 and not packed.
 struct FieldRow {
-    ObjectFieldForm form;
     std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
     BitRun bits;
     std::int32_t base = 0;
+    Coding coding = plain;
 };
 
 constexpr std::int32_t scripts = rom_layout::event_scripts;
-constexpr std::int32_t npc_flag_bytes = 0x1EE0; // where the game keeps the flags of NPCs
+constexpr std::int32_t npc_flags = 8 * 0x1EE0; // the first flag of an NPC
 
 // clang-format off
-constexpr FieldRow npc_palette = {low_number, &F::Text2, {18, 3}};
-constexpr FieldRow npc_sprites = {number, &F::Text7, {48, 8}};
+constexpr FieldRow npc_palette = {&F::Text2, {18, 3}, 0, cut};
+constexpr FieldRow npc_sprites = {&F::Text7, {48, 8}};
 
 // The rows of a kind are in the order in which a save reads its fields and reports errors.
 constexpr FieldRow npc_fields[] = {
-    // form        control      bits      base
-    {short_number, &F::Text1,   { 0, 18}, scripts}, // event
-    npc_palette,                                    // bit 21 has no control
-    {npc_flag,     &F::Text4,   {22, 10}, npc_flag_bytes},
-    {number,       &F::Text5,   {32,  8}},          // column
-    {number,       &F::Text6,   {40,  6}},          // row
-    {list,         &F::Combo3,  {46,  2}},          // speed
+    // control    bits      base
+    {&F::Text1,  { 0, 18}, scripts},     // event
+    npc_palette,                         // bit 21 has no control
+    {&F::Text4,  {22, 10}, npc_flags},
+    {&F::Text5,  {32,  8}},              // column
+    {&F::Text6,  {40,  6}},              // row
+    {&F::Combo3, {46,  2}},              // speed
     npc_sprites,
-    {list,         &F::Combo4,  {56,  4}},          // movement
-    {box,          &F::Check1,  {60,  1}},          // walk over
-    {box,          &F::Check2,  {61,  1}},          // walk under
-    {list,         &F::Combo1,  {62,  2}},          // vehicle
-    {list,         &F::Combo2,  {64,  2}},          // facing
-    {inverted_box, &F::Check3,  {66,  1}},          // turn to talk; 67 to 71 have no control
+    {&F::Combo4, {56,  4}},              // movement
+    {&F::Check1, {60,  1}},              // walk over
+    {&F::Check2, {61,  1}},              // walk under
+    {&F::Combo1, {62,  2}},              // vehicle
+    {&F::Combo2, {64,  2}},              // facing
+    {&F::Check3, {66,  1}, 0, inverted}, // turn to talk; 67 to 71 have no control
 };
 constexpr FieldRow chest_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {chest_flag,   &F::Text4,   {16,  8}},
-    {box,          &F::Check2,  {24,  1}},          // byte flag
-    {box,          &F::Check1,  {25,  1}},          // kept in hidden boxes, as is the next
-    {box,          &F::Check3,  {26,  1}},
-    {option,       &F::option,  {27,  5}},          // kind of contents
-    {list,         &F::Combo2,  {32,  8}},          // contents
+    {&F::Text1,  { 0,  8}},              // column
+    {&F::Text2,  { 8,  8}},              // row
+    {&F::Text4,  {16,  8}},              // flag
+    {&F::Check2, {24,  1}},              // byte flag
+    {&F::Check1, {25,  1}},              // kept in hidden boxes, as is the next
+    {&F::Check3, {26,  1}},
+    {&F::option, {27,  5}, 0, one_hot},  // kind of contents
+    {&F::Combo2, {32,  8}},              // contents
 };
 constexpr FieldRow event_trigger_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {16, 24}, scripts}, // event
+    {&F::Text1,  { 0,  8}},              // column
+    {&F::Text2,  { 8,  8}},              // row
+    {&F::Text4,  {16, 24}, scripts},     // event
 };
 constexpr FieldRow entrance_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {16, 16}},          // target map
-    {number,       &F::Text7,   {32,  8}},          // target column
-    {number,       &F::Text5,   {40,  8}},          // target row
-    {number,       &F::Text6,   { 0,  0}},          // width
+    {&F::Text1,  { 0,  8}},              // column
+    {&F::Text2,  { 8,  8}},              // row
+    {&F::Text4,  {16, 16}},              // target map
+    {&F::Text7,  {32,  8}},              // target column
+    {&F::Text5,  {40,  8}},              // target row
+    {&F::Text6,  { 0,  0}},              // width
 };
 constexpr FieldRow long_entrance_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {24, 16}},          // target map
-    {number,       &F::Text7,   {40,  8}},          // target column
-    {number,       &F::Text5,   {48,  8}},          // target row
-    {number,       &F::Text6,   {16,  8}},          // width, direction in bit 7
+    {&F::Text1,  { 0,  8}},              // column
+    {&F::Text2,  { 8,  8}},              // row
+    {&F::Text4,  {24, 16}},              // target map
+    {&F::Text7,  {40,  8}},              // target column
+    {&F::Text5,  {48,  8}},              // target row
+    {&F::Text6,  {16,  8}},              // width, direction in bit 7
 };
 constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
     npc_fields, chest_fields, event_trigger_fields, entrance_fields, long_entrance_fields,
@@ -107,13 +101,8 @@ static_assert(bits_taken<5>(event_trigger_fields) == 8 * 5);
 static_assert(bits_taken<6>(entrance_fields) == 8 * 6);
 static_assert(bits_taken<7>(long_entrance_fields) == 8 * 7);
 
-template <typename T>
-T& value_of(Form10& form, const FieldRow& row) {
-    return form.*std::get<T F::*>(row.control);
-}
-
-std::string flag_text(std::uint32_t flag, std::int32_t base) {
-    return format_hex(base + std::int64_t{flag / 8}) + ":" + format_hex(flag % 8);
+NumberForm text_form(ObjectKind kind, std::string F::*text) {
+    return text_row(text).forms[static_cast<std::size_t>(kind)];
 }
 
 void press_option(int& option, std::uint32_t bits) {
@@ -122,140 +111,61 @@ void press_option(int& option, std::uint32_t bits) {
             option = button;
 }
 
-void show_field(const FieldRow& row, std::uint32_t value, Form10& form) {
-    switch (row.form) {
-    case number:
-    case low_number:
-    case short_number:
-        value_of<std::string>(form, row) = format_hex(std::int64_t{value} + row.base);
-        break;
-    case npc_flag:
-    case chest_flag:
-        value_of<std::string>(form, row) = flag_text(value, row.base);
-        break;
-    case box:
-    case inverted_box:
-        value_of<bool>(form, row) = (value != 0) == (row.form == box);
-        break;
-    case list:
-        value_of<int>(form, row) = static_cast<int>(value);
-        break;
-    case option:
-        press_option(value_of<int>(form, row), value);
-        break;
-    }
+void show_field(ObjectKind kind, const FieldRow& row, std::uint32_t value, Form10& form) {
+    if (const auto* text = std::get_if<std::string F::*>(&row.control))
+        form.** text = format_number(text_form(kind, *text), std::int64_t{value} + row.base);
+    else if (const auto* box = std::get_if<bool F::*>(&row.control))
+        form.** box = (value != 0) != (row.coding == inverted);
+    else if (row.coding == one_hot)
+        press_option(form.*std::get<int F::*>(row.control), value);
+    else
+        form.*std::get<int F::*>(row.control) = static_cast<int>(value);
 }
 
-// Reads fields, and reports invalid ones.
-class FieldReader {
-  public:
-    FieldReader(Form10& form, Dialogs& dialogs) : form_(form), dialogs_(dialogs) {}
+// The row of a list or the selected button as a value; 0 for none.
+std::uint32_t selected_value(const FieldRow& row, int selection) {
+    if (selection < 0)
+        return 0;
+    return row.coding == one_hot ? 1u << selection : static_cast<std::uint32_t>(selection);
+}
 
-    bool refused() const { return refused_; }
-
-    std::uint32_t value(const FieldRow& row) {
-        switch (row.form) {
-        case number:
-            return number_value(row) - unsigned_value(row.base);
-        case low_number:
-            return number_value(row) & row.bits.mask();
-        case short_number:
-            return short_value(value_of<std::string>(form_, row)) - unsigned_value(row.base);
-        case npc_flag:
-            return npc_flag_value(value_of<std::string>(form_, row), row.base);
-        case chest_flag:
-            return chest_flag_value(value_of<std::string>(form_, row));
-        case box:
-        case inverted_box:
-            return value_of<bool>(form_, row) == (row.form == box);
-        case list:
-            return value_of<int>(form_, row) < 0 ? 0 : unsigned_value(value_of<int>(form_, row));
-        default:
-            return value_of<int>(form_, row) < 0 ? 0 : 1u << value_of<int>(form_, row);
-        }
-    }
-
-  private:
-    static std::uint32_t unsigned_value(std::int32_t value) {
-        return static_cast<std::uint32_t>(value);
-    }
-
-    void refuse(const char* text, const char* title) {
-        dialogs_.message(MessageKind::error, text, title);
-        refused_ = true;
-    }
-
-    std::uint32_t number_value(const FieldRow& row) {
-        return unsigned_value(parse_hex_text(value_of<std::string>(form_, row), dialogs_));
-    }
-
-    // The number in a part of a text; 0, without a message, where the part is empty.
-    std::uint32_t piece_value(std::string_view piece) {
-        std::string digits(piece);
-        return digits.empty() ? 0 : unsigned_value(parse_hex_text(digits, dialogs_));
-    }
-
-    std::uint32_t short_value(std::string text) {
-        std::erase(text, ' ');
-        if (character_count(text) >= 6)
-            refuse("The event address you've entered is too large", error_title);
-        else
-            text.insert(0, 6 - character_count(text), '0');
-        return unsigned_value(parse_hex_text(text, dialogs_));
-    }
-
-    std::uint32_t npc_flag_value(std::string text, std::int32_t base) {
-        if (character_count(text) != 6 || characters(text, 4, 1) != ":")
-            refuse("Your input must be in the following format xxxx:y", "error");
-        const std::uint32_t byte = piece_value(characters(text, 0, 4));
-        const std::uint32_t bit = piece_value(characters(text, 5, 1));
-        if (bit > 7)
-            refuse("Your flag bit must 0 - 7", error_title);
-        return (byte - unsigned_value(base)) * 8 + bit;
-    }
-
-    std::uint32_t chest_flag_value(std::string text) {
-        constexpr const char* message =
-            "Your byte:bit is in an incorrect format. The format must be x:y and your\n"
-            "byte must be no greater than 1F and your bit must be no greater than 7";
-        std::erase(text, ' ');
-        if (character_count(text) > 4)
-            refuse(message, error_title);
-        if (character_count(text) == 3)
-            text.insert(0, 1, '0');
-        if (characters(text, 2, 1) != ":")
-            refuse(message, error_title);
-        const std::uint32_t byte = piece_value(characters(text, 0, 2));
-        const std::uint32_t bit = piece_value(characters(text, 3, 1));
-        if (byte > 0x1F || bit > 7)
-            refuse(message, error_title);
-        return byte * 8 + bit;
-    }
-
-    Form10& form_;
-    Dialogs& dialogs_;
-    bool refused_ = false;
-};
+// The value in a control; nothing for an invalid text, which has been reported.
+std::optional<std::uint32_t> read_control(ObjectKind kind, const FieldRow& row, Form10& form,
+                                          Dialogs& dialogs) {
+    if (const auto* box = std::get_if<bool F::*>(&row.control))
+        return form.**box != (row.coding == inverted);
+    if (const auto* selection = std::get_if<int F::*>(&row.control))
+        return selected_value(row, form.**selection);
+    const auto text = std::get<std::string F::*>(row.control);
+    const TextNumber number = parse_number_text(text_form(kind, text), form.*text, dialogs);
+    if (!number.is_number)
+        return std::nullopt;
+    const std::uint32_t value =
+        static_cast<std::uint32_t>(number.value) - static_cast<std::uint32_t>(row.base);
+    return row.coding == cut ? value & row.bits.mask() : value;
+}
 
 } // namespace
 
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form) {
     for (const FieldRow& row : fields_of(kind))
-        show_field(row, read_bits(record, row.bits), form);
+        show_field(kind, row, read_bits(record, row.bits), form);
 }
 
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs) {
-    FieldReader reader(form, dialogs);
     ObjectBytes record = raw;
+    bool valid = true;
     for (const FieldRow& row : fields_of(kind))
         clear_bits(record, row.bits);
-    for (const FieldRow& row : fields_of(kind))
-        if (row.bits.count != 0)
-            add_bits(record, row.bits, reader.value(row));
-    if (reader.refused())
-        return std::nullopt;
-    return record;
+    for (const FieldRow& row : fields_of(kind)) {
+        if (row.bits.count == 0)
+            continue;
+        const std::optional<std::uint32_t> value = read_control(kind, row, form, dialogs);
+        valid &= value.has_value();
+        add_bits(record, row.bits, value.value_or(0));
+    }
+    return valid ? std::optional(record) : std::nullopt;
 }
 
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {

@@ -11,12 +11,12 @@ using F = Form1;
 
 // clang-format off
 constexpr ObjectKindRow kind_rows[object_kind_count] = {
-    // pointers          base                 size  x  y  row bits  box         colour
-    {at::npcs,           at::npcs,            9,    4, 5, 0x3F,     &F::Check1, 0xFF0000},
-    {at::chest_pointers, at::chests,          5,    0, 1, 0xFF,     &F::Check2, 0xFFFF00},
-    {at::event_triggers, at::event_triggers,  5,    0, 1, 0xFF,     &F::Check3, 0x0000FF},
-    {at::entrances,      at::entrances,       6,    0, 1, 0xFF,     &F::Check4, 0x00FF00},
-    {at::long_entrances, at::long_entrances,  7,    0, 1, 0xFF,     &F::Check4, 0x00FF00},
+    // pointers          base                 size  x  y  row bits  box         count        colour
+    {at::npcs,           at::npcs,            9,    4, 5, 0x3F,     &F::Check1, &F::Label27, 0xFF0000},
+    {at::chest_pointers, at::chests,          5,    0, 1, 0xFF,     &F::Check2, &F::Label28, 0xFFFF00},
+    {at::event_triggers, at::event_triggers,  5,    0, 1, 0xFF,     &F::Check3, &F::Label29, 0x0000FF},
+    {at::entrances,      at::entrances,       6,    0, 1, 0xFF,     &F::Check4, &F::Label30, 0x00FF00},
+    {at::long_entrances, at::long_entrances,  7,    0, 1, 0xFF,     &F::Check4, &F::Label30, 0x00FF00},
 };
 
 // Runs of letters in the character code of the item names; a byte outside all of them is no letter.

@@ -21,14 +21,15 @@ inline constexpr std::size_t object_kind_count = object_tab_count;
 /// How a kind is stored and shown. The 16-bit pointer of map m is at pointers + 2 * m: the offset
 /// of the map's first record from base. The pointer of the next map ends the list.
 struct ObjectKindRow {
-    std::int32_t pointers; // file offset
-    std::int32_t base;     // file offset
-    int record_size;       // bytes
-    int x_byte;            // the byte of the record that holds the object's column on the map
-    int y_byte;            // and the one that holds its row
-    std::uint8_t y_mask;   // the bits of that byte that make up the row
-    bool Form1::*shown;    // the check box that shows the kind and makes it clickable
-    Colour colour;         // of its markers
+    std::int32_t pointers;     // file offset
+    std::int32_t base;         // file offset
+    int record_size;           // bytes
+    int x_byte;                // the byte of the record that holds the object's column on the map
+    int y_byte;                // and the one that holds its row
+    std::uint8_t y_mask;       // the bits of that byte that make up the row
+    bool Form1::*shown;        // the check box that shows the kind and makes it clickable
+    std::string Form1::*count; // the label of the number of records; kinds can share one
+    Colour colour;             // of its markers
 };
 const ObjectKindRow& object_kind_row(ObjectKind kind);
 

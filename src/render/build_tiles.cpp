@@ -3,8 +3,6 @@
 namespace veldrune {
 namespace {
 
-using enum RecordField;
-
 void build_layer(const RomImage& rom, int formation_set, const CharacterGraphics& characters,
                  DecompressBuffer& buffer, const Palette256& palette, FormationBitmap& high,
                  FormationBitmap& low) {
@@ -26,11 +24,15 @@ TileNumbers tile_numbers(const MapProperties& record) {
     const auto number = [&](RecordField field) {
         return static_cast<int>(record_value(record, field));
     };
-    return {number(animated_tileset),
-            number(layer3_graphics),
-            {number(tileset1), number(tileset2), number(tileset3), number(tileset4)},
-            number(palette),
-            {number(layer1_formation), number(layer2_formation)}};
+    TileNumbers numbers;
+    numbers.animated_tileset = number(RecordField::animated_tileset);
+    numbers.layer3_graphics = number(layer_fields[2].formation);
+    for (std::size_t group = 0; group < numbers.tilesets.size(); ++group)
+        numbers.tilesets[group] = number(tileset_fields[group]);
+    numbers.palette = number(RecordField::palette);
+    for (std::size_t layer = 0; layer < numbers.formations.size(); ++layer)
+        numbers.formations[layer] = number(layer_fields[layer].formation);
+    return numbers;
 }
 
 void build_tiles(const RomImage& rom, const TileNumbers& numbers, const AnimTileTable& anim_tiles,

@@ -142,6 +142,16 @@ void draw_enlarged(const Formation& cell, Colour* out) {
     }
 }
 
+// Whether the picture shows a cell from pixel (x, y) on, each of its pixels scale by scale.
+bool shows_cell(const PixelBuffer& picture, int x, int y, const Formation& cell, int scale) {
+    for (int row = 0; row < 16 * scale; ++row)
+        for (int column = 0; column < 16 * scale; ++column)
+            if (picture.row(y + row)[x + column] !=
+                cell[static_cast<std::size_t>(row / scale * 16 + column / scale)])
+                return false;
+    return true;
+}
+
 } // namespace
 
 std::vector<VectorUnit> vector_units() {
@@ -201,6 +211,17 @@ void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int 
     case 4:
         return draw_enlarged<8>(cell, out);
     }
+}
+
+void repaint_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
+                  const CellTiles& tiles, PixelBuffer& buffer) {
+    if (x < 0 || x >= view.cells_across || y < 0 || y >= view.cells_across)
+        return;
+    Formation cell;
+    compose_cell(bitmaps, view.stack, tiles, cell);
+    const int side = view.tile_size();
+    if (!shows_cell(buffer, x * side, y * side, cell, side / 16))
+        compose_one_cell(bitmaps, view, x, y, tiles, buffer);
 }
 
 void scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,

@@ -5,6 +5,7 @@
 #include "render/pixel_buffer.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace veldrune {
@@ -48,6 +49,7 @@ struct MapView {
 
 /// The chosen map's formations as pixels, and the pictures that are drawn from them.
 struct MapDisplay {
+    std::optional<ImageSource> source; // of the formations; nothing before the first build
     FormationBitmaps bitmaps;
     PixelBuffer picture;
     int last_h = 0; // h and v of the latest composition or scroll
@@ -79,6 +81,10 @@ void compose_cells(const FormationBitmaps& bitmaps, const MapView& view, int x0,
 /// Draws view cell (x, y) from the formations given, whatever the layers hold there.
 void compose_one_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
                       const CellTiles& tiles, PixelBuffer& buffer);
+
+/// The same, but a picture that shows the cell already is not touched.
+void repaint_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, int y,
+                  const CellTiles& tiles, PixelBuffer& buffer);
 
 /// Moves the picture by the step from (last_h, last_v) to the view's place and composes what that
 /// uncovers. If both coordinates changed, or neither, or one by a whole view or more, all cells are

@@ -22,7 +22,7 @@ struct BitRun {
     constexpr std::uint32_t mask() const { return (1u << count) - 1; }
 };
 
-/// The value that stands in the run. The bytes must reach to its end, here and below.
+/// The value in the run. The bytes must reach to its end, here and below.
 constexpr std::uint32_t read_bits(std::span<const std::uint8_t> bytes, BitRun run) {
     std::uint64_t window = 0;
     for (std::size_t i = 0; i < run.byte_count(); ++i)

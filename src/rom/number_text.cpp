@@ -102,20 +102,6 @@ TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs) {
     return number;
 }
 
-TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialogs) {
-    if (is_hexadecimal(form))
-        return {parse_hex_text(text, dialogs), true};
-    return parse_decimal_text(text, dialogs);
-}
-
-std::string format_number(NumberForm form, std::int64_t value) {
-    if (is_hexadecimal(form))
-        return format_hex(value);
-    if (form == NumberForm::high_number)
-        return value == 0 ? "N/A" : std::to_string(value - 1);
-    return std::to_string(value);
-}
-
 std::size_t character_count(std::string_view text) {
     std::size_t count = 0;
     for (; !text.empty(); text = skip_characters(text, 1))

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "forms/dialogs.h"
-#include "forms/number_form.h"
 
 #include <cstdint>
 #include <string>
@@ -28,12 +27,6 @@ struct TextNumber {
 TextNumber decimal_number(std::string_view text);
 /// The same, with a warning if the text is not a number.
 TextNumber parse_decimal_text(const std::string& text, Dialogs& dialogs);
-
-/// Reads a text that the user types in its form, with the warnings of that form. Hexadecimal text
-/// always counts as a number.
-TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialogs);
-/// The text of a value in a form.
-std::string format_number(NumberForm form, std::int64_t value);
 
 /// The length of a text in characters, and count characters of it from number first on, fewer at
 /// its end. A character may take several bytes: texts of fields are UTF-8.

@@ -1,6 +1,6 @@
 #include "saving/save_layers.h"
 
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "saving/save_stream.h"
 
 #include <optional>
@@ -8,7 +8,6 @@
 namespace veldrune {
 namespace {
 
-constexpr int missing_layer3_side = 16; // the layer that all maps without layer 3 share
 constexpr std::int64_t max_tiles = max_layer_width * max_layer_height;
 
 constexpr const char* after_growth = " bytes larger than the original map. Saving";
@@ -22,15 +21,14 @@ constexpr StreamMessages layer_words[layer_count] = {
 LayerSize saved_size(const Form1& form, int index) {
     const LayerControls& controls = layer_controls[index];
     if (is_missing_layer(form, index))
-        return {missing_layer3_side, missing_layer3_side};
-    return {decimal_number(form.*controls.width).value,
-            decimal_number(form.*controls.height).value};
+        return {min_layer_side, min_layer_side};
+    return {field_number(form, controls.width).value, field_number(form, controls.height).value};
 }
 
 // Warns about texts that are not numbers.
-void warn_about_size(const Form1& form, int index, Dialogs& dialogs) {
+void warn_about_size(Form1& form, int index, Dialogs& dialogs) {
     for (const auto size : {&LayerControls::width, &LayerControls::height})
-        parse_decimal_text(form.*(layer_controls[index].*size), dialogs);
+        read_field(form, layer_controls[index].*size, dialogs);
 }
 
 // Why the layer can't be saved, or an empty text.
@@ -47,13 +45,10 @@ std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& 
 bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
                 CompressOutput& output, Dialogs& dialogs) {
     warn_about_size(form, index, dialogs);
-    const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
+    const int location = read_field(form, layer_controls[index].location, dialogs).value;
     const std::optional<std::size_t> length = compress_tiles(layer.map, size, output);
     if (!length) {
-        refuse_to_save(layer_words[index],
-                       "its stream would take more than " + std::to_string(layer_stream_limit) +
-                           " bytes.",
-                       dialogs);
+        refuse_long_stream(layer_words[index], layer_stream_limit, ".", dialogs);
         return false;
     }
     return save_stream(rom, location, std::span(output).first(*length), layer.layer_packed_size,
@@ -66,8 +61,8 @@ bool is_missing_layer(const Form1& form, int index) {
     return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
 }
 
-std::optional<LayerSizes>
-sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
+std::optional<LayerSizes> sizes_to_save(Form1& form, const std::array<Layer, layer_count>& layers,
+                                        Dialogs& dialogs) {
     LayerSizes sizes;
     for (const int index : layer_save_order) {
         const auto at = static_cast<std::size_t>(index);

@@ -20,8 +20,8 @@ bool is_missing_layer(const Form1& form, int index);
 using LayerSizes = std::array<LayerSize, layer_count>;
 /// The sizes of the layers as they are saved. Nothing where one of them can't be saved, which is
 /// reported.
-std::optional<LayerSizes>
-sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs);
+std::optional<LayerSizes> sizes_to_save(Form1& form, const std::array<Layer, layer_count>& layers,
+                                        Dialogs& dialogs);
 
 /// Compresses width times height tiles, 1 to 8192, of a layer. Returns the length of the stream in
 /// output, or nothing where it would be too long.

@@ -1,6 +1,6 @@
 #include "saving/save_properties.h"
 
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/reported_access.h"
 #include "rom/rom_layout.h"
 
@@ -14,12 +14,13 @@ using enum RecordField;
 
 // Each in the order in which a save reads the fields and reports errors.
 // clang-format off
-constexpr RecordField widths[]          = {layer1_width, layer2_width, layer3_width};
-constexpr RecordField heights[]         = {layer1_height, layer2_height, layer3_height};
-constexpr RecordField save_as_sizes[]   = {layer2_height, layer2_width, layer1_height, layer1_width};
-constexpr RecordField formations[]      = {layer2_formation, layer1_formation, layer3_graphics};
+constexpr RecordField save_as_sizes[]   = {
+    layer_fields[1].height, layer_fields[1].width, layer_fields[0].height, layer_fields[0].width,
+};
+constexpr RecordField formations[]      = {
+    layer_fields[1].formation, layer_fields[0].formation, layer_fields[2].formation,
+};
 constexpr RecordField shifts[]          = {left_shift1, left_shift2, upward_shift1, upward_shift2};
-constexpr RecordField tilesets[]        = {tileset1, tileset2, tileset3, tileset4};
 constexpr RecordField animated[]        = {animated_tileset};
 constexpr RecordField viewable[]        = {viewable_first, viewable_second};
 constexpr RecordField others[]          = {
@@ -29,46 +30,40 @@ constexpr RecordField save_as_palette[] = {palette};
 
 // The fields that Save merges after the pointers are written.
 using Fields = std::span<const RecordField>;
-constexpr Fields after_pointers[] = {shifts, tilesets, animated, viewable, others};
+constexpr Fields after_pointers[] = {shifts, tileset_fields, animated, viewable, others};
 
 // The parts of the record that Save As writes: fields and the bytes that contain them.
 struct SaveAsStep { Fields fields; std::size_t first_byte; std::size_t byte_count; };
 constexpr SaveAsStep save_as_steps[] = {
     {formations, 11, 2},
     {save_as_palette, 25, 1},
-    {tilesets,    7, 4},
+    {tileset_fields, 7, 4},
     {animated,   27, 1},
     {viewable,   30, 2},
 };
 constexpr std::size_t size_byte = 23; // of layers 1 and 2
 // clang-format on
 
-// The number of doublings from 16 to the size. Reports a size that is none of these or above max.
-std::optional<std::uint32_t> doubling_code(int tiles, int max, const char* message,
-                                           Dialogs& dialogs) {
-    for (std::uint32_t code = 0; 16 << code <= max; ++code)
-        if (tiles == 16 << code)
+// The number of doublings from the smallest side to the size. Reports a size that is none of these.
+std::optional<std::uint32_t> doubling_code(NumberForm form, int tiles, Dialogs& dialogs) {
+    const bool width = form == NumberForm::width;
+    const int max = width ? max_layer_width : max_layer_height;
+    for (std::uint32_t code = 0; min_layer_side << code <= max; ++code)
+        if (tiles == min_layer_side << code)
             return code;
-    dialogs.error(message);
+    dialogs.error(width ? "The map width must be either 16, 32, 64, or 128"
+                        : "The map height must be either 16, 32, or 64");
     return std::nullopt;
 }
 
-std::optional<std::uint32_t> width_code(int tiles, Dialogs& dialogs) {
-    return doubling_code(tiles, 128, "The map width must be either 16, 32, 64, or 128", dialogs);
-}
-
-std::optional<std::uint32_t> height_code(int tiles, Dialogs& dialogs) {
-    return doubling_code(tiles, 64, "The map height must be either 16, 32, or 64", dialogs);
-}
-
-// The number of halvings from the size, modulo 256, down to 16. Reports a size that does not
-// reach 16.
-std::optional<std::uint32_t> halving_code(int tiles, Dialogs& dialogs) {
+// The number of halvings from the size, modulo 256, down to the smallest side. Reports a size that
+// does not reach it.
+std::optional<std::uint32_t> halving_code(NumberForm, int tiles, Dialogs& dialogs) {
     std::uint32_t code = 0;
     int side = tiles % 256;
-    for (; side > 16; side /= 2)
+    for (; side > min_layer_side; side /= 2)
         ++code;
-    if (side == 16)
+    if (side == min_layer_side)
         return code;
     dialogs.message(MessageKind::error, "Not a valid mapsize", "error");
     return std::nullopt;
@@ -79,8 +74,7 @@ TextNumber control_number(Form1& form, RecordField field, Dialogs& dialogs) {
     const auto& control = record_row(field).control;
     if (const auto* box = std::get_if<bool Form1::*>(&control))
         return {form.*(*box), true};
-    const auto text = std::get<std::string Form1::*>(control);
-    return parse_number_text(text_row(text).form, form.*text, dialogs);
+    return read_field(form, std::get<std::string Form1::*>(control), dialogs);
 }
 
 // Leaves the bits of the record where a text is not a number.
@@ -92,14 +86,15 @@ void merge_fields(MapProperties& record, Form1& form, Fields fields, Dialogs& di
     }
 }
 
-using SizeCode = std::optional<std::uint32_t> (*)(int tiles, Dialogs& dialogs);
+using SizeCode = std::optional<std::uint32_t> (*)(NumberForm form, int tiles, Dialogs& dialogs);
 
 // False where a size has no code, which is reported. The bits then stay as they are, also where the
 // text is not a number.
 bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode size_code,
                 Dialogs& dialogs) {
-    const TextNumber tiles = control_number(form, field, dialogs);
-    const auto code = size_code(tiles.value, dialogs);
+    const auto text = std::get<std::string Form1::*>(record_row(field).control);
+    const TextNumber tiles = read_field(form, text, dialogs);
+    const auto code = size_code(text_row(text).form, tiles.value, dialogs);
     if (code && tiles.is_number)
         set_record_value(record, field, *code);
     return code.has_value();
@@ -107,12 +102,12 @@ bool merge_size(MapProperties& record, Form1& form, RecordField field, SizeCode 
 
 // The pointer table's bytes for the layer's "Map Data Location".
 Pointer24 location_pointer(Form1& form, int layer, Dialogs& dialogs) {
-    const std::int64_t location = parse_hex_text(form.*layer_controls[layer].location, dialogs);
+    const std::int64_t location = read_field(form, layer_controls[layer].location, dialogs).value;
     return pointer24_bytes(location - rom_layout::layer_data);
 }
 
 bool write_pointers(RomImage& rom, Form1& form, const MapProperties& record, Dialogs& dialogs) {
-    for (int layer = 0; layer < 3; ++layer) {
+    for (int layer = 0; layer < layer_count; ++layer) {
         const std::int64_t entry = data_pointer_offset(layer_data_number(record, layer));
         if (!write_or_report(rom, entry, location_pointer(form, layer, dialogs), dialogs))
             return false;
@@ -139,16 +134,16 @@ bool write_save_as_pointers(RomImage& rom, Form1& form, const MapProperties& at_
 bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int map_index,
                          Dialogs& dialogs) {
     MapProperties merged = record;
-    for (const RecordField field : widths)
-        merge_size(merged, form, field, width_code, dialogs);
-    for (const RecordField field : heights)
-        merge_size(merged, form, field, height_code, dialogs);
+    for (const auto size : {&LayerFields::width, &LayerFields::height})
+        for (const LayerFields& fields : layer_fields)
+            merge_size(merged, form, fields.*size, doubling_code, dialogs);
     merge_fields(merged, form, formations, dialogs);
     if (!write_pointers(rom, form, merged, dialogs))
         return false;
     for (const Fields fields : after_pointers)
         merge_fields(merged, form, fields, dialogs);
-    const auto monster_set = static_cast<std::uint8_t>(parse_hex_text(form.Text41, dialogs));
+    const auto monster_set =
+        static_cast<std::uint8_t>(read_field(form, &Form1::Text41, dialogs).value);
     if (!write_or_report(rom, monster_set_offset(map_index), {&monster_set, 1}, dialogs) ||
         !write_or_report(rom, record_offset(map_index), merged, dialogs))
         return false;

@@ -18,6 +18,10 @@ struct StreamMessages {
 
 /// Shows a message that says why something can't be saved.
 void refuse_to_save(const StreamMessages& words, const std::string& why, Dialogs& dialogs);
+/// The same where the stream would be longer than limit bytes; ending follows that and ends the
+/// sentence.
+void refuse_long_stream(const StreamMessages& words, std::size_t limit, const char* ending,
+                        Dialogs& dialogs);
 
 /// Writes a stream at a file offset, after a question if it is longer than former_size bytes. False
 /// if the user cancelled or the write failed, which has been reported.

@@ -1,6 +1,6 @@
 #include "saving/save_world.h"
 
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/reported_access.h"
 #include "saving/save_stream.h"
 
@@ -13,6 +13,15 @@ constexpr StreamMessages world_words = {"The world map", "The map youre trying t
 // A stream that is too long has been read as an empty map.
 bool was_readable(const OpenWorld& world) {
     return world.world_packed_size <= max_world_stream_bytes;
+}
+
+void refuse_world(const OpenWorld& world, Dialogs& dialogs) {
+    if (was_readable(world))
+        return refuse_long_stream(world_words, max_world_stream_bytes,
+                                  ", which the game can't read.", dialogs);
+    refuse_to_save(world_words,
+                   "what the image holds could not be read, and an empty map would take its place.",
+                   dialogs);
 }
 
 // Why location can't be named by a pointer, or an empty text.
@@ -45,24 +54,17 @@ std::span<const std::uint8_t> pack_world(const OpenWorld& world, CompressOutput&
     return std::span(output).first(length && *length <= max_world_stream_bytes ? *length : 0);
 }
 
-bool save_world_map(RomImage& rom, std::string& location_text, OpenWorld& world,
+bool save_world_map(RomImage& rom, Form1& form, OpenWorld& world,
                     std::span<const std::uint8_t> stream, Dialogs& dialogs) {
     if (stream.empty()) {
-        refuse_to_save(world_words,
-                       was_readable(world)
-                           ? "its stream would take more than " +
-                                 std::to_string(max_world_stream_bytes) +
-                                 " bytes, which the game can't read."
-                           : "what the image holds could not be read, and an empty map would "
-                             "take its place.",
-                       dialogs);
+        refuse_world(world, dialogs);
         return false;
     }
-    const std::int32_t location = parse_hex_text(location_text, dialogs);
+    const std::int32_t location = read_field(form, &Form1::Text24, dialogs).value;
     if (!save_stream(rom, location, stream, world.world_packed_size, world_words, dialogs))
         return false;
     world.world_packed_size = static_cast<int>(stream.size());
-    return write_pointer(rom, world.world, location, location_text, dialogs);
+    return write_pointer(rom, world.world, location, form.Text24, dialogs);
 }
 
 } // namespace veldrune

@@ -12,10 +12,11 @@ void Controls::set_up(QWidget* widget, const char* control, const QString& tip,
         bindings.enabled(widget, state.form1.map_fields_enabled);
 }
 
-QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool map_only) const {
+QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool map_only,
+                           std::int64_t limit) const {
     const TextRow<Form1>& row = text_row(text);
     auto* widget = new QLineEdit;
-    set_up(widget, row.control, number_tip(meaning, row.form), map_only);
+    set_up(widget, row.control, number_tip(meaning, row.form, limit), map_only);
     bindings.text(widget, state.form1.*text);
     return widget;
 }
@@ -33,10 +34,10 @@ QLabel* Controls::label(const char* control, const char* caption) const {
     return widget;
 }
 
-QLabel* Controls::value_label(const char* control, const std::string Form1::*value) const {
-    QLabel* widget = label(control, "");
+QLabel* Controls::value_label(std::string Form1::*text) const {
+    QLabel* widget = label(text_row(text).control, "");
     widget->setTextFormat(Qt::PlainText);
-    bindings.label(widget, state.form1.*value);
+    bindings.label(widget, state.form1.*text);
     return widget;
 }
 

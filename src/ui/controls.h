@@ -17,9 +17,8 @@ namespace veldrune {
 /// The layers in the captions of buttons and boxes.
 inline constexpr const char* layer_captions[layer_count] = {"Layer 1", "Layer 2", "Layer 3"};
 
-// Each row describes a control. tip is its tool tip; map_only controls are disabled while a world
-// map is shown; on_change is called after a change by the user and may be null.
-
+/// Each row describes a control. tip is its tool tip; map_only controls are disabled while a world
+/// map is shown; on_change is called after a change by the user and may be null.
 template <typename T>
 struct OptionRow {
     const char* control;
@@ -56,11 +55,12 @@ struct Controls {
     EditorState& state;
     Bindings& bindings;
 
-    /// The tool tip is meaning and the number form of the text.
-    QLineEdit* field(std::string Form1::*text, const char* meaning, bool map_only) const;
+    /// The tool tip is number_tip of meaning and limit, in the number form of the text.
+    QLineEdit* field(std::string Form1::*text, const char* meaning, bool map_only,
+                     std::int64_t limit = 0) const;
     QCheckBox* box(const BoxRow& row) const;
     QLabel* label(const char* control, const char* caption) const;
-    QLabel* value_label(const char* control, const std::string Form1::*value) const;
+    QLabel* value_label(std::string Form1::*text) const;
     QScrollBar* bar(const char* control, Qt::Orientation direction, ScrollBar Form1::*value,
                     void (*on_change)(EditorState&)) const;
     /// Makes button run its command.

@@ -65,9 +65,10 @@ QLayout* EventWindow::make_bar() {
         bar->addWidget(button);
     }
     auto* offset = new QLineEdit;
-    offset->setObjectName("Text3");
-    offset->setToolTip(number_tip("Where the script lies in the file; Enter loads the one there.",
-                                  NumberForm::hexadecimal));
+    const TextRow<Form9>& row = text_row(&Form9::Text3);
+    offset->setObjectName(row.control);
+    offset->setToolTip(
+        number_tip("Where the script lies in the file; Enter loads the one there.", row.form));
     offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
     bindings_.text(offset, state_.form9.Text3);
     connect(offset, &QLineEdit::returnPressed, this,

@@ -1,6 +1,6 @@
 #include "ui/map_list.h"
 
-#include "editor/select_map.h"
+#include "editor/editor_state.h"
 
 #include <QKeyEvent>
 #include <QListView>
@@ -30,7 +30,7 @@ class MapListView : public QListView {
                                              QRegularExpression::CaseInsensitiveOption);
         const QRegularExpressionMatch match = name.match(typed_);
         const int map = match.captured(1).toInt();
-        if (!match.hasMatch() || map >= map_list_rows)
+        if (!match.hasMatch() || map >= rom_layout::map_count)
             return false;
         if (!match.captured(1).isEmpty())
             setCurrentIndex(model()->index(map, 0));
@@ -46,7 +46,7 @@ MapList::MapList() {
     setStyleSheet("QComboBox { combobox-popup: 0; }"); // opens below the box, not full-screen
     setView(new MapListView);
     setMaxVisibleItems(24);
-    for (int map = 0; map < map_list_rows; ++map)
+    for (int map = 0; map < rom_layout::map_count; ++map)
         addItem(QString("map %1").arg(map));
 }
 

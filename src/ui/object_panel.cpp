@@ -22,12 +22,14 @@ namespace {
 
 constexpr int column_count = 3; // of labels and controls
 constexpr int line_gap = 4;
+constexpr int npc_tab = 0;
 constexpr int chest_tab = 1;
 constexpr int contents_length = 16; // characters of a line of a chest's contents
 
 constexpr const char* widest_number = "0000000000";
 constexpr const char* vehicle_names[] = {"None", "Runbird", "Gearcore Armor", "Raft"};
 constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastest"};
+constexpr int movement_count = 16; // Combo4 lists the numbers, decimal
 
 // A control on one tab: its caption, null where the control is hidden, and its meaning for the tool
 // tip. The caption is shown on the label or, without a label, on the control; that of the picture
@@ -35,10 +37,15 @@ constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastest"};
 struct TabEntry {
     const char* caption = nullptr;
     const char* meaning = nullptr;
-    bool fixed = false; // a value that can't be edited
+    std::int64_t limit = 0; // what "%1" in the meaning stands for
 };
 
 using Tabs = TabEntry[object_tab_count];
+using NumberForms = std::span<const NumberForm, object_tab_count>; // of a control, by tab
+constexpr NumberForm no_number[] = {NumberForm::words, NumberForm::words, NumberForm::words,
+                                    NumberForm::words, NumberForm::words};
+constexpr NumberForm decimal_npc[] = {NumberForm::decimal, NumberForm::words, NumberForm::words,
+                                      NumberForm::words, NumberForm::words};
 
 // The position of a control, with its label on its left, in the grid of fields.
 struct Place {
@@ -71,7 +78,7 @@ struct ButtonRow {
 
 // clang-format off
 constexpr FieldRow field_rows[] = {
-    {&Form10::Text1, {"Label1", 0, 0}, nullptr,         {{"Event",         "Where the NPC's script lies in the file, A0200 or above, five digits."},
+    {&Form10::Text1, {"Label1", 0, 0}, nullptr,         {{"Event",         "Where the NPC's script lies in the file, %1 or above, five digits.", rom_layout::event_scripts},
                                                          {"X Pos",         "Column of the chest on the map, 0 to FF."},
                                                          {"Map X",         "Column of the trigger on the map, 0 to FF."},
                                                          {"Map X",         "Column of the entrance on the map, 0 to FF."},
@@ -83,16 +90,16 @@ constexpr FieldRow field_rows[] = {
                                                          {"Map Y",         "Row of the entrance's first tile on the map, 0 to FF."}}},
     {&Form10::Text4, {"Label4", 2, 0}, nullptr,         {{"Byte:Bit",      "The NPC's flag, xxxx:y: byte 1EE0 to 1F5F and bit 0 to 7."},
                                                          {"Byte:Bit",      "The chest's flag, xx:y: byte 0 to 1F and bit 0 to 7."},
-                                                         {"Event Pointer", "Where the trigger's script lies in the file, A0200 or above."},
+                                                         {"Event Pointer", "Where the trigger's script lies in the file, %1 or above.", rom_layout::event_scripts},
                                                          {"Map Index",     "The map that the entrance leads to, 0 to FFFF."},
                                                          {"Map Index",     "The map that the entrance leads to, 0 to FFFF."}}},
     {&Form10::Text5, {"Label5", 0, 1}, nullptr,         {{"X Pos",         "Column of the NPC on the map, 0 to FF."}, {}, {},
                                                          {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."},
                                                          {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."}}},
     {&Form10::Text6, {"Label6", 1, 1}, nullptr,         {{"Y Pos",         "Row of the NPC on the map, 0 to 3F."}, {}, {},
-                                                         {"Entrance Width", "An entrance of this kind is a single tile.", true},
+                                                         {"Entrance Width", "An entrance of this kind is a single tile."},
                                                          {"Entrance Width", "Tiles behind the first: 0 to 7F to the right; 80 and above downwards."}}},
-    {&Form10::Text7, {"Label7", 2, 1}, on_sprite_text,  {{"Sprite",        "Number of the sprite, 0 to FF; those below 73 are previewed."}, {}, {},
+    {&Form10::Text7, {"Label7", 2, 1}, on_sprite_text,  {{"Sprite",        "Number of the sprite, 0 to FF; those below %1 are previewed.", first_hidden_sprite}, {}, {},
                                                          {"Destination X", "Column on the map that the entrance leads to, 0 to FF."},
                                                          {"Destination X", "Column on the map that the entrance leads to, 0 to FF."}}},
 };
@@ -102,7 +109,7 @@ constexpr ListRow list_rows[] = {
                                                           {"Contents", "What is in the chest: number, hexadecimal, and name of the item."}}},
     {"Combo1", &Form10::Combo1, {"Label8", 0, 2}, vehicle_names, 0, {{"Vehicle", "What the NPC rides."}}},
     {"Combo3", &Form10::Combo3, {"Label11", 1, 2}, speed_names, 0, {{"Speed", "How fast the NPC walks."}}},
-    {"Combo4", &Form10::Combo4, {"Label12", 2, 2}, {}, movement_count, {{"Movement", "How the NPC moves about: 0 to 15."}}},
+    {"Combo4", &Form10::Combo4, {"Label12", 2, 2}, {}, movement_count, {{"Movement", "How the NPC moves about: 0 to %1.", movement_count - 1}}},
 };
 
 constexpr ButtonRow box_rows[] = {
@@ -121,7 +128,21 @@ constexpr ButtonRow option_rows[] = {
 constexpr Tabs preview_tabs = {{"Sprite", "The sprite, six times its size."}};
 // clang-format on
 
-static_assert(each_has_one_row<Form10Texts>(field_rows));
+// Whether every text that the user types has exactly one field, with a caption on just the tabs
+// where its row gives it a number form.
+constexpr bool each_number_has_one_field() {
+    for (const TabTextRow& text : form10_texts) {
+        const bool typed = std::ranges::any_of(text.forms, is_typed);
+        if (count_rows(field_rows, text.text) != typed)
+            return false;
+        for (int tab = 0; typed && tab < object_tab_count; ++tab)
+            if ((row_of(field_rows, text.text).tabs[tab].caption == nullptr) !=
+                (text.forms[tab] == NumberForm::words))
+                return false;
+    }
+    return true;
+}
+static_assert(each_number_has_one_field());
 
 constexpr int option_count = std::size(option_rows);
 constexpr int box_line = option_count;
@@ -139,21 +160,22 @@ struct Panel {
 void show_on_tab(QWidget& control, QLabel* label, const TabEntry& tab, NumberForm number,
                  bool enabled) {
     control.setVisible(tab.caption);
-    control.setEnabled(enabled && !tab.fixed);
+    control.setEnabled(enabled && !is_only_shown(number));
     if (label) {
         label->setVisible(tab.caption);
         label->setText(tab.caption);
     }
-    control.setToolTip(tab.meaning ? number_tip(tab.meaning, tab.fixed ? NumberForm::words : number)
-                                   : QString());
+    control.setToolTip(tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString());
     control.setAccessibleName(tab.caption);
 }
 
 void name_control(const Panel& panel, QWidget* control, QLabel* label, const char* name,
-                  const Tabs& tabs, NumberForm number = NumberForm::words) {
+                  const Tabs& tabs, NumberForms numbers = no_number) {
     control->setObjectName(name);
-    panel.bindings.on_show([control, label, &tabs, number, &form = panel.form()] {
-        show_on_tab(*control, label, tabs[form.TabStrip1], number, form.fields_enabled);
+    panel.bindings.on_show([control, label, &tabs, numbers, &form = panel.form()] {
+        const int tab = form.TabStrip1;
+        show_on_tab(*control, label, tabs[tab], numbers[static_cast<std::size_t>(tab)],
+                    form.fields_enabled);
     });
 }
 
@@ -164,7 +186,7 @@ void reserve_width(QGridLayout& grid, int column, int width) {
 
 // Adds a control to the grid with its label on its left.
 void place_control(const Panel& panel, QWidget* control, const Place& place, const char* name,
-                   const Tabs& tabs, NumberForm number) {
+                   const Tabs& tabs, NumberForms numbers) {
     auto* label = new QLabel;
     label->setObjectName(place.label);
     label->setBuddy(control);
@@ -175,15 +197,21 @@ void place_control(const Panel& panel, QWidget* control, const Place& place, con
                       label->fontMetrics().horizontalAdvance(tab.caption));
     reserve_width(panel.grid, 2 * place.column + 1,
                   label->fontMetrics().horizontalAdvance(widest_number));
-    name_control(panel, control, label, name, tabs, number);
+    name_control(panel, control, label, name, tabs, numbers);
 }
 
 void add_field(const Panel& panel, const FieldRow& row) {
-    const TextRow<Form10>& text = row_of(form10_texts, row.text);
+    const TabTextRow& text = text_row(row.text);
     auto* field = new QLineEdit;
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     panel.bindings.text(field, panel.form().*row.text, bind_state(panel.state, row.on_change));
-    place_control(panel, field, row.place, text.control, row.tabs, text.form);
+    place_control(panel, field, row.place, text.control, row.tabs, text.forms);
+}
+
+// The lines of Combo2: the directions for an NPC, the items for a chest; none without a record.
+const std::vector<std::string>& facing_or_contents(const Form10& form) {
+    static const std::vector<std::string> facings = {"Up", "Right", "Down", "Left"};
+    return form.TabStrip1 == npc_tab && form.fields_enabled ? facings : form.Combo2_lines;
 }
 
 // Updates a list with variable lines.
@@ -209,11 +237,11 @@ void add_list(const Panel& panel, const ListRow& row) {
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         list->setMinimumContentsLength(contents_length);
         panel.bindings.on_show(
-            [list, &lines = panel.form().Combo2_lines] { show_lines(*list, lines); });
+            [list, &form = panel.form()] { show_lines(*list, facing_or_contents(form)); });
     }
     panel.bindings.list(list, panel.form().*row.row);
-    const NumberForm number = row.numbers > 0 ? NumberForm::decimal : NumberForm::words;
-    place_control(panel, list, row.place, row.control, row.tabs, number);
+    place_control(panel, list, row.place, row.control, row.tabs,
+                  row.numbers > 0 ? decimal_npc : no_number);
     reserve_width(panel.grid, 2 * row.place.column + 1, list->sizeHint().width());
 }
 

@@ -82,8 +82,9 @@ QScrollBar* make_record_bar(EditorState& state, Bindings& bindings) {
 
 QLabel* make_record_number(EditorState& state, Bindings& bindings) {
     auto* number = new QLabel;
-    number->setObjectName("Label10");
-    number->setToolTip(number_tip("Number of the record.", NumberForm::decimal));
+    const TabTextRow& row = text_row(&Form10::Label10);
+    number->setObjectName(row.control);
+    number->setToolTip(number_tip("Number of the record.", row.forms[0]));
     number->setMinimumWidth(number->fontMetrics().horizontalAdvance("0000"));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     bindings.label(number, state.form10.Label10);

@@ -44,7 +44,7 @@ constexpr BarRow bar_rows[] = {
 
 void add_path(const Controls& controls, QGridLayout& grid) {
     auto* path = new PathLabel;
-    path->setObjectName("Label20");
+    path->setObjectName(text_row(&Form1::Label20).control);
     path->setMinimumHeight(path->fontMetrics().height());
     const std::string& value = controls.state.form1.Label20;
     controls.bindings.label(path, value);

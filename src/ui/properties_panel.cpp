@@ -22,7 +22,8 @@ constexpr HeadingRow heading_rows[] = {
 struct FieldRow {
     std::string Form1::*text;
     const char* meaning;
-    const char* part = ""; // names the fields of a line where there is no heading
+    const char* part = "";  // names the fields of a line where there is no heading
+    std::int64_t limit = 0; // what "%1" in the meaning stands for
 };
 
 // A label and its fields. Each field has its own column, under a heading, or all share span
@@ -36,31 +37,33 @@ struct LineRow {
     FieldRow fields[4];
 };
 constexpr const char* location_caption = "Map Data Location";
+constexpr int highest_formation_set = rom_layout::formation_set_count - 1;
+constexpr int highest_tileset = rom_layout::tileset_count - 1;
 
 // clang-format off
 constexpr LineRow line_rows[] = {
-    {1, 0, 0, "Label21", "Map Width", {{layer_controls[0].width, "Width of layer 1 in tiles: 16, 32, 64 or 128."},
-                                       {layer_controls[1].width, "Width of layer 2 in tiles: 16, 32, 64 or 128."},
-                                       {layer_controls[2].width, "Width of layer 3 in tiles: 16, 32, 64 or 128."}}},
-    {2, 0, 0, "Label22", "Map Height", {{layer_controls[0].height, "Height of layer 1 in tiles: 16, 32 or 64."},
-                                        {layer_controls[1].height, "Height of layer 2 in tiles: 16, 32 or 64."},
-                                        {layer_controls[2].height, "Height of layer 3 in tiles: 16, 32 or 64."}}},
-    {3, 0, 0, "Label4", "Tile Formations", {{layer_controls[0].formation, "Set of tile formations of layer 1, 0 to 84."},
-                                            {layer_controls[1].formation, "Set of tile formations of layer 2, 0 to 84."},
-                                            {layer_controls[2].formation, "Graphics of layer 3, 0 to 20; number 6 is opaque, all others are half transparent."}}},
+    {1, 0, 0, "Label21", "Map Width", {{layer_controls[0].width, "Width of layer 1 in tiles"},
+                                       {layer_controls[1].width, "Width of layer 2 in tiles"},
+                                       {layer_controls[2].width, "Width of layer 3 in tiles"}}},
+    {2, 0, 0, "Label22", "Map Height", {{layer_controls[0].height, "Height of layer 1 in tiles"},
+                                        {layer_controls[1].height, "Height of layer 2 in tiles"},
+                                        {layer_controls[2].height, "Height of layer 3 in tiles"}}},
+    {3, 0, 0, "Label4", "Tile Formations", {{layer_controls[0].formation, "Set of tile formations of layer 1, 0 to %1.", "", highest_formation_set},
+                                            {layer_controls[1].formation, "Set of tile formations of layer 2, 0 to %1.", "", highest_formation_set},
+                                            {layer_controls[2].formation, "Graphics of layer 3, 0 to %1; number 6 is opaque, all others are half transparent.", "", rom_layout::layer3_graphics_count - 1}}},
     {4, 0, 0, "Label6", location_caption, {{layer_controls[0].location, "Where the tiles of layer 1 lie in the file, and where Save writes them."},
                                            {layer_controls[1].location, "Where the tiles of layer 2 lie in the file, and where Save writes them."},
-                                           {layer_controls[2].location, "Where the tiles of layer 3 lie in the file, and where Save writes them; 19D3B0 stands for no layer 3."}}},
+                                           {layer_controls[2].location, "Where the tiles of layer 3 lie in the file, and where Save writes them; %1 stands for no layer 3.", "", rom_layout::layer_data}}},
     {4, 0, 0, nullptr, location_caption, {{&Form1::Text24, "Where the tiles of the world map lie in the file, and where Save writes them.", "World"}}},
     {5, 0, 0, "Label24", "Left Shift", {{&Form1::Text39, "Left shift, first column."},
                                         {&Form1::Text40, "Left shift, second column."}}},
     {6, 0, 0, "Label31", "Upward Shift", {{&Form1::Text42, "Upward shift, first column."},
                                           {&Form1::Text43, "Upward shift, second column."}}},
 
-    {8, 0, 3, "Label5", "Tilesets", {{tileset_controls[0], "First group of tile graphics, 0 to 84.", "1"},
-                                     {tileset_controls[1], "Second group of tile graphics, 0 to 84.", "2"},
-                                     {tileset_controls[2], "Third group of tile graphics, 0 to 84.", "3"},
-                                     {tileset_controls[3], "Fourth group of tile graphics, 0 to 84.", "4"}}},
+    {8, 0, 3, "Label5", "Tilesets", {{tileset_controls[0], "First group of tile graphics, 0 to %1.", "1", highest_tileset},
+                                     {tileset_controls[1], "Second group of tile graphics, 0 to %1.", "2", highest_tileset},
+                                     {tileset_controls[2], "Third group of tile graphics, 0 to %1.", "3", highest_tileset},
+                                     {tileset_controls[3], "Fourth group of tile graphics, 0 to %1.", "4", highest_tileset}}},
     {9, 0, 1, "Label17", "Animated Tileset", {{&Form1::Text18, "Set of animated tiles, 0 to 31."}}},
     {9, 2, 1, "Label7", "Palette", {{&Form1::Text13, "Colours of the map, 0 to 255."}}},
     {10, 0, 1, "Label18", "Viewable Map Size", {{&Form1::Text16, "Part of the map that the game shows, first value, 0 to 255.", "first"},
@@ -76,13 +79,13 @@ constexpr BoxRow battles_row =
     {"Check8", "Enable Battles", &Form1::Check8, true, nullptr, "Ticked: monsters are met on the map."};
 // clang-format on
 
-// Whether every number of the window is in exactly one line.
+// Whether every number that the user types is in exactly one line.
 constexpr bool each_number_has_one_field() {
     for (const TextRow<Form1>& row : form1_texts) {
         int fields = 0;
         for (const LineRow& line : line_rows)
             fields += count_rows(line.fields, row.text);
-        if (fields != (is_decimal(row.form) || is_hexadecimal(row.form)))
+        if (fields != is_typed(row.form))
             return false;
     }
     return true;
@@ -99,7 +102,7 @@ void add_headings(const Controls& controls, QGridLayout& grid) {
 QLineEdit* make_field(const Controls& controls, const FieldRow& row) {
     const bool of_world = row.text == &Form1::Text24;
     const bool shares_place = of_world || row.text == layer_controls[0].location;
-    QLineEdit* field = controls.field(row.text, row.meaning, !shares_place);
+    QLineEdit* field = controls.field(row.text, row.meaning, !shares_place, row.limit);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     if (shares_place)
         controls.bindings.on_show([field, of_world, &world = controls.state.form1.Text24_visible] {

@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QStringList>
 
 namespace veldrune {
 
@@ -24,20 +23,11 @@ int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const 
     return box.exec();
 }
 
-// Converts image_file_filter to Qt's syntax.
-QString qt_file_filter(const char* filter) {
-    const QStringList parts = QString::fromLatin1(filter).split('|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString pattern = parts[i + 1] == "*.*" ? QString("*") : parts[i + 1];
-        filters << parts[i].section('(', 0, 0) + " (" + pattern + ")";
-    }
-    return filters.join(";;");
-}
+constexpr const char* image_file_filter = "Super Nintendo Roms (*.smc);;All Files (*)";
 
 std::optional<std::string> file_name(QFileDialog& dialog) {
     const OverrideCursor cursor(Qt::ArrowCursor);
-    dialog.setNameFilter(qt_file_filter(image_file_filter));
+    dialog.setNameFilter(image_file_filter);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.selectedFiles().value(0).toStdString();

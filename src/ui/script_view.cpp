@@ -20,7 +20,8 @@ namespace {
 
 constexpr int units_per_pixel = 15;
 constexpr int cell_margin = 3;
-constexpr int visible_rows = 26; // in a new window
+constexpr int visible_rows = 26;                                             // in a new window
+constexpr int column_widths[script_column_count] = {1200, 1200, 1200, 5000}; // units of the grid
 
 constexpr std::pair<const char*, NumberForm> column_tips[script_column_count] = {
     {"Codes of commands.", NumberForm::hexadecimal},
@@ -114,7 +115,7 @@ QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int r
     if (orientation != Qt::Horizontal)
         return {};
     if (role == Qt::DisplayRole)
-        return shown_text(script_headers[section]);
+        return shown_text(script_row(-1).cells[static_cast<std::size_t>(section)]);
     const auto& [meaning, form] = column_tips[section];
     return role == Qt::ToolTipRole ? number_tip(meaning, form) : QVariant();
 }
@@ -151,10 +152,11 @@ ScriptModel::Range ScriptModel::update_rows() {
 // The edit box
 
 CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
-    setObjectName("Text2");
+    const TextRow<Form9>& row = text_row(&Form9::Text2);
+    setObjectName(row.control);
     setAccessibleName("Value");
     setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
-                          NumberForm::hexadecimal));
+                          row.form));
     setFont(value_font());
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWrapMode(NoWrap);
@@ -197,7 +199,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     horizontalHeader()->setSectionResizeMode(explanation, QHeaderView::Stretch);
     horizontalHeader()->setSectionsClickable(false);
     for (int column = 0; column < script_column_count; ++column)
-        setColumnWidth(column, pixels(script_column_widths[column]));
+        setColumnWidth(column, pixels(column_widths[column]));
     bindings.lines(box_, state.form9.Text2);
     connect(this, &QTableView::clicked, this, [&state, &bindings](const QModelIndex& cell) {
         bindings.edit([&] { on_script_click(state, cell.row() + 1, cell.column()); });
@@ -205,8 +207,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
 }
 
 QSize ScriptView::sizeHint() const {
-    const int units =
-        std::accumulate(std::begin(script_column_widths), std::end(script_column_widths), 0);
+    const int units = std::accumulate(std::begin(column_widths), std::end(column_widths), 0);
     return {pixels(units) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
             visible_rows * verticalHeader()->defaultSectionSize()};
 }

@@ -15,15 +15,13 @@ namespace veldrune {
 
 namespace {
 
-// A kind of object: its box, in the colour of the kind while ticked, and the count of records.
+// The box of a kind of object, which has the colour of the kind while it is ticked.
 struct ObjectRow {
     ObjectKind kind;
     const char* control;
     const char* caption;
     bool map_only;
     const char* tip;
-    const char* count_control;
-    std::string Form1::*count;
 };
 
 // clang-format off
@@ -47,10 +45,10 @@ constexpr BoxRow view_rows[] = {
     {"Check7", layer_captions[2], layer_controls[2].view, true, on_view_box_change, "Show layer 3, from the next redrawing on."},
 };
 constexpr ObjectRow object_rows[] = {
-    {ObjectKind::npc,           "Check1", "NPC's",    true,  "Show and select NPCs, from the next redrawing on.",            "Label27", &Form1::Label27},
-    {ObjectKind::chest,         "Check2", "Treasure", true,  "Show and select treasure chests, from the next redrawing on.", "Label28", &Form1::Label28},
-    {ObjectKind::event_trigger, "Check3", "Events",   false, "Show and select event triggers, from the next redrawing on.",  "Label29", &Form1::Label29},
-    {ObjectKind::entrance,      "Check4", "Entrance", false, "Show and select entrances, from the next redrawing on.",       "Label30", &Form1::Label30},
+    {ObjectKind::npc,           "Check1", "NPC's",    true,  "Show and select NPCs, from the next redrawing on."},
+    {ObjectKind::chest,         "Check2", "Treasure", true,  "Show and select treasure chests, from the next redrawing on."},
+    {ObjectKind::event_trigger, "Check3", "Events",   false, "Show and select event triggers, from the next redrawing on."},
+    {ObjectKind::entrance,      "Check4", "Entrance", false, "Show and select entrances, from the next redrawing on."},
 };
 constexpr ButtonRow build_rows[] = {
     {"Command3", "Build Tileset",     Command::build_tileset, true, "Decode the tiles that the fields name, and draw the map where it stands."},
@@ -150,7 +148,7 @@ QGridLayout* object_boxes(const Controls& controls) {
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(0, 1);
     for (const ObjectRow& row : object_rows) {
-        QLabel* count = controls.value_label(row.count_control, row.count);
+        QLabel* count = controls.value_label(object_kind_row(row.kind).count);
         count->setMinimumWidth(count->fontMetrics().horizontalAdvance("0000"));
         count->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         count->setToolTip(QString("Number of records of this map: %1").arg(row.caption));
@@ -174,9 +172,9 @@ QVBoxLayout* map_choice(const Controls& controls) {
     QLabel* label = heading(controls, "Label8", "Select Map");
     label->setBuddy(list);
 
-    QLabel* place = controls.value_label("Label26", &Form1::Label26);
+    QLabel* place = controls.value_label(&Form1::Label26);
     place->setToolTip(
-        number_tip("Tile under the pointer: column and row.", NumberForm::hexadecimal));
+        number_tip("Tile under the pointer: column and row.", text_row(&Form1::Label26).form));
     auto* layout = new QVBoxLayout;
     layout->setSpacing(4);
     auto* top = new QHBoxLayout;

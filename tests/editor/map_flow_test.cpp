@@ -119,10 +119,11 @@ TEST(View, Layer3IsMissingOpaqueOrHalfThere) {
     Town editor;
     for (const auto& [graphics, blend] : {std::pair{"5", half}, {"6", opaque}, {"7", half}}) {
         editor.form.Text23 = graphics;
-        EXPECT_EQ(map_view(editor.s).stack.blend, blend) << graphics;
+        EXPECT_EQ(map_view(editor.s.map, editor.form, editor.s.zoom).stack.blend, blend)
+            << graphics;
     }
     editor.form.Text25 = EMPTY_LAYER_TEXT;
-    EXPECT_EQ(map_view(editor.s).stack.blend, none);
+    EXPECT_EQ(map_view(editor.s.map, editor.form, editor.s.zoom).stack.blend, none);
 }
 
 TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {

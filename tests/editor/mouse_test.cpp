@@ -40,7 +40,7 @@ TEST(Mouse, AStrokePaintsTheCellsThatItsEventsReachAsAFullCompositionWould) {
         town.s.zoom = 0.25f * static_cast<float>(1 << random.below(3));
         form.HScroll1.value = random.below(3);
         town.s.changes_saved = true;
-        compose_view(town.s);
+        compose_view(town.s.map, town.form, town.s.zoom, town.s.display);
         auto expected = town.s.map.layers;
         const int size = tile_size(town.s.zoom);
         const std::pair<int, int> places[] = {{random.below(512), random.below(512)}, {511, 0}};
@@ -57,7 +57,7 @@ TEST(Mouse, AStrokePaintsTheCellsThatItsEventsReachAsAFullCompositionWould) {
             ASSERT_EQ(town.map(i).cells, expected[i].map.cells);
         ASSERT_FALSE(town.s.changes_saved);
         const auto painted = town.s.display.picture.pixels();
-        compose_view(town.s);
+        compose_view(town.s.map, town.form, town.s.zoom, town.s.display);
         ASSERT_TRUE(painted == town.s.display.picture.pixels()) << round;
     }
 }
