@@ -50,10 +50,10 @@ class WindowDriver {
         throw std::runtime_error("no control " + control.toStdString());
     }
 
-    /// What a field, a label, a list or a bar shows.
+    /// What a field, a label, a list, a bar or a row of tabs shows.
     std::string text(const QString& control) const {
         const QWidget& widget = find(control);
-        for (const char* property : {"text", "currentText", "plainText", "value"})
+        for (const char* property : {"text", "currentText", "plainText", "value", "currentIndex"})
             if (const QVariant shown = widget.property(property); shown.isValid())
                 return shown.toString().toStdString();
         throw std::runtime_error("no text in " + control.toStdString());

@@ -88,9 +88,9 @@ class WindowTest : public testing::Test {
         user.choose_map(map);
         user.click("Command3");
     }
-    /// Shows the first object of a kind.
-    void show_object(ObjectKind kind) {
-        open_object(*state, kind, 0);
+    /// Shows an object of the map.
+    void show_object(ObjectKind kind, int index = 0) {
+        open_object(*state, kind, index);
         user.click("Option4"); // any edit shows the state
     }
     std::uint8_t tile(int layer, int column, int row) {
