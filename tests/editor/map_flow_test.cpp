@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace veldrune::test {
 namespace {
 
@@ -27,6 +25,10 @@ TEST(Open, KeepsWhatIsOpenOnCancelAndFailureAndTheFieldsAlways) {
     EXPECT_EQ(state.rom_path + editor.form.Label20, "b.smcb.smc");
     EXPECT_EQ(editor.form.Text14, location);
     EXPECT_TRUE(state.rom_open && state.map_selected && editor.dialogs.silent());
+    editor.disk.marked_elsewhere = true;
+    open_image_file(state, "a.smc");
+    ASSERT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(editor.dialogs.messages[0].title == "Warning" && state.rom_path == "a.smc");
 }
 
 TEST(SelectMap, TheFirstMapLeavesBuildAndZoomDeadUntilAHigherOneIsChosen) {
@@ -144,7 +146,7 @@ TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
     run_command(editor.s, Command::refresh_map); // with no box ticked the old picture stays
     EXPECT_TRUE(picture.pixels() == full && !editor.s.view_stale);
     form.grid_on = true;
-    on_grid_change(editor.s); // over the picture as it stands
+    on_grid_change(editor.s); // over the picture as it is
     EXPECT_TRUE(picture.row(32)[5] == 0xFFFFFF && picture.row(33)[5] != 0);
     form.grid_on = false;
     on_grid_change(editor.s); // composes black
