@@ -32,7 +32,7 @@ struct RecordFact {
     bool in_save_as; // Save As writes it, too
 };
 
-// What is true of a map's record, told independently of the program.
+// What is true of a map's record, independently of the program.
 std::vector<RecordFact> record_facts(const MapProperties& b) {
     using F = Form1;
     using enum Shown;
@@ -152,10 +152,6 @@ struct Typed {
     }
 };
 
-struct Saver : OpenImage {
-    Saver() : OpenImage(Bytes(rom_layout::image_size, 0x5A)) {}
-};
-
 // Puts a typed number into the record, or into the image's pointer that the record names.
 void put(const RecordFact& typed, const MapProperties& names, MapProperties& record, Bytes& image) {
     if (typed.shown != Shown::location)
@@ -168,7 +164,7 @@ void put(const RecordFact& typed, const MapProperties& names, MapProperties& rec
 
 TEST(SaveProperties, BothSavesWriteTheNumbersOfTheFieldsAndNothingElse) {
     Random random(3);
-    Saver saver;
+    OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
     Bytes expected = saver.bytes();
     for (int round = 0; round < 300; ++round) {
         MapProperties record = random.bytes<33>();
@@ -199,8 +195,8 @@ TEST(SaveProperties, BothSavesWriteTheNumbersOfTheFieldsAndNothingElse) {
     EXPECT_TRUE(saver.dialogs.silent());
 }
 
-TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
-    Saver saver;
+TEST(SaveProperties, BadFieldsAreReportedAndKeepTheirBits) {
+    OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
     MapProperties record = Random(4).bytes<33>();
     MapProperties expected = record;
     set_record_value(expected, battle_background, 0x11);
@@ -225,20 +221,11 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
 }
 
 TEST(SaveProperties, SaveAsHalvesSizesTakenAsBytes) {
-    // clang-format off
-    const struct { const char* side; int code; } cases[] = { // -1: refused
-        {"272", 0},
-        {"33",  1},
-        {"67",  2},
-        {"135", 3},
-        {"15",  -1},
-        {"48",  -1},
-        {"136", -1},
-        {"256", -1},
-    };
-    // clang-format on
+    const std::pair<const char*, int> cases[] = {// -1: refused
+                                                 {"272", 0}, {"33", 1},  {"67", 2},   {"135", 3},
+                                                 {"15", -1}, {"48", -1}, {"136", -1}, {"256", -1}};
     for (const auto& [side, code] : cases) {
-        Saver saver;
+        OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
         Random random(5);
         Form1 form = Typed(random).form;
         form.Text2 = side; // the last of the four
