@@ -52,12 +52,12 @@ TEST(SelectMap, TheFirstMapLeavesBuildAndZoomDeadUntilAHigherOneIsChosen) {
 
 TEST(ReadRefusals, OfMapsAndBuildsAreReportedAndTheMapCantBeSaved) {
     const auto choose_town = [](Editor& editor) { editor.choose(town); };
-    const auto expect_lost = [&](Editor& editor) {
-        EXPECT_FALSE(editor.s.map.source);
-        choose_town(editor); // works once the disk does
-        EXPECT_TRUE(editor.s.map.source);
-    };
-    expect_refused_reads([] { return Editor(); }, choose_town, expect_lost);
+    expect_refused_reads([] { return Editor(); }, choose_town,
+                         [&](Editor& editor) {
+                             EXPECT_FALSE(editor.s.map.source);
+                             choose_town(editor); // works once the disk does
+                             EXPECT_TRUE(editor.s.map.source);
+                         });
     const auto build = [](Editor& editor) { run_command(editor.s, Command::build_tileset); };
     expect_refused_reads([] { return Town(); }, build, [](Editor&) {});
 }
@@ -161,16 +161,15 @@ TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
 TEST(Guards, WithoutAMapThePatchesAloneWriteAndTheTextsAloneShow) {
     for (const bool with_image : {false, true}) {
         Editor editor(with_image ? demo_bytes() : Bytes());
-        const auto worlds = {Command::open_world_of_dawn, Command::open_world_of_dusk};
         std::vector<Command> writing;
         for (int i = 0; i < static_cast<int>(Command::count); ++i) {
             const auto command = static_cast<Command>(i);
-            if (with_image && std::ranges::count(worlds, command) != 0)
+            if (with_image &&
+                (command == Command::open_world_of_dawn || command == Command::open_world_of_dusk))
                 continue; // they have tests of their own
             run_command(editor.s, command);
-            if (editor.disk.writes != 0)
+            if (std::exchange(editor.disk.writes, 0) != 0)
                 writing.push_back(command);
-            editor.disk.writes = 0;
         }
         editor.form.grid_on = true;
         on_grid_change(editor.s);

@@ -198,11 +198,10 @@ TEST(WorldMap, TheQuestionCountsFromTheStreamWrittenLast) {
     editor.grow(3);
     editor.dialogs.answers = {false};
     save(editor.s);
-    EXPECT_EQ(questions, (std::vector{"The map youre trying to save is " +
-                                      std::to_string(editor.stream_size() - old_size) +
-                                      " larger than the original map saving this map to the "
-                                      "oringal memory location will undoubtably mess something "
-                                      "up. Continue?"}));
+    ASSERT_EQ(questions.size(), 1u);
+    EXPECT_TRUE(questions[0].starts_with("The map youre trying to save is " +
+                                         std::to_string(editor.stream_size() - old_size) +
+                                         " larger than the original map saving this map to "));
     EXPECT_EQ(editor.disk.writes, 0);
     // It comes again until the stream has been written, whatever becomes of the pointer.
     for (const int refused_write : {1, 2, 0}) {

@@ -54,11 +54,9 @@ class BoxAnswers {
     }
     void answer_box(QMessageBox& box) {
         boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
-        const bool accepted = answers.empty() || answers.front();
-        if (!answers.empty())
-            answers.pop_front();
-        QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
-        QTest::mouseClick(button, Qt::LeftButton);
+        const bool accepted = take(answers).value_or(true);
+        QTest::mouseClick(box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel),
+                          Qt::LeftButton);
     }
 
     QTimer timer_;
