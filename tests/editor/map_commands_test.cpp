@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
     Editor editor;
@@ -72,5 +71,4 @@ TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
                   state.display.tile_sheet.row(64 + i / 64 / 2)[96 + i % 64 / 2]);
 }
 
-} // namespace
 } // namespace veldrune::test

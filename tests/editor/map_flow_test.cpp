@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 using demo::demo_map::town;
 
@@ -193,5 +192,4 @@ TEST(Guards, WithoutAMapThePatchesAloneWriteAndTheTextsAloneShow) {
     }
 }
 
-} // namespace
 } // namespace veldrune::test

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 constexpr auto left = MouseButton::left, right = MouseButton::right;
 
@@ -85,5 +84,4 @@ TEST(Mouse, APickTakesTheTileAndItsClickPaintsNothing) {
     EXPECT_EQ(town.map(0).at(2, 1), 6);
 }
 
-} // namespace
 } // namespace veldrune::test

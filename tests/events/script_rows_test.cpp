@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
     // clang-format off
@@ -174,5 +173,4 @@ TEST(ScriptRows, ACellThatIsNotHexadecimalIsReportedAndCountsAsTheParserSays) {
     EXPECT_EQ(editor.dialogs.messages, (Messages{no_number("G1", "hex"), blank_hex}));
 }
 
-} // namespace
 } // namespace veldrune::test

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 TEST(NumberText, HexadecimalTextIsNormalisedParsedAndWarnedAbout) {
     const std::tuple<std::string, std::string, std::uint32_t, std::size_t> cases[] = {
@@ -47,5 +46,4 @@ TEST(NumberText, CharactersBitTextAndHexadecimal) {
     EXPECT_EQ(format_hex(0) + format_hex(0x19D3B0), "019D3B0");
 }
 
-} // namespace
 } // namespace veldrune::test

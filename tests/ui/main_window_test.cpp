@@ -32,7 +32,7 @@ TEST_F(MainWindowTest, WithoutAnImageOnlyTheZoomMoves) {
     EXPECT_EQ(user.text("Text4"), "0.5");
 }
 
-TEST_F(MainWindowTest, OpensWhatTheDialogNames) {
+TEST_F(MainWindowTest, OpensWhatTheDialogNamesAndSavesACopyOfIt) {
     const QTemporaryDir folder;
     const QString name = folder.filePath("x.smc");
     ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly)); // the dialog asks for a file that exists
@@ -41,16 +41,12 @@ TEST_F(MainWindowTest, OpensWhatTheDialogNames) {
     QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(user.text("Label20"), name.toStdString());
     EXPECT_TRUE(user.find("Combo1").isEnabled());
-    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}}));
-}
-
-TEST_F(MainWindowTest, ThePathIsPlainText) {
-    const QString path = "<img src=\"x\"><b>/a.smc";
-    disk[path.toStdString()] = demo_bytes();
-    window.open_file(path.toStdString());
-    const auto& label = user.find<QLabel>("Label20");
-    EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
-    EXPECT_TRUE(label.toolTip().contains("&lt;img"));
+    answers.file_name = folder.filePath("copy");
+    user.choose("SaveAs");
+    const std::string copy = folder.filePath("copy.smc").toStdString();
+    EXPECT_EQ(user.text("Label20"), copy);
+    EXPECT_EQ(disk[copy], demo_bytes());
+    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}, {file_filter, "Save As"}}));
 }
 
 TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
@@ -72,26 +68,19 @@ TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
     EXPECT_EQ(user.find<QLineEdit>("Text8").maxLength(), 16);
 }
 
-TEST_F(TownWindowTest, SaveAsGoesOnInTheCopy) {
-    const QTemporaryDir folder;
-    answers.file_name = folder.filePath("copy");
-    user.choose("SaveAs");
-    const std::string copy = folder.filePath("copy.smc").toStdString();
-    EXPECT_EQ(user.text("Label20"), copy);
-    EXPECT_EQ(disk[copy], demo_bytes());
-    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Save As"}}));
-}
-
-TEST_F(MainWindowTest, AFileThatIsDroppedIsOpened) {
+TEST_F(MainWindowTest, AFileThatIsDroppedIsOpenedAndItsPathIsPlainText) {
+    const QString path = "/<img src=\"x\"><b>/a.smc";
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile("/a.smc")});
-    disk["/a.smc"] = demo_bytes();
+    files.setUrls({QUrl::fromLocalFile(path)});
+    disk[path.toStdString()] = demo_bytes();
     QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
     QApplication::sendEvent(&window, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
     QApplication::sendEvent(&window, &drop);
-    EXPECT_EQ(user.text("Label20"), "/a.smc");
+    const auto& label = user.find<QLabel>("Label20");
+    EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
+    EXPECT_TRUE(label.toolTip().contains("&lt;img"));
 }
 
 TEST_F(TownWindowTest, TheMouseDrawsPicksAndShowsItsPlace) {
