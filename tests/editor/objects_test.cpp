@@ -1,5 +1,3 @@
-#include "editor/build.h"
-#include "editor/mouse.h"
 #include "editor/object_lists.h"
 #include "editor/object_window.h"
 #include "editor/overlays.h"
@@ -20,17 +18,16 @@ using enum ObjectKind;
 // the last entrance of map 4.
 Bytes objects_image() {
     Bytes bytes(0x300200);
-    // clang-format off
-    put_objects(bytes, npc, 2, {{1, 0, 0x24, 0x10, 5, 0xC6, 3,    0, 0xF8},
-                                {2, 0, 4,    0,    5, 6,    0x73, 0, 4},
-                                {3, 0, 0,    0,    9, 9,    0,    0, 0}});
+    put_objects(bytes, npc, 2,
+                {{1, 0, 0x24, 0x10, 5, 0xC6, 3, 0, 0xF8},
+                 {2, 0, 4, 0, 5, 6, 0x73, 0, 4},
+                 {3, 0, 0, 0, 9, 9, 0, 0, 0}});
     put_objects(bytes, chest, 2, {{1, 1, 0, 0x80, 7}, {5, 6, 0x1D, 0x00, 0xAB}});
     put_objects(bytes, event_trigger, 2, {{5, 6, 0x10, 0x20, 1}});
     put_objects(bytes, entrance, 2, {{5, 6, 3, 0, 1, 2}, {40, 3, 0, 0, 0, 0}});
     put_objects(bytes, long_entrance, 2, {{3, 6, 2, 9, 0, 1, 2}, {8, 1, 0x82, 0, 0, 0, 0}});
     put_objects(bytes, npc, 4, {{9, 0, 0, 0, 1, 1, 0, 0, 0}});
     put_objects(bytes, long_entrance, 4, {{1, 2, 3, 4, 5, 6, 7}});
-    // clang-format on
     bytes.resize(record_place(long_entrance, 4, 0) + 3);
     return bytes;
 }

@@ -2,7 +2,6 @@
 // the image as it was.
 
 #include "editor/map_commands.h"
-#include "editor/mouse.h"
 #include "editor/object_window.h"
 #include "editor/save.h"
 #include "editor/world_map.h"

@@ -1,4 +1,3 @@
-#include "editor/build.h"
 #include "editor/save.h"
 #include "editor/tile_chooser.h"
 #include "editor/view.h"

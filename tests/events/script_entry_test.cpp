@@ -142,15 +142,13 @@ TEST(ScriptEntry, MessagesOfTheEditBox) {
 
     // A queue that is too long for its count is refused at the action that is too much for it:
     // beyond 128 bytes, with the bit 127.
-    // clang-format off
-    const struct { const char* steps; bool refused; } cases[] = {
-        {"+ 5 100", true}, {"+ 5 80 E0", true}, {"+ 5 7F E0", false}, {"+ 5 7F D5", true}, {"+ 5 FF E0", true}, {"+ 5 FE E0", false},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
+    const std::pair<const char*, bool> cases[] = {{"+ 5 100", true},    {"+ 5 80 E0", true},
+                                                  {"+ 5 7F E0", false}, {"+ 5 7F D5", true},
+                                                  {"+ 5 FF E0", true},  {"+ 5 FE E0", false}};
+    for (const auto& [steps, refused] : cases) {
         ScriptEditor other(two_commands);
-        other.act(c.steps);
-        EXPECT_EQ(other.dialogs.messages.size(), c.refused ? 1u : 0u) << c.steps;
+        other.act(steps);
+        EXPECT_EQ(other.dialogs.messages.size(), refused ? 1u : 0u) << steps;
         EXPECT_TRUE(other.window.Text2_visible);
     }
     ScriptEditor full(two_commands);

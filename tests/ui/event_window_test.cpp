@@ -84,6 +84,11 @@ TEST_F(EventWindowTest, ARefusalSpeaksOverThePresentStateAndLaysTheBoxOnItsCell)
     enter("A0201");
     EXPECT_TRUE(!box().isVisible() && grid().hasFocus());
     EXPECT_EQ(saved(5), hex_bytes("B6 01 00 00 FE"));
+    load(hex_bytes("37 01 FF FE"));
+    click(1, primary);
+    enter("FG 9"); // the first is reported, and goes on as parsed
+    EXPECT_EQ(answers.boxes.back(), no_number("FG", "hex"));
+    EXPECT_EQ(saved(3), hex_bytes("F0 09 FE"));
 }
 
 TEST_F(EventWindowTest, ClicksAndEscapeLeaveAnEntry) {
