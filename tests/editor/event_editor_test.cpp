@@ -56,13 +56,6 @@ TEST(EventEditor, ASaveGoesWhereTheSelectedObjectPointsAndAsksEachTime) {
     EXPECT_EQ(editor.dialogs.questions.size(), 3u);
 }
 
-std::string misread_list(int row) {
-    return "Row " + std::to_string(row) +
-           " holds another number of offsets than will be read there: as many as the dialogue "
-           "before it offers choices, or as the count of a list in between says. The rest of the "
-           "script will be taken for something else. Save it all the same?";
-}
-
 TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
     const Bytes lists = hex_bytes("4B 2 0 B6 1 0 0 2 0 0 38 BE 2 1 0 0 2 0 0 B6 1 0 0 2 0 0 FE");
     const std::pair<const char*, int> cases[] = {
@@ -82,10 +75,7 @@ TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
         ScriptEditor editor(lists);
         editor.act(steps);
         Bytes image = editor.image();
-        std::vector<std::string> questions{elsewhere};
-        if (row != 0)
-            questions.insert(questions.begin(), misread_list(row));
-        questions.insert(questions.begin(), questions[0]); // cancelled, then answered OK
+        const std::string place = "This script; ", list = "Row " + std::to_string(row) + "; ";
         editor.state->objects.selected_object.script_offset = 0x40000;
         editor.dialogs.answers = {false};
         editor.act("save");
@@ -93,7 +83,7 @@ TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
         editor.act("save");
         put_bytes(image, 0x40000, editor.encode().bytes);
         EXPECT_EQ(editor.image(), image);
-        EXPECT_EQ(editor.dialogs.questions, questions) << steps;
+        EXPECT_EQ(editor.dialogs.asked(), row == 0 ? place + place : list + list + place) << steps;
     }
     for (const int refused : {1, 2}) { // the dialogue's entry, its text
         ScriptEditor editor(lists);
@@ -111,7 +101,7 @@ TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
     EXPECT_EQ(editor.dialogs.messages.size(), 1u) << "too long: refused first";
     EXPECT_TRUE(editor.dialogs.questions.empty());
     editor.act("@11,0 - @5,0 - save");
-    EXPECT_EQ(editor.dialogs.questions, std::vector{misread_list(4)});
+    EXPECT_EQ(editor.dialogs.asked(), "Row 4; ");
 }
 
 TEST(EventEditor, AWriteThatFailsLeavesABeginningOfTheScript) {
@@ -221,22 +211,20 @@ TEST(EventEditor, TheMarkOfTheImageChoosesTheDialogueTable) {
     }
 }
 
-TEST(EventEditor, WithoutAnImageOrAWindowNothingHappens) {
-    MemoryDisk disk;
-    ScriptedDialogs dialogs;
-    EditorState state(disk, dialogs);
-    open_event_editor(state);
-    state.form9.Text2 = state.form9.Text3 = "5";
-    on_script_click(state, 1, 1);
-    for (void (*command)(EditorState&) : {on_script_enter, on_script_escape, add_script_item,
-                                          remove_script_item, on_script_offset_enter, save_script})
-        command(state);
-    EXPECT_FALSE(state.form9.visible);
-    ScriptEditor editor(script);
-    close_event_editor(*editor.state);
-    editor.act("save");
-    EXPECT_EQ(editor.disk.writes, 0);
-    EXPECT_TRUE(dialogs.silent() && editor.dialogs.silent());
+TEST(EventEditor, WithoutAWindowNothingHappens) {
+    for (const bool with_image : {false, true}) {
+        Editor editor(with_image ? script_image() : Bytes());
+        open_event_editor(editor.s);
+        close_event_editor(editor.s);
+        editor.dialogs.messages.clear(); // of a script that is none
+        editor.s.form9.Text2 = editor.s.form9.Text3 = "5";
+        on_script_click(editor.s, 1, 1);
+        for (void (*command)(EditorState&) :
+             {on_script_enter, on_script_escape, add_script_item, remove_script_item,
+              on_script_offset_enter, save_script})
+            command(editor.s);
+        EXPECT_TRUE(!editor.s.form9.visible && editor.disk.writes == 0 && editor.dialogs.silent());
+    }
 }
 
 } // namespace

@@ -17,14 +17,6 @@ namespace {
 
 using demo::demo_map::town;
 
-// The first words of each question.
-std::string asked(const Editor& editor) {
-    std::string words;
-    for (const std::string& question : editor.dialogs.questions)
-        words += question.substr(0, question.find(' ', question.find(' ') + 1)) + "; ";
-    return words;
-}
-
 void paint(Editor& editor) {
     editor.click(MouseButton::left, 100, 100);
 }
@@ -42,17 +34,17 @@ TEST(NamelessFile, IsAskedAboutOnceForEachOpeningAndNothingIsWrittenOnCancel) {
         editor.dialogs.answers = {false, true};
         run(editor.s);
         EXPECT_TRUE(image == demo_bytes());
-        EXPECT_EQ(asked(editor), "a.smc is; ");
+        EXPECT_EQ(editor.dialogs.asked(), "a.smc is; ");
         run(editor.s);
         run(editor.s);
-        EXPECT_EQ(asked(editor), "a.smc is; a.smc is; ");
+        EXPECT_EQ(editor.dialogs.asked(), "a.smc is; a.smc is; ");
         EXPECT_FALSE(editor.disk.log.empty());
     }
     Town editor; // Save As never asks: it is the way out
     editor.disk.rename("a.smc", "moved.smc");
     editor.dialogs.file_names = {"b.smc"};
     save_as(editor.s);
-    EXPECT_EQ(asked(editor), "");
+    EXPECT_EQ(editor.dialogs.asked(), "");
     EXPECT_TRUE(editor.disk.exists("b.smc"));
 }
 
@@ -64,7 +56,7 @@ TEST(Painting, ThatASaveLeavesOutIsAskedAbout) {
     editor.choose(5); // Cancel: Save would take the map's path now
     editor.dialogs.questions.clear();
     save(editor.s);
-    EXPECT_EQ(asked(editor), "This saves; ");
+    EXPECT_EQ(editor.dialogs.asked(), "This saves; ");
     EXPECT_TRUE(editor.image() == demo_bytes() && editor.s.world.unsaved_painting);
     save(editor.s);
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting); // given up
@@ -83,7 +75,7 @@ TEST(Painting, OfAWorldIsAskedAboutBeforeAnotherOneOpens) {
     editor.dialogs.questions.clear();
     editor.dialogs.answers = {false};
     open_world_of_dusk(editor.s);
-    EXPECT_EQ(asked(editor), "The painting; ");
+    EXPECT_EQ(editor.dialogs.asked(), "The painting; ");
     EXPECT_TRUE(editor.s.world.world == World::dawn && editor.s.world.world_map.cells == cells);
     EXPECT_TRUE(editor.s.world_map_mode && editor.s.world_map_open && editor.form.HScroll2.visible);
     EXPECT_TRUE(!editor.form.map_fields_enabled && editor.form.Text24_visible);

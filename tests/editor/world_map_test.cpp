@@ -137,8 +137,7 @@ TEST(WorldMap, OpeningGoesThroughItsMapAndComesBack) {
         EXPECT_TRUE(editor.s.zoom == 2.0f && editor.form.Text4 == "1");
         EXPECT_TRUE(editor.form.Combo1 == world && editor.s.map.map_index == world);
         EXPECT_EQ(editor.s.map_selected, world == 1);
-        // Both lists are read, ticked or not, and no other one.
-        for (const ObjectKind kind : all_kinds)
+        for (const ObjectKind kind : all_kinds) // two lists are read, ticked or not
             EXPECT_EQ(editor.s.objects.lists[kind].row_count,
                       kind == entrance || kind == event_trigger);
         editor.choose(world); // the row that is current already

@@ -62,6 +62,13 @@ class ScriptedDialogs : public Dialogs {
     std::optional<std::string> open_file_name() override { return take(file_names); }
     std::optional<std::string> save_file_name() override { return take(file_names); }
     bool silent() const { return messages.empty() && questions.empty(); }
+    /// The first two words of each question, as "Layer 1; The painting; ".
+    std::string asked() const {
+        std::string words;
+        for (const std::string& question : questions)
+            words += question.substr(0, question.find(' ', question.find(' ') + 1)) + "; ";
+        return words;
+    }
 };
 
 } // namespace veldrune::test

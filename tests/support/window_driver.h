@@ -153,7 +153,7 @@ class WindowDriver {
             throw std::runtime_error(otherwise);
     }
 
-    /// The menu in which an entry stands, or null for a menu of the bar. The bar keeps a menu of
+    /// The menu that holds an entry, or null for a menu of the bar. The bar keeps a menu of
     /// its own, without a name, for what it once had no room for.
     QMenu* menu_of(QAction& entry) const {
         for (QMenu* menu : window_.findChildren<QMenu*>())
