@@ -215,6 +215,7 @@ TEST(EventEditor, WithoutAWindowNothingHappens) {
     for (const bool with_image : {false, true}) {
         Editor editor(with_image ? script_image() : Bytes());
         open_event_editor(editor.s);
+        EXPECT_EQ(editor.s.form9.visible, with_image);
         close_event_editor(editor.s);
         editor.dialogs.messages.clear(); // of a script that is none
         editor.s.form9.Text2 = editor.s.form9.Text3 = "5";

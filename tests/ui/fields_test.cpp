@@ -71,7 +71,7 @@ class FieldsTest : public WindowTest {
         }
         return all;
     }
-    // Goes through the fields of a window as it stands, from the window and from the state.
+    // Goes through the fields of a window as it is, from the window and from the state.
     void expect_each_its_own(const WindowDriver& works, const std::vector<Field>& fields) {
         Values before = values(works, fields);
         const auto expect_changed = [&](const Field& field) {
