@@ -8,7 +8,7 @@
 namespace veldrune::test {
 namespace {
 
-// No three bytes of it stand twice within a window, so that it takes a byte for each and one for
+// No three bytes of it come twice within a window, so that it takes a byte for each and one for
 // every eight.
 Bytes incompressible(std::size_t size) {
     Bytes bytes(size);
@@ -53,7 +53,7 @@ struct Compression : testing::Test {
         return Bytes(buffer->output(), buffer->output() + limit + 1);
     }
     // The literal stream must be made, if it is not too long, and lead back to the input and
-    // nothing but zeros behind it, however far the last run reaches.
+    // nothing but zeros after it, however far the last run reaches.
     void expect_stream(Bytes input, const auto& compress, const Bytes& literal,
                        std::size_t longest) {
         EXPECT_EQ(stream(compress, input), literal.size() <= longest ? literal : Bytes{});
@@ -70,15 +70,9 @@ struct Compression : testing::Test {
 };
 
 TEST_F(Compression, WritesKnownStreams) {
-    const Bytes zeros(68, 0); // found before the start
-    EXPECT_EQ(stream(compress_layer, zeros), hex_bytes("07 00 00 DD FF FF FF"));
-    EXPECT_EQ(stream(compress_world_map, zeros), hex_bytes("07 00 00 DF FF 01 F8"));
     const Bytes twice = hex_bytes("A B C 1 A B C 2 A B C"); // the nearer and the farther run
     EXPECT_EQ(stream(compress_layer, twice), hex_bytes("C 0 2F A B C 1 DE 07 2 E2 07"));
     EXPECT_EQ(stream(compress_world_map, twice), hex_bytes("C 0 2F A B C 1 DE 07 2 DE 07"));
-    // A control byte comes after a full group only where a ninth item does.
-    EXPECT_EQ(stream(compress_layer, hex_bytes("1 2 3 4 5 6 7 8")),
-              hex_bytes("0B 00 FF 1 2 3 4 5 6 7 8"));
 }
 
 TEST_F(Compression, RefusesWhatItsBufferOrLengthFieldCannotHold) {

@@ -12,15 +12,14 @@ std::string repeated(const std::string& piece, int count) {
 
 TEST(DialogueText, TextsAreWrappedAndCounted) {
     const std::string a30(30, 'A'), a33(33, 'A');
-    // clang-format off
-    const struct { std::string text, wrapped; int lines, options; } cases[] = {
+    const std::tuple<std::string, std::string, int, int> cases[] = {
         {"> A\r\n> B\r\n> C", "> A\r\n> B\r\n> C", 4, 2}, // one at the very start is none
         {a30 + " AA", a30 + " AA", 2, 0},                 // short enough
-        {a33 + " B", a33 + "\rB", 3, 0}, // the blank stands at the 34th place, behind the line
-        {"A " + a30 + "\r\nB", "A " + a30 + "\r\nB", 3, 0}, // the break is in reach
-        {"A " + a30 + " " + a33, "A " + a30 + "\r" + a33, 3, 0}, // the last one in reach
+        {a33 + " B", a33 + "\rB", 3, 0}, // the blank is at the 34th place, after the line
+        {"A " + a30 + "\r\nB", "A " + a30 + "\r\nB", 3, 0},         // the break is in reach
+        {"A " + a30 + " " + a33, "A " + a30 + "\r" + a33, 3, 0},    // the last one in reach
         {a33 + " " + a30 + " BB", a33 + "\r" + a30 + "\rBB", 4, 0}, // 33 characters are left
-        // A word without a blank in reach stays whole; the next blank or break behind ends it.
+        // A word without a blank in reach stays whole; the next blank or break ends it.
         {a33 + a33, a33 + a33, 2, 0},
         {"A " + a33 + a33 + " B C", "A\r" + a33 + a33 + "\rB C", 4, 0},
         {a33 + a33 + "\r\n" + a33 + "B C", a33 + a33 + "\r\n" + a33 + "B\rC", 4, 0},
@@ -29,12 +28,11 @@ TEST(DialogueText, TextsAreWrappedAndCounted) {
         // Counts have eight bits.
         {a33 + repeated("\r\n> ", 260), a33 + repeated("\r\n> ", 260), 6, 4},
     };
-    // clang-format on
-    for (const auto& c : cases) {
-        const DialogueText dialogue = wrap_dialogue(c.text);
-        EXPECT_EQ(dialogue.text, c.wrapped);
-        EXPECT_EQ(dialogue.line_count, c.lines) << c.wrapped;
-        EXPECT_EQ(dialogue.option_count, c.options) << c.wrapped;
+    for (const auto& [text, wrapped, lines, options] : cases) {
+        const DialogueText dialogue = wrap_dialogue(text);
+        EXPECT_EQ(dialogue.text, wrapped);
+        EXPECT_EQ(dialogue.line_count, lines) << wrapped;
+        EXPECT_EQ(dialogue.option_count, options) << wrapped;
     }
 }
 

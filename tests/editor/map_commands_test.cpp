@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 TEST(Clipboard, CarriesTheWholeRecordAndNothingTyped) {
     Editor editor;
@@ -52,10 +51,8 @@ TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
     open_tile_chooser(state);
     EXPECT_TRUE(state.form8.visible && state.form2.visible);
     for (const int layer : {1, 0, 2}) {
-        if (layer != 1) {
-            state.form2.layer = layer;
+        if (std::exchange(state.form2.layer, layer) != layer)
             on_palette_layer(state);
-        }
         EXPECT_EQ(std::pair(town.form.edit_layer, state.form2.layer), std::pair(layer, layer));
         const Formation tile17 = whole_formation(state.display.bitmaps, layer, 17);
         EXPECT_EQ(state.display.tile_sheet.row(37)[41], tile17[2 * 16 + 4]);
@@ -72,5 +69,4 @@ TEST(TileChooser, ShowsTheTilesOfALayerAndTakesOne) {
                   state.display.tile_sheet.row(64 + i / 64 / 2)[96 + i % 64 / 2]);
 }
 
-} // namespace
 } // namespace veldrune::test

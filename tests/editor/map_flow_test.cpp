@@ -6,10 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace veldrune::test {
-namespace {
 
 using demo::demo_map::town;
 
@@ -27,6 +24,10 @@ TEST(Open, KeepsWhatIsOpenOnCancelAndFailureAndTheFieldsAlways) {
     EXPECT_EQ(state.rom_path + editor.form.Label20, "b.smcb.smc");
     EXPECT_EQ(editor.form.Text14, location);
     EXPECT_TRUE(state.rom_open && state.map_selected && editor.dialogs.silent());
+    editor.disk.marked_elsewhere = true;
+    open_image_file(state, "a.smc");
+    ASSERT_EQ(editor.dialogs.messages.size(), 1u);
+    EXPECT_TRUE(editor.dialogs.messages[0].title == "Warning" && state.rom_path == "a.smc");
 }
 
 TEST(SelectMap, TheFirstMapLeavesBuildAndZoomDeadUntilAHigherOneIsChosen) {
@@ -50,12 +51,12 @@ TEST(SelectMap, TheFirstMapLeavesBuildAndZoomDeadUntilAHigherOneIsChosen) {
 
 TEST(ReadRefusals, OfMapsAndBuildsAreReportedAndTheMapCantBeSaved) {
     const auto choose_town = [](Editor& editor) { editor.choose(town); };
-    const auto expect_lost = [&](Editor& editor) {
-        EXPECT_FALSE(editor.s.map.source);
-        choose_town(editor); // works once the disk does
-        EXPECT_TRUE(editor.s.map.source);
-    };
-    expect_refused_reads([] { return Editor(); }, choose_town, expect_lost);
+    expect_refused_reads([] { return Editor(); }, choose_town,
+                         [&](Editor& editor) {
+                             EXPECT_FALSE(editor.s.map.source);
+                             choose_town(editor); // works once the disk does
+                             EXPECT_TRUE(editor.s.map.source);
+                         });
     const auto build = [](Editor& editor) { run_command(editor.s, Command::build_tileset); };
     expect_refused_reads([] { return Town(); }, build, [](Editor&) {});
 }
@@ -145,7 +146,7 @@ TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
     run_command(editor.s, Command::refresh_map); // with no box ticked the old picture stays
     EXPECT_TRUE(picture.pixels() == full && !editor.s.view_stale);
     form.grid_on = true;
-    on_grid_change(editor.s); // over the picture as it stands
+    on_grid_change(editor.s); // over the picture as it is
     EXPECT_TRUE(picture.row(32)[5] == 0xFFFFFF && picture.row(33)[5] != 0);
     form.grid_on = false;
     on_grid_change(editor.s); // composes black
@@ -160,16 +161,15 @@ TEST(View, BoxesCountAtTheNextCompositionAndTheGridDrawsOver) {
 TEST(Guards, WithoutAMapThePatchesAloneWriteAndTheTextsAloneShow) {
     for (const bool with_image : {false, true}) {
         Editor editor(with_image ? demo_bytes() : Bytes());
-        const auto worlds = {Command::open_world_of_dawn, Command::open_world_of_dusk};
         std::vector<Command> writing;
         for (int i = 0; i < static_cast<int>(Command::count); ++i) {
             const auto command = static_cast<Command>(i);
-            if (with_image && std::ranges::count(worlds, command) != 0)
+            if (with_image &&
+                (command == Command::open_world_of_dawn || command == Command::open_world_of_dusk))
                 continue; // they have tests of their own
             run_command(editor.s, command);
-            if (editor.disk.writes != 0)
+            if (std::exchange(editor.disk.writes, 0) != 0)
                 writing.push_back(command);
-            editor.disk.writes = 0;
         }
         editor.form.grid_on = true;
         on_grid_change(editor.s);
@@ -181,11 +181,10 @@ TEST(Guards, WithoutAMapThePatchesAloneWriteAndTheTextsAloneShow) {
         EXPECT_EQ(writing, with_image
                                ? (std::vector{Command::expand_rom, Command::apply_dialogue_patch})
                                : std::vector<Command>());
-        EXPECT_EQ(editor.dialogs.messages,
-                  (Messages{{"Sorry, nothing here yet.", "Nothing here"},
-                            {"Veldrune Map Editor: v1.1\n\nWith thanks to the people who keep old "
-                             "games alive,\nand to all who still build new worlds in them.",
-                             "Veldrune Map Editor"}}));
+        ASSERT_EQ(editor.dialogs.messages.size(), 2u);
+        EXPECT_EQ(editor.dialogs.messages[0],
+                  (Message{"Sorry, nothing here yet.", "Nothing here"}));
+        EXPECT_TRUE(editor.dialogs.messages[1].text.starts_with("Veldrune Map Editor: v1.1\n\n"));
         EXPECT_EQ(editor.s.changes_saved, !with_image); // an image alone can be painted on
         EXPECT_FALSE(editor.s.tile_picked || editor.s.painting);
         EXPECT_FALSE(editor.s.form8.visible || editor.s.form2.visible || editor.s.form10.visible);
@@ -193,5 +192,4 @@ TEST(Guards, WithoutAMapThePatchesAloneWriteAndTheTextsAloneShow) {
     }
 }
 
-} // namespace
 } // namespace veldrune::test

@@ -82,7 +82,7 @@ TEST(ScriptEntry, AnEntryThatIsBrokenOffLeavesWhatWasEntered) {
         }
 }
 
-// A queue of which the last action reaches beyond the most that its count can tell.
+// A queue of which the last action reaches beyond the most that its count can say.
 std::string overlong(const std::string& first_action) {
     std::string script = "5 FF " + first_action;
     for (int i = 0; i < 124; ++i)
@@ -90,7 +90,7 @@ std::string overlong(const std::string& first_action) {
     return script + " F9 1 0 0 FE";
 }
 
-TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
+TEST(ScriptEntry, StepsChangeTheirOwnBytesAndNothingElse) {
     const char *two = "3D 7 38 FE", *queue = "3D 7 5 83 80 81 FF 38 FE";
     const char* branch = "C0 0 0 0 0 0 38 38 FE";
     const std::string long_two = overlong("E0 7"), long_one = overlong("80");
@@ -115,7 +115,7 @@ TEST(ScriptEntry, StepsChangeTheScriptAsToldAndNothingElse) {
         // Values.
         {two, "@2,1 1a", "3D 1A 38 FE"}, {two, "@2,1 1a/", "3D 1A 38 FE"}, // a break is none of its digits
         {two, "@2,1 _ 1a", "3D 1A 38 FE"}, {two, "@3,0 3E 5", "3D 7 3E 5 FE"},
-        // Actions of a queue that stands: the count follows, with its bit.
+        // Actions of a queue that is whole: the count follows, with its bit.
         {queue, "@5,1 84", "3D 7 5 83 84 81 FF 38 FE"}, {queue, "@5,1 E0 9", "3D 7 5 84 E0 9 81 FF 38 FE"},
         {queue, "@6,1 D5 1 2 @6,1 F9 A0201", "3D 7 5 86 80 F9 1 0 0 FF 38 FE"},
         {queue, "@6,1 D5 1 esc @6,1 82", "3D 7 5 83 80 82 FF 38 FE"},
@@ -140,17 +140,15 @@ TEST(ScriptEntry, MessagesOfTheEditBox) {
     EXPECT_TRUE(editor.window.Text2_visible);
     EXPECT_EQ(editor.window.Text2, "  ") << "and does nothing else";
 
-    // A queue that its count can't tell is refused at the action that is too much for it: beyond
-    // 128 bytes, with the bit 127.
-    // clang-format off
-    const struct { const char* steps; bool refused; } cases[] = {
-        {"+ 5 100", true}, {"+ 5 80 E0", true}, {"+ 5 7F E0", false}, {"+ 5 7F D5", true}, {"+ 5 FF E0", true}, {"+ 5 FE E0", false},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
+    // A queue that is too long for its count is refused at the action that is too much for it:
+    // beyond 128 bytes, with the bit 127.
+    const std::pair<const char*, bool> cases[] = {{"+ 5 100", true},    {"+ 5 80 E0", true},
+                                                  {"+ 5 7F E0", false}, {"+ 5 7F D5", true},
+                                                  {"+ 5 FF E0", true},  {"+ 5 FE E0", false}};
+    for (const auto& [steps, refused] : cases) {
         ScriptEditor other(two_commands);
-        other.act(c.steps);
-        EXPECT_EQ(other.dialogs.messages.size(), c.refused ? 1u : 0u) << c.steps;
+        other.act(steps);
+        EXPECT_EQ(other.dialogs.messages.size(), refused ? 1u : 0u) << steps;
         EXPECT_TRUE(other.window.Text2_visible);
     }
     ScriptEditor full(two_commands);

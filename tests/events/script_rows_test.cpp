@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace veldrune::test {
-namespace {
 
 TEST(ScriptRows, EveryFormIsLaidOutAndNormalised) {
     // clang-format off
@@ -55,7 +54,7 @@ TEST(ScriptRows, CellsCarryABlankInFrontAndLabelsAndTheGridASpareRow) {
 
 TEST(ScriptRows, DialogueReferencesAreReadInThreeRanges) {
     // clang-format off
-    const struct { const char *bytes, *row; } cases[] = { // the row of the reference that stands last
+    const struct { const char *bytes, *row; } cases[] = { // the row of the last reference
         {"48 01 00",                      ".1. A/> B@800"},
         {"4B 02 80",                      ".8002. A/> B/> C@1000"},
         {"4B 05 40",                      ".4005. A/> B/> C/> D/> E/> F@1750"},
@@ -91,7 +90,7 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
         {options,  4, "A0203\r\n10A01FF\r\nB0000",    ".0A0203/ 10A01FF/ 0B0000/.@750"},
         {counted,  3, "A0203 A0204",                ".0A0203/ 0A0204/.@500"},
         {options,  4, "FFFFF 1000000\n10A01FF FFFFFF", ".0FFFFF/ 1000000/ 10A01FF/ FFFFFF/.@1000"},
-        // Seven digits that no pointer tells, and pieces of no offset's length: all digits together.
+        // Seven digits that no pointer can hold, and pieces of no offset's length: all digits together.
         {options,  4, "0A02001",                    ""}, {options, 4, "10A0200", ""}, {options, 4, "0FFFFFF", ""},
         {options,  4, "0A02001 A0201",              ".0A0200/ 1A0201/.@500"},
         {counted,  3, "A0203A0204",                 ""},
@@ -130,11 +129,11 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
     const char* alone = "it has no value in that column";
     const char* in_queue = "its actions do not make up its number of bytes";
     // clang-format off
-    const struct { int row, column; const char* text; int told_row; std::string why; } cases[] = { // empty: it can be encoded
+    const struct { int row, column; const char* text; int refused_row; std::string why; } cases[] = { // empty: it can be encoded
         {2, 1, " FF ", 0, ""}, {2, 1, "100", 2, in_byte}, {2, 1, "100000001", 2, in_byte},
         {4, 1, "FFFF", 0, ""}, {4, 1, "10000", 4, "its value does not fit in a word"},
         {6, 1, " ", 6, offset}, {6, 1, "0A01FF", 6, offset}, {6, 1, "10A01FF", 0, ""}, {6, 1, "10A0200", 6, offset},
-        {8, 1, "0", 0, ""}, // the first ones, as many as told
+        {8, 1, "0", 0, ""}, // the first ones, as many as the count says
         {8, 1, "2", 9, "its list holds fewer offsets than its count tells"},
         {9, 1, "0A01", 9, "its digits make no whole offsets"}, {9, 1, "000000", 9, offset},
         {11, 1, "2", 11, in_queue}, {11, 1, "4", 11, in_queue}, {11, 1, "83", 0, ""},
@@ -144,7 +143,7 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
         {4, 0, "38", 3, "the command lacks rows"}, {21, 0, "38", 22, "the script has no FE at its end"},
         {1, 1, "0", 1, alone}, {2, 2, "1", 2, alone}, {9, 2, "0A0200", 9, alone}, {12, 2, "1", 12, alone},
         {21, 1, "1", 21, alone}, {21, 2, "1", 21, alone}, {22, 1, "1", 0, ""},
-        {3, 0, "FE", 0, ""}, // what stands below the first FE is not looked at
+        {3, 0, "FE", 0, ""}, // what follows the first FE is not looked at
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -155,17 +154,17 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
         EXPECT_EQ(std::ssize(editor.disk.log), refused ? 0 : 1) << c.row << c.text;
         EXPECT_EQ(editor.window.Text2_visible, refused);
         EXPECT_EQ(editor.dialogs.messages,
-                  Messages(refused ? 1 : 0,
-                           {"Row " + std::to_string(c.told_row) + " can't be saved: " + c.why + ".",
-                            "Error"}));
+                  Messages(refused ? 1 : 0, {"Row " + std::to_string(c.refused_row) +
+                                                 " can't be saved: " + c.why + ".",
+                                             "Error"}));
         if (refused) {
-            EXPECT_EQ(editor.window.grid_row, c.told_row);
-            EXPECT_EQ(editor.window.Text2, editor.cell(c.told_row, editor.window.grid_column));
+            EXPECT_EQ(editor.window.grid_row, c.refused_row);
+            EXPECT_EQ(editor.window.Text2, editor.cell(c.refused_row, editor.window.grid_column));
         }
     }
 }
 
-TEST(ScriptRows, ACellThatIsNotHexadecimalIsToldAndCountsAsTheParserSays) {
+TEST(ScriptRows, ACellThatIsNotHexadecimalIsReportedAndCountsAsTheParserSays) {
     ScriptEditor editor({0x3D, 7, 0x55, 0xA5, 0xFE});
     editor.cell(2, 1) = " g1";
     editor.cell(4, 1) = " ";  // a blank one counts 0
@@ -174,5 +173,4 @@ TEST(ScriptRows, ACellThatIsNotHexadecimalIsToldAndCountsAsTheParserSays) {
     EXPECT_EQ(editor.dialogs.messages, (Messages{no_number("G1", "hex"), blank_hex}));
 }
 
-} // namespace
 } // namespace veldrune::test

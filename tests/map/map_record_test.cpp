@@ -32,7 +32,7 @@ struct RecordFact {
     bool in_save_as; // Save As writes it, too
 };
 
-// What is true of a map's record, told independently of the program.
+// What is true of a map's record, independently of the program.
 std::vector<RecordFact> record_facts(const MapProperties& b) {
     using F = Form1;
     using enum Shown;
@@ -75,48 +75,38 @@ std::vector<RecordFact> record_facts(const MapProperties& b) {
     // clang-format on
 }
 
-TEST(MapProperties, EveryValueIsItsBitsAndNoOthers) {
+TEST(MapProperties, EveryValueIsItsBitsAndNoOthersAndShowsInItsForm) {
     Random random(1);
     MapProperties all_set;
     all_set.fill(0xFF);
     const auto most = record_facts(all_set);
-    for (int round = 0; round < 500; ++round) {
-        const MapProperties record = random.bytes<33>();
-        const auto facts = record_facts(record);
-        for (std::size_t i = 0; i < facts.size(); ++i) {
-            const RecordField field = facts[i].field;
-            const auto number = static_cast<std::uint32_t>(random.engine());
-            MapProperties changed = record;
-            set_record_value(changed, field, number);
-            ASSERT_EQ(record_value(record, field), facts[i].value) << i;
-            ASSERT_EQ(record_facts(changed)[i].value, number & most[i].value) << i;
-            set_record_value(changed, field, facts[i].value); // all other bits stay
-            ASSERT_EQ(changed, record) << i;
-        }
-    }
-}
-
-TEST(MapProperties, FieldsShowTheRecordInTheirForms) {
-    Random random(2);
     OpenImage image{Bytes(rom_layout::image_size)};
     random.fill(image.bytes());
-    for (std::size_t map = 0; map < 100; ++map) {
+    for (std::size_t map = 0; map < 300; ++map) {
         const MapProperties record = random.bytes<33>();
         Form1 form;
         form.Text26 = "stays";
         show_record(image.rom, record, form);
         show_monster_set(image.rom, static_cast<int>(map), form);
-        for (const RecordFact& fact : record_facts(record)) {
+        const auto facts = record_facts(record);
+        for (std::size_t i = 0; i < facts.size(); ++i) {
+            const RecordFact& fact = facts[i];
+            ASSERT_EQ(record_value(record, fact.field), fact.value) << i;
             const int pointer = image.rom.read_pointer24(0x19CF90 + 3 * fact.value);
             const int number = fact.shown == Shown::location ? 0x19D3B0 + pointer : int(fact.value);
-            EXPECT_TRUE(!fact.text || form.*fact.text == shown_text(fact.shown, number))
-                << int(fact.field);
+            ASSERT_TRUE(!fact.text || form.*fact.text == shown_text(fact.shown, number)) << i;
+            const auto written = static_cast<std::uint32_t>(random.engine());
+            MapProperties changed = record;
+            set_record_value(changed, fact.field, written);
+            ASSERT_EQ(record_facts(changed)[i].value, written & most[i].value) << i;
+            set_record_value(changed, fact.field, fact.value); // all other bits stay
+            ASSERT_EQ(changed, record) << i;
         }
-        EXPECT_EQ(form.Text41, format_hex(image.bytes()[0xF5800 + map]));
-        EXPECT_EQ(form.Check8, record[5] >= 128);
-        EXPECT_EQ(form.Text26, "stays");
+        ASSERT_EQ(form.Text41, format_hex(image.bytes()[0xF5800 + map]));
+        ASSERT_EQ(form.Check8, record[5] >= 128);
+        ASSERT_EQ(form.Text26, "stays");
         show_byte27_high(record, form);
-        EXPECT_EQ(form.Text26, record[27] < 32 ? "N/A" : std::to_string(record[27] / 32 - 1));
+        ASSERT_EQ(form.Text26, record[27] < 32 ? "N/A" : std::to_string(record[27] / 32 - 1));
     }
 }
 
@@ -152,10 +142,6 @@ struct Typed {
     }
 };
 
-struct Saver : OpenImage {
-    Saver() : OpenImage(Bytes(rom_layout::image_size, 0x5A)) {}
-};
-
 // Puts a typed number into the record, or into the image's pointer that the record names.
 void put(const RecordFact& typed, const MapProperties& names, MapProperties& record, Bytes& image) {
     if (typed.shown != Shown::location)
@@ -168,7 +154,7 @@ void put(const RecordFact& typed, const MapProperties& names, MapProperties& rec
 
 TEST(SaveProperties, BothSavesWriteTheNumbersOfTheFieldsAndNothingElse) {
     Random random(3);
-    Saver saver;
+    OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
     Bytes expected = saver.bytes();
     for (int round = 0; round < 300; ++round) {
         MapProperties record = random.bytes<33>();
@@ -199,8 +185,8 @@ TEST(SaveProperties, BothSavesWriteTheNumbersOfTheFieldsAndNothingElse) {
     EXPECT_TRUE(saver.dialogs.silent());
 }
 
-TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
-    Saver saver;
+TEST(SaveProperties, BadFieldsAreReportedAndKeepTheirBits) {
+    OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
     MapProperties record = Random(4).bytes<33>();
     MapProperties expected = record;
     set_record_value(expected, battle_background, 0x11);
@@ -225,20 +211,11 @@ TEST(SaveProperties, BadFieldsAreToldAndKeepTheirBits) {
 }
 
 TEST(SaveProperties, SaveAsHalvesSizesTakenAsBytes) {
-    // clang-format off
-    const struct { const char* side; int code; } cases[] = { // -1: refused
-        {"272", 0},
-        {"33",  1},
-        {"67",  2},
-        {"135", 3},
-        {"15",  -1},
-        {"48",  -1},
-        {"136", -1},
-        {"256", -1},
-    };
-    // clang-format on
+    const std::pair<const char*, int> cases[] = {// -1: refused
+                                                 {"272", 0}, {"33", 1},  {"67", 2},   {"135", 3},
+                                                 {"15", -1}, {"48", -1}, {"136", -1}, {"256", -1}};
     for (const auto& [side, code] : cases) {
-        Saver saver;
+        OpenImage saver{Bytes(rom_layout::image_size, 0x5A)};
         Random random(5);
         Form1 form = Typed(random).form;
         form.Text2 = side; // the last of the four

@@ -54,15 +54,12 @@ TEST(TileSources, CharactersComeFromTheGroupsOfTheirTilesets) {
         anim[i] = 0x260200 + 32 * static_cast<int>(i);
     CharacterGraphics graphics;
     read_character_graphics(image.rom, read_tilesets(image.rom, numbers), anim, graphics);
-    // clang-format off
-    const struct { std::uint8_t attribute, tile; int source; } cases[] = {
-        {0xFC, 0xFF, 0x00FF},
-        {0x01, 0x80, 0},      // a tileset beyond the table is empty
-        {0x02, 0x00, 0x0300},
-        {0x02, 0x80, 0x8000},
-        {0x03, 0xFF, 0x807F},
-    };
-    // clang-format on
+    const std::tuple<std::uint8_t, std::uint8_t, int> cases[] = {// 180: beyond the table, so empty
+                                                                 {0xFC, 0xFF, 0x00FF},
+                                                                 {1, 0x80, 0},
+                                                                 {2, 0, 0x0300},
+                                                                 {2, 0x80, 0x8000},
+                                                                 {3, 0xFF, 0x807F}};
     for (const auto& [attribute, tile, source] : cases) {
         const auto& bytes = graphics[character_number(tile, attribute)];
         EXPECT_EQ(bytes[0] + 256 * bytes[1], source) << int{attribute} << ' ' << int{tile};
@@ -108,10 +105,8 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<std::uint8_t>(i / 128 + 1);
     image.stream(rom_layout::layer_data + 0x10, bytes);
-    const std::tuple<LayerSize, int, bool> cases[] = {
-        {{64, 64}, 64, false},
-        {{2147483647, 9999}, 128, true},
-    };
+    const std::tuple<LayerSize, int, bool> cases[] = {{{64, 64}, 64, false},
+                                                      {{2147483647, 9999}, 128, true}};
     for (const auto& [size, columns, rows_missing] : cases) {
         Layer layer;
         layer.layer_offset = 0x10;
@@ -126,7 +121,7 @@ TEST(LayerMap, LoadsWhatFitsAndLeavesTheRest) {
     }
 }
 
-TEST(LayerMap, PacksWhatLiesBehindItsEdgeAsZeros) {
+TEST(LayerMap, PacksWhatLiesBeyondItsEdgeAsZeros) {
     LayerMap map;
     map.cells.fill(5);
     Bytes packed(2 * 130), expected(2 * 130, 5);

@@ -11,15 +11,12 @@ namespace {
 using enum ObjectKind;
 
 TEST(ObjectTables, CountsAreRoundedTiesToEven) {
-    // clang-format off
-    const struct { ObjectKind kind; std::size_t first, size; int count; } cases[] = {
-        {npc,           0,      255 * 9 + 4, 255},
-        {npc,           0,      255 * 9 + 5, 0},
-        {npc,           0x1001, 0xF000,      0}, // it ends before it begins
-        {entrance,      7,      9,           2},
-        {entrance,      7,      15,          2},
-    };
-    // clang-format on
+    const std::tuple<ObjectKind, std::size_t, std::size_t, int> cases[] = {
+        {npc, 0, 255 * 9 + 4, 255},
+        {npc, 0, 255 * 9 + 5, 0},
+        {entrance, 7, 9, 2},
+        {entrance, 7, 15, 2},
+        {npc, 0x1001, 0xF000, 0}}; // the last ends before it begins
     Bytes bytes(0x300200);
     for (const auto& [kind, first, size, count] : cases) {
         put_word(bytes, place_of(kind).pointers + 2 * 413, first);

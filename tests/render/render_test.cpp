@@ -123,7 +123,7 @@ TEST_F(Compose, FormationsDecodeLikeTheLiteralDecoder) {
     Layer3Graphics layer3;
     Palette256 palette;
     std::iota(palette.begin(), palette.end(), 0x10000);
-    // One character worked by hand: its pixel (1, 2) alone is set, by planes 0, 2 and 3. It stands
+    // One character worked by hand: its pixel (1, 2) alone is set, by planes 0, 2 and 3. It is
     // at the bottom right of formation 7, flipped horizontally, in palette row 7.
     graphics[0x285][4] = graphics[0x285][20] = graphics[0x285][21] = 0x40;
     characters.tiles[4 * 7 + 3] = 0x85;
@@ -152,7 +152,7 @@ TEST_F(Compose, FormationsDecodeLikeTheLiteralDecoder) {
         ASSERT_EQ(low, reference.layer1_low);
         ASSERT_EQ(bitmaps.layer3_pixels, reference.layer3_pixels);
         const std::size_t n = random.byte();
-        Formation whole; // every pixel stands in one of the two
+        Formation whole; // every pixel is in one of the two
         std::ranges::transform(high[n], low[n], whole.begin(), std::plus());
         ASSERT_EQ(whole_formation(bitmaps, layer, static_cast<int>(n)), whole);
         ASSERT_EQ(whole_formation(bitmaps, 2, static_cast<int>(n)), bitmaps.layer3_pixels[n]);

@@ -10,7 +10,7 @@ inline constexpr ObjectKind all_kinds[] = {ObjectKind::npc, ObjectKind::chest,
                                            ObjectKind::long_entrance};
 
 // clang-format off
-/// Where the kinds lie, told independently of the program.
+/// Where the kinds lie, independently of the program.
 struct KindPlace { std::size_t pointers, base, size; };
 inline constexpr KindPlace kind_places[] = {
     {0x41C10,  0x41C10,  9},

@@ -33,6 +33,16 @@ inline const Message bad_map_data{"You've entered the map data in an incorrect f
                                   "and you must enter exactly (Width*Height) bytes of data.",
                                   "Nope"};
 
+/// Takes the next answer of a script, if there is one.
+template <typename T>
+std::optional<T> take(std::deque<T>& script) {
+    if (script.empty())
+        return std::nullopt;
+    const T first = script.front();
+    script.pop_front();
+    return first;
+}
+
 /// Answers from a script and keeps what was said. A question beyond the script is answered OK, a
 /// file name beyond it is a cancel.
 class ScriptedDialogs : public Dialogs {
@@ -52,15 +62,12 @@ class ScriptedDialogs : public Dialogs {
     std::optional<std::string> open_file_name() override { return take(file_names); }
     std::optional<std::string> save_file_name() override { return take(file_names); }
     bool silent() const { return messages.empty() && questions.empty(); }
-
-  private:
-    template <typename T>
-    static std::optional<T> take(std::deque<T>& script) {
-        if (script.empty())
-            return std::nullopt;
-        const T first = script.front();
-        script.pop_front();
-        return first;
+    /// The first two words of each question, as "Layer 1; The painting; ".
+    std::string asked() const {
+        std::string words;
+        for (const std::string& question : questions)
+            words += question.substr(0, question.find(' ', question.find(' ') + 1)) + "; ";
+        return words;
     }
 };
 

@@ -50,10 +50,10 @@ class WindowDriver {
         throw std::runtime_error("no control " + control.toStdString());
     }
 
-    /// What a field, a label, a list or a bar shows.
+    /// What a field, a label, a list, a bar or a row of tabs shows.
     std::string text(const QString& control) const {
         const QWidget& widget = find(control);
-        for (const char* property : {"text", "currentText", "plainText", "value"})
+        for (const char* property : {"text", "currentText", "plainText", "value", "currentIndex"})
             if (const QVariant shown = widget.property(property); shown.isValid())
                 return shown.toString().toStdString();
         throw std::runtime_error("no text in " + control.toStdString());
@@ -153,7 +153,7 @@ class WindowDriver {
             throw std::runtime_error(otherwise);
     }
 
-    /// The menu in which an entry stands, or null for a menu of the bar. The bar keeps a menu of
+    /// The menu that holds an entry, or null for a menu of the bar. The bar keeps a menu of
     /// its own, without a name, for what it once had no room for.
     QMenu* menu_of(QAction& entry) const {
         for (QMenu* menu : window_.findChildren<QMenu*>())

@@ -54,11 +54,9 @@ class BoxAnswers {
     }
     void answer_box(QMessageBox& box) {
         boxes.push_back({box.text().toStdString(), box.windowTitle().toStdString()});
-        const bool accepted = answers.empty() || answers.front();
-        if (!answers.empty())
-            answers.pop_front();
-        QAbstractButton* button = box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel);
-        QTest::mouseClick(button, Qt::LeftButton);
+        const bool accepted = take(answers).value_or(true);
+        QTest::mouseClick(box.button(accepted ? QMessageBox::Ok : QMessageBox::Cancel),
+                          Qt::LeftButton);
     }
 
     QTimer timer_;
@@ -88,9 +86,9 @@ class WindowTest : public testing::Test {
         user.choose_map(map);
         user.click("Command3");
     }
-    /// Shows the first object of a kind.
-    void show_object(ObjectKind kind) {
-        open_object(*state, kind, 0);
+    /// Shows an object of the map.
+    void show_object(ObjectKind kind, int index = 0) {
+        open_object(*state, kind, index);
         user.click("Option4"); // any edit shows the state
     }
     std::uint8_t tile(int layer, int column, int row) {

@@ -6,7 +6,7 @@
 
 namespace veldrune::test {
 
-/// A world's contents, told independently of the program.
+/// A world's contents, independently of the program.
 struct WorldData {
     Bytes tiles;    // 256 by 256
     Bytes graphics; // 9344

@@ -18,9 +18,9 @@ inline Bytes after_writes(Bytes file, const std::vector<MemoryDisk::Write>& log,
     return file;
 }
 
-/// Fails every write of an operation, alone and with all behind it, whole and half: the target must
-/// hold what was written before and any other file stay, the failure must be told, and the next try
-/// must go through. make() gives a new editor with the image "a.smc" open, run(editor) runs the
+/// Fails every write of an operation, alone and with all after it, whole and half: the target must
+/// hold what was written before and any other file stay, one message must report it, and the next
+/// try must go through. make() gives a new editor with the image "a.smc" open, run(editor) runs the
 /// operation.
 template <typename Make, typename Run>
 void expect_prefixes_of_writes(const Make& make, const Run& run,
@@ -72,6 +72,7 @@ void expect_refused_reads(const Make& make, const Run& run, const Check& check) 
         if (editor.disk.reads < at)
             return;
         ASSERT_EQ(editor.dialogs.messages.size(), 1u) << at;
+        ASSERT_TRUE(editor.dialogs.messages[0].text.starts_with("Reading a.smc failed.")) << at;
         editor.disk.fail(0, 0);
         check(editor);
     }

@@ -8,7 +8,7 @@ namespace veldrune::test {
 namespace {
 
 // A control, or the buttons of a group in the order of their values, and what the state holds for
-// it. What a user changes by it is nothing else, or it only shows.
+// it. What a user changes by it is nothing else, or it only shows or loads.
 struct Field {
     QString controls;
     std::function<QString()> held;
@@ -54,8 +54,8 @@ class FieldsTest : public WindowTest {
 
     void SetUp() override {
         WindowTest::SetUp();
-        put_objects(disk["a.smc"], ObjectKind::npc, town, {Bytes(9)});
-        put_objects(disk["a.smc"], ObjectKind::chest, town, {Bytes(5)});
+        for (const ObjectKind kind : all_kinds)
+            put_objects(disk["a.smc"], kind, town, std::vector(2, Bytes(place_of(kind).size)));
         open_map(town);
     }
     // What the state holds for the fields, and what their controls show.
@@ -63,13 +63,15 @@ class FieldsTest : public WindowTest {
         Values all;
         for (const Field& field : fields) {
             all["held " + field.controls] = field.held();
+            QString& shown = all["shown " + field.controls];
             for (const QString& control : field.controls.split(' '))
-                all["shown " + field.controls] += QString::fromStdString(works.text(control)) +
-                                                  (works.is_checked(control) ? "*" : " ");
+                shown += works.find(control).inherits("QAbstractButton")
+                             ? QString(works.is_checked(control) ? "*" : " ")
+                             : QString::fromStdString(works.text(control));
         }
         return all;
     }
-    // Goes through the fields of a window as it stands, from the window and from the state.
+    // Goes through the fields of a window as it is, from the window and from the state.
     void expect_each_its_own(const WindowDriver& works, const std::vector<Field>& fields) {
         Values before = values(works, fields);
         const auto expect_changed = [&](const Field& field) {
@@ -78,7 +80,8 @@ class FieldsTest : public WindowTest {
             for (const auto& [name, value] : after)
                 if (before.at(name) != value)
                     changed << name;
-            EXPECT_EQ(changed, QStringList({"held " + field.controls, "shown " + field.controls}));
+            const QString own = "held " + field.controls + ", shown " + field.controls;
+            EXPECT_EQ(changed.join(", ").toStdString(), own.toStdString());
             before = after;
         };
         for (const Field& field : fields)
@@ -104,7 +107,7 @@ class FieldsTest : public WindowTest {
 TEST_F(FieldsTest, OfTheMainWindow) {
     // clang-format off
     const std::vector<Field> fields = {
-        {"HScroll1", form.HScroll1.value}, {"VScroll1", form.VScroll1.value},
+        FIELD(form, Combo1), {"HScroll1", form.HScroll1.value}, {"VScroll1", form.VScroll1.value},
         {"HScroll2", form.HScroll2.value}, {"VScroll2", form.VScroll2.value},
         FIELD(form, Text1),  FIELD(form, Text2),  FIELD(form, Text3),  FIELD(form, Text5),  FIELD(form, Text6),
         FIELD(form, Text7),  FIELD(form, Text8),  FIELD(form, Text9),  FIELD(form, Text10), FIELD(form, Text11),
@@ -116,13 +119,20 @@ TEST_F(FieldsTest, OfTheMainWindow) {
         FIELD(form, Check5), FIELD(form, Check6), FIELD(form, Check7), FIELD(form, Check8),
         {"Option1 Option2 Option3", form.edit_layer}, {"Option10 Option11 Option12", form.tool},
         {"Option5 Option4", form.grid_on},
-        SHOWN(form, Combo1),  SHOWN(form, Text4),   SHOWN(form, Label20), SHOWN(form, Label26),
-        SHOWN(form, Label27), SHOWN(form, Label28), SHOWN(form, Label29), SHOWN(form, Label30),
+        SHOWN(form, Text4),   SHOWN(form, Label20), SHOWN(form, Label26), SHOWN(form, Label27),
+        SHOWN(form, Label28), SHOWN(form, Label29), SHOWN(form, Label30),
     };
+    const std::set<QString> fields_of_worlds = {"HScroll2", "VScroll2", "Text20", "Text24", "Check3", "Check4",
+                                                "Option10 Option11 Option12", "Option5 Option4"};
     // clang-format on
+    state->changes_saved = false; // another row of Combo1 asks, and Cancel leaves the row alone
+    answers.answers = {false};
     expect_each_its_own(user, fields);
+    std::set<QString> entered_in_map = std::exchange(entered, {});
     user.choose("Dusk");
-    expect_each_its_own(user, fields);
+    expect_each_its_own(user, {fields.begin() + 1, fields.end()});
+    EXPECT_EQ(entered, fields_of_worlds);
+    entered.merge(entered_in_map);
     expect_all_entered(fields);
 }
 
@@ -134,10 +144,11 @@ TEST_F(FieldsTest, OfTheObjectWindow) {
         FIELD(form10, Text7),  FIELD(form10, Combo1), FIELD(form10, Combo2), FIELD(form10, Combo3), FIELD(form10, Combo4),
         FIELD(form10, Check1), FIELD(form10, Check2), FIELD(form10, Check3),
         {"Option1 Option2 Option3 Option4 Option5", form10.option}, SHOWN(form10, Label10),
+        {"HScroll1", form10.HScroll1.value, true}, SHOWN(form10, TabStrip1),
     };
     // clang-format on
-    for (const ObjectKind kind : {ObjectKind::npc, ObjectKind::chest}) {
-        show_object(kind);
+    for (const ObjectKind kind : all_kinds) {
+        show_object(kind, 1);
         expect_each_its_own(driver("Form10"), fields);
     }
     expect_all_entered(fields);

@@ -32,7 +32,7 @@ TEST_F(MainWindowTest, WithoutAnImageOnlyTheZoomMoves) {
     EXPECT_EQ(user.text("Text4"), "0.5");
 }
 
-TEST_F(MainWindowTest, OpensWhatTheDialogNames) {
+TEST_F(MainWindowTest, OpensWhatTheDialogNamesAndSavesACopyOfIt) {
     const QTemporaryDir folder;
     const QString name = folder.filePath("x.smc");
     ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly)); // the dialog asks for a file that exists
@@ -41,16 +41,12 @@ TEST_F(MainWindowTest, OpensWhatTheDialogNames) {
     QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(user.text("Label20"), name.toStdString());
     EXPECT_TRUE(user.find("Combo1").isEnabled());
-    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}}));
-}
-
-TEST_F(MainWindowTest, ThePathIsPlainText) {
-    const QString path = "<img src=\"x\"><b>/a.smc";
-    disk[path.toStdString()] = demo_bytes();
-    window.open_file(path.toStdString());
-    const auto& label = user.find<QLabel>("Label20");
-    EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
-    EXPECT_TRUE(label.toolTip().contains("&lt;img"));
+    answers.file_name = folder.filePath("copy");
+    user.choose("SaveAs");
+    const std::string copy = folder.filePath("copy.smc").toStdString();
+    EXPECT_EQ(user.text("Label20"), copy);
+    EXPECT_EQ(disk[copy], demo_bytes());
+    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}, {file_filter, "Save As"}}));
 }
 
 TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
@@ -72,54 +68,37 @@ TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
     EXPECT_EQ(user.find<QLineEdit>("Text8").maxLength(), 16);
 }
 
-TEST_F(TownWindowTest, SaveAsGoesOnInTheCopy) {
-    const QTemporaryDir folder;
-    answers.file_name = folder.filePath("copy");
-    user.choose("SaveAs");
-    const std::string copy = folder.filePath("copy.smc").toStdString();
-    EXPECT_EQ(user.text("Label20"), copy);
-    EXPECT_EQ(disk[copy], demo_bytes());
-    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Save As"}}));
-}
-
-TEST_F(MainWindowTest, AFileThatIsDroppedIsOpened) {
+TEST_F(MainWindowTest, AFileThatIsDroppedIsOpenedAndItsPathIsPlainText) {
+    const QString path = "/<img src=\"x\"><b>/a.smc";
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile("/a.smc")});
-    disk["/a.smc"] = demo_bytes();
+    files.setUrls({QUrl::fromLocalFile(path)});
+    disk[path.toStdString()] = demo_bytes();
     QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
     QApplication::sendEvent(&window, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
     QApplication::sendEvent(&window, &drop);
-    EXPECT_EQ(user.text("Label20"), "/a.smc");
+    const auto& label = user.find<QLabel>("Label20");
+    EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
+    EXPECT_TRUE(label.toolTip().contains("&lt;img"));
 }
 
-TEST_F(TownWindowTest, TheMouseDrawsPicksAndTellsItsPlace) {
-    user.click("Option11");
-    user.click_picture(5 * 32 + 31, 4 * 32);
+TEST_F(TownWindowTest, TheMouseDrawsPicksAndShowsItsPlace) {
+    user.click_picture(5 * 32 + 31, 4 * 32, Qt::RightButton); // picks, paints nothing
     EXPECT_EQ(form.current_tile, tile(0, 5, 4));
-    EXPECT_TRUE(user.is_checked("Option10"));
-    const int picked = form.current_tile;
-    user.click_picture(300, 200, Qt::RightButton); // picks, paints nothing
     EXPECT_TRUE(state->changes_saved);
-    form.current_tile = picked;
     user.drag({{32, 64}, {70, 70}, {100, 70}});
     for (int column : {1, 2, 3})
-        EXPECT_EQ(tile(0, column, 2), picked);
+        EXPECT_EQ(tile(0, column, 2), form.current_tile);
     EXPECT_TRUE(shows_picture());
     EXPECT_EQ(user.text("Label26"), "3 2");
-}
-
-TEST_F(TownWindowTest, TheSecondPressOfADoubleClickIsAPress) {
-    form.current_tile = tile(0, 0, 0) ^ 1;
     QTest::mouseDClick(&user.find("Picture1"), Qt::LeftButton, {},
                        WindowDriver::on_picture({8, 8}));
-    EXPECT_TRUE(state->painting);
+    EXPECT_TRUE(state->painting) << "the second press is a press";
 }
 
 TEST_F(TownWindowTest, ZoomGridAndViewBoxesRedraw) {
     user.click("Option4");
-    EXPECT_TRUE(shows_picture());
     EXPECT_EQ(state->display.picture.row(100)[32], 0xFFFFFFu);
     user.click("Command5");
     EXPECT_EQ(user.text("Text4"), "2");
@@ -164,8 +143,7 @@ TEST_F(TownWindowTest, TheCurrentRowCanBeChosenAgainAndTheWheelNeedsTheFocus) {
     user.choose_map(town);
     EXPECT_EQ(form.Text2, width);
     auto& list = user.find<QComboBox>("Combo1");
-    QTest::keyClicks(&list,
-                     "x" + QString::number(forest)); // after what names no map it starts anew
+    QTest::keyClicks(&list, "x" + QString::number(forest)); // starts anew after what is no map
     QTest::keyClick(list.view(), Qt::Key_Return);
     EXPECT_EQ(state->map.map_index, forest);
 
@@ -191,7 +169,7 @@ TEST_F(MainWindowTest, TickedObjectBoxesTakeTheColourOfTheirKind) {
     }
 }
 
-TEST_F(TownWindowTest, AQuestionEndsAStrokeAndNothingActsBehindIt) {
+TEST_F(TownWindowTest, AQuestionEndsAStrokeAndNothingElseActsMeanwhile) {
     auto& picture = user.find("Picture1");
     const QPoint corner = WindowDriver::on_picture({8, 8});
     form.HScroll1.visible = false; // as a world map leaves it
@@ -217,6 +195,35 @@ TEST_F(TownWindowTest, AQuestionEndsAStrokeAndNothingActsBehindIt) {
                                           "Veldrune Map Editor"}));
     QTest::mouseRelease(&picture, Qt::LeftButton, {}, corner);
     EXPECT_TRUE(state->changes_saved) << "no click follows";
+}
+
+TEST_F(MainWindowTest, TheMenuOpensAWorldAndTheListLeadsBack) {
+    window.open_file("a.smc");
+    const QRect place = user.find("Text14").geometry();
+    const auto expect_controls = [&](bool of_world) { // FieldsTest has all fields of a world
+        for (const char* control : {"Text2", "Command2", "Command3", "Command4", "Command5"})
+            EXPECT_NE(user.find(control).isEnabled(), of_world) << control;
+        for (const auto& [map, world] :
+             {std::pair("Text14", "Text24"), {"HScroll1", "HScroll2"}, {"VScroll1", "VScroll2"}})
+            EXPECT_TRUE(user.find(world).isVisible() == of_world &&
+                        user.find(map).isVisible() != of_world)
+                << map;
+        EXPECT_TRUE(user.find("Command1").isEnabled() && shows_picture());
+    };
+    user.choose("Dusk");
+    expect_controls(true);
+    EXPECT_EQ(user.text("Combo1"), "map 1");
+    EXPECT_EQ(user.find("Text24").geometry(), place);
+    for (const char* bar : {"VScroll2", "HScroll2"}) {
+        const auto before = state->display.picture.pixels();
+        user.find<QScrollBar>(bar).setValue(100);
+        EXPECT_NE(state->display.picture.pixels(), before);
+    }
+    user.wheel("Picture1", {0, -120});
+    EXPECT_GT(form.VScroll2.value, 100);
+    user.choose_map(1); // the row that is current already
+    expect_controls(false);
+    EXPECT_TRUE(answers.boxes.empty());
 }
 
 TEST_F(TownWindowTest, TheEntriesOfTheMenusRun) {

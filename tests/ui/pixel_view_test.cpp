@@ -9,7 +9,6 @@
 #include <cmath>
 
 namespace veldrune::test {
-namespace {
 
 // A picture of side 8 drawn on a screen of each scaling, in a widget that lies somewhere.
 TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
@@ -51,5 +50,4 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
         }
 }
 
-} // namespace
 } // namespace veldrune::test
