@@ -20,9 +20,10 @@ TEST_F(TileChooserTest, ATileOfThePalettesLayerIsTakenByAClick) {
     EXPECT_EQ(visible_window("Form2")->frameGeometry().top(),
               visible_window("Form8")->frameGeometry().top() + 1);
     EXPECT_TRUE(driver("Form2").is_checked("Option2"));
+    form.current_tile = 0xF0; // its mark lies in the last row
     driver("Form2").click("Option3");
     EXPECT_TRUE(user.is_checked("Option3"));
-    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet));
+    EXPECT_TRUE(shows(driver("Form8"), state->display.tile_sheet, 15 * 32));
     driver("Form8").click_picture(100, 70, Qt::RightButton);
     EXPECT_TRUE(both_show()) << "no click";
     driver("Form8").click_picture(3 * 32 + 31, 2 * 32);
