@@ -6,6 +6,7 @@
 #include <QScrollArea>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace veldrune {
 
@@ -49,10 +50,13 @@ void draw_frame(QPainter& painter, QRectF frame, double width, const QColor& col
     painter.fillRect(QRectF(inside.right(), inside.top(), width, inside.height()), colour);
 }
 
-// Two frames, dark and light, that stand out from any picture.
-void draw_outline(QPainter& painter, QRectF cell, double width, double line, const QColor& colour) {
-    draw_frame(painter, cell, line, Qt::black);
-    draw_frame(painter, cell.adjusted(line, line, -line, -line), width * line, colour);
+// Frames one inside the other, dark and light, so that some of them stand out from any picture.
+void draw_frames(QPainter& painter, QRectF cell, double width,
+                 std::initializer_list<QColor> colours) {
+    for (const QColor& colour : colours) {
+        draw_frame(painter, cell, width, colour);
+        cell.adjust(width, width, -width, -width);
+    }
 }
 
 // Moves the view of every scroll area around a widget to a part of it.
@@ -124,13 +128,14 @@ void CellPicture::draw_marks(QPainter& painter, const PixelView& view) {
             draw_ghost(painter, cell);
             break;
         case MarkKind::current:
-            draw_outline(painter, cell, 2, line, Qt::yellow);
+            draw_frames(painter, cell, line, {Qt::black, Qt::yellow, Qt::yellow});
             break;
         case MarkKind::pointer:
-            draw_outline(painter, cell, 1, line, Qt::white);
+            draw_frames(painter, cell, line, {Qt::black, Qt::white});
             break;
         case MarkKind::cursor:
-            draw_outline(painter, cell, 2, line, palette().color(QPalette::Highlight));
+            draw_frames(painter, cell, line,
+                        {Qt::black, Qt::white, palette().color(QPalette::Highlight)});
             break;
         }
     }
@@ -144,6 +149,8 @@ void CellPicture::set_cursor_cell(QPoint pixel) {
 
 void CellPicture::move_cursor(QPoint cells) {
     by_keys_ = true;
+    if (key_)
+        move_to(cursor()); // a stroke has its first cell, too
     const QPoint next = cursor() + cells * cell_side();
     if (contains(next))
         cursor_ = next;
@@ -179,7 +186,8 @@ void CellPicture::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void CellPicture::focusInEvent(QFocusEvent* event) {
-    by_keys_ = event->reason() != Qt::MouseFocusReason;
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        by_keys_ = true;
     PixelPicture::focusInEvent(event);
     show_place();
 }

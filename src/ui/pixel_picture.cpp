@@ -1,7 +1,6 @@
 #include "ui/pixel_picture.h"
 
-#include "ui/picture_access.h"
-
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -14,12 +13,18 @@ namespace {
 constexpr int border = 2;
 constexpr int largest_factor = 3;
 
+// Name and description for assistive technology are the widget's, which announces them itself.
+QAccessibleInterface* picture_interface(const QString&, QObject* object) {
+    auto* picture = dynamic_cast<PixelPicture*>(object);
+    return picture ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
+}
+
 } // namespace
 
 PixelPicture::PixelPicture(ScreenPicture picture)
     : picture_(std::move(picture)), height_(picture_.size().height()) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    name_pictures_graphics();
+    QAccessible::installFactory(picture_interface); // the same one is installed only once
 }
 
 QSize PixelPicture::size_at(int side) const {
