@@ -133,16 +133,22 @@ bool TileChooser::event(QEvent* event) {
     return SideWindow::event(event);
 }
 
-void TileChooser::showEvent(QShowEvent* event) {
-    SideWindow::showEvent(event);
-    if (event->spontaneous())
-        return;
-    fit_screen();
-    const QRect screen_place = screen()->availableGeometry();
+void TileChooser::move_into_screen() {
+    const QRect available = screen()->availableGeometry();
     QRect place(pos(), sizeHint() + frame);
-    place.moveBottomRight({std::min(place.right(), screen_place.right()),
-                           std::min(place.bottom(), screen_place.bottom())});
-    move(std::max(place.left(), screen_place.left()), std::max(place.top(), screen_place.top()));
+    place.moveBottomRight(
+        {std::min(place.right(), available.right()), std::min(place.bottom(), available.bottom())});
+    move(std::max(place.left(), available.left()), std::max(place.top(), available.top()));
+}
+
+// What happens before a window is shown for the first time places it with its frame.
+void TileChooser::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        fit_screen();
+        adjustSize();
+        move_into_screen();
+    }
+    SideWindow::setVisible(visible);
 }
 
 } // namespace veldrune

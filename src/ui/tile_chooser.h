@@ -16,12 +16,14 @@ class TileChooser : public SideWindow {
   public:
     TileChooser(EditorState& state, EditGate& gate, QWidget& parent);
 
+    void setVisible(bool visible) override;
+
   protected:
     bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
   private:
     void fit_screen();
+    void move_into_screen();
 
     CellPicture* sheet_;
     QScrollArea* area_;
