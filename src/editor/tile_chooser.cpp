@@ -5,17 +5,16 @@
 namespace veldrune {
 namespace {
 
-constexpr int tiles_across = 16;
-constexpr int cell_side = view_size / tiles_across;
+constexpr int cell_side = sheet_cell_side;
 constexpr int formation_side = 16;
 
 void draw_tile_sheet(MapDisplay& display, int layer) {
-    for (int tile = 0; tile < tiles_across * tiles_across; ++tile) {
+    for (int tile = 0; tile < sheet_tiles_across * sheet_tiles_across; ++tile) {
+        const SheetCell cell = cell_of_tile(tile);
         const Formation pixels = whole_formation(display.bitmaps, layer, tile);
         enlarge_pixels(pixels.data(), formation_side, formation_side, formation_side,
                        cell_side / formation_side,
-                       display.tile_sheet.row(tile / tiles_across * cell_side) +
-                           tile % tiles_across * cell_side,
+                       display.tile_sheet.row(cell.row * cell_side) + cell.column * cell_side,
                        view_size);
     }
     draw_grid(display.tile_sheet, cell_side);
@@ -55,12 +54,11 @@ void on_palette_layer(EditorState& state) {
 void choose_tile(EditorState& state, int x, int y) {
     if (x < 0 || x >= view_size || y < 0 || y >= view_size)
         return;
-    const int column = x / cell_side;
-    const int row = y / cell_side;
-    enlarge_pixels(state.display.tile_sheet.row(cell_side * row) + cell_side * column, view_size,
-                   cell_side, cell_side, preview_side / cell_side, state.form1.Picture3.row(0),
-                   preview_side);
-    state.form1.current_tile = row * tiles_across + column;
+    const SheetCell cell = sheet_cell(x, y);
+    enlarge_pixels(state.display.tile_sheet.row(cell_side * cell.row) + cell_side * cell.column,
+                   view_size, cell_side, cell_side, preview_side / cell_side,
+                   state.form1.Picture3.row(0), preview_side);
+    state.form1.current_tile = cell.tile();
     close_tile_chooser(state);
 }
 

@@ -4,6 +4,24 @@
 
 namespace veldrune {
 
+inline constexpr int sheet_tiles_across = 16;
+inline constexpr int sheet_cell_side = view_size / sheet_tiles_across; // pixels
+
+/// A cell of the chooser's picture.
+struct SheetCell {
+    int column;
+    int row;
+    int tile() const { return row * sheet_tiles_across + column; }
+};
+/// The cell under a pixel of the picture.
+constexpr SheetCell sheet_cell(int x, int y) {
+    return {x / sheet_cell_side, y / sheet_cell_side};
+}
+/// The cell that shows a tile.
+constexpr SheetCell cell_of_tile(int tile) {
+    return {tile % sheet_tiles_across, tile / sheet_tiles_across};
+}
+
 /// "Choose Tile": draws the tiles of the edit layer into the chooser and shows it with the layer
 /// palette; on a world map its tiles, without the palette. Does nothing without an image and a map.
 void open_tile_chooser(EditorState& state);

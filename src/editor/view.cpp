@@ -1,5 +1,6 @@
 #include "editor/view.h"
 
+#include "editor/cursor.h"
 #include "editor/overlays.h"
 #include "editor/view_place.h"
 #include "editor/world_view.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <iterator>
 
 namespace veldrune {
@@ -64,6 +66,16 @@ void set_zoom(EditorState& state, float zoom) {
     on_zoom_change(state);
 }
 
+// Lets the user's scroll of a bar to value happen, if there is one.
+void scroll_bar_to(EditorState& state, ScrollBar& bar, std::int64_t value,
+                   void (*set_bar_maximum)(EditorState&)) {
+    if (value == bar.value)
+        return;
+    set_bar_maximum(state); // a zoom leaves the one of the former view
+    bar.value = static_cast<int>(std::clamp<std::int64_t>(value, 0, bar.maximum));
+    on_scroll(state, set_bar_maximum);
+}
+
 } // namespace
 
 bool any_layer_shown(const Form1& form) {
@@ -118,6 +130,20 @@ void zoom_in(EditorState& state) {
 
 void zoom_out(EditorState& state) {
     set_zoom(state, state.zoom * 2);
+}
+
+void zoom_about(EditorState& state, int notches, int x, int y) {
+    Form1& form = state.form1;
+    if (!form.map_fields_enabled) // nor are the buttons
+        return;
+    const Cursor before = locate_cursor(state, x, y);
+    for (int i = 0; i < std::abs(notches); ++i)
+        notches > 0 ? zoom_in(state) : zoom_out(state);
+    if (!map_ready(state))
+        return;
+    const Cursor after = locate_cursor(state, x, y);
+    scroll_bar_to(state, form.HScroll1, before.column - after.cursor_x, set_column_maximum);
+    scroll_bar_to(state, form.VScroll1, before.row - after.cursor_y, set_row_maximum);
 }
 
 void on_grid_change(EditorState& state) {

@@ -26,6 +26,11 @@ void on_v_scroll(EditorState& state);
 void zoom_in(EditorState& state);
 void zoom_out(EditorState& state);
 
+/// Ctrl and the wheel over pixel (x, y) of the map picture: the same, in where notches is positive,
+/// once for each notch; then scrolls so that the tile there stays, as far as the scroll bars go.
+/// Does nothing while a world map is shown.
+void zoom_about(EditorState& state, int notches, int x, int y);
+
 /// After a change of "Grid On" or "Grid Off" by the user.
 void on_grid_change(EditorState& state);
 

@@ -68,7 +68,7 @@ void MainWindow::build_panels() {
     auto* layout = new QHBoxLayout(panels);
     layout->setSpacing(16);
     layout->addWidget(make_picture_panel(controls_, picture_));
-    layout->addWidget(make_tools_panel(controls_, picture_));
+    layout->addWidget(make_tools_panel(controls_));
     layout->addWidget(make_properties_panel(controls_));
     layout->addStretch(1);
 

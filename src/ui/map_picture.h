@@ -2,34 +2,39 @@
 
 #include "editor/editor_state.h"
 #include "ui/bindings.h"
-#include "ui/pixel_picture.h"
+#include "ui/cell_picture.h"
 
 namespace veldrune {
 
-/// The map picture. Passes mouse events to the editor, in pixels of the picture. With the focus it
-/// scrolls by the arrow and page keys.
-class MapPicture : public PixelPicture {
+/// The map picture. Passes the strokes of mouse and keys to the editor, in pixels of the picture.
+/// With the focus it scrolls by the arrow and page keys; Ctrl and an arrow move the cell cursor.
+class MapPicture : public CellPicture {
     Q_OBJECT
   public:
     MapPicture(EditorState& state, const Bindings& bindings);
     /// Ends a stroke as if the button had been released, without a click.
-    void end_stroke();
+    void end_stroke() override;
 
   signals:
     /// Request to scroll by that many tiles; positive is right or down.
     void scrolled(Qt::Orientation direction, int tiles);
-    /// The wheel was turned by that many notches while Ctrl was held; up is positive.
-    void zoomed(int notches);
 
   protected:
+    int cell_side() const override;
+    QString text_at(QPoint pixel) const override;
+    void press_at(Qt::MouseButton button, QPoint at) override;
+    void move_to(QPoint at) override;
+    void release_at(Qt::MouseButton button, QPoint at) override;
+    void leave_picture(QPoint cells) override;
+    std::vector<Mark> marks() const override;
+    void draw_ghost(QPainter& painter, QRectF cell) const override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    void scroll_by(QPoint tiles);
     void scroll_by_wheel(const QWheelEvent& event);
+    void zoom_by_wheel(const QWheelEvent& event);
 
     EditorState& state_;
     const Bindings& bindings_;

@@ -8,11 +8,12 @@ namespace veldrune {
 
 class MapPicture;
 
-/// The map picture with its scroll bars and the path of the image above it.
+/// The map picture with its scroll bars, the path of the image above it and what there is to say
+/// below it. The picture grows by whole factors where the layout that holds the panel has room.
 QWidget* make_picture_panel(const Controls& controls, MapPicture* picture);
 
-/// Map list, build buttons, tools and view. Ctrl and the wheel over picture press the zoom buttons.
-QWidget* make_tools_panel(const Controls& controls, MapPicture* picture);
+/// Map list, build buttons, tools and view.
+QWidget* make_tools_panel(const Controls& controls);
 
 /// The properties of the map and the notes.
 QWidget* make_properties_panel(const Controls& controls);

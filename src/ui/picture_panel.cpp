@@ -4,6 +4,7 @@
 #include "ui/panels.h"
 #include "ui/tips.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QPainter>
 
@@ -27,6 +28,42 @@ class PathLabel : public QLabel {
         painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
                          fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
     }
+};
+
+// The panel. It lies directly in the layout of its parent, and its picture takes the room that the
+// parent has beyond what that layout asks for.
+class PicturePanel : public QWidget {
+  public:
+    explicit PicturePanel(MapPicture* picture) : picture_(picture) {}
+    QSize minimumSizeHint() const override { // the picture can shrink again
+        return QWidget::minimumSizeHint() + picture_->natural_size() - picture_->sizeHint();
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ParentChange && parentWidget())
+            parentWidget()->installEventFilter(this);
+        return QWidget::event(event);
+    }
+    bool eventFilter(QObject* parent, QEvent* event) override {
+        const bool room_changes =
+            event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+        if (room_changes && parent == parentWidget() && parentWidget()->layout())
+            fit_picture(*parentWidget());
+        return false;
+    }
+
+  private:
+    void fit_picture(const QWidget& parent) {
+        layout()->activate(); // so that the sizes asked for are those of the picture's present one
+        const QSize inside =
+            parent.contentsRect().marginsRemoved(parent.layout()->contentsMargins()).size();
+        const QSize free(parent.width() - parent.sizeHint().width(),
+                         inside.height() - sizeHint().height());
+        picture_->fit(picture_->sizeHint() + free, natural_side(devicePixelRatioF()));
+    }
+
+    MapPicture* picture_;
 };
 
 struct BarRow {
@@ -53,10 +90,24 @@ void add_path(const Controls& controls, QGridLayout& grid) {
     grid.addWidget(path, 0, 0);
 }
 
+// The lines below the picture. That on the left says which cell pointer or cursor is on.
+QHBoxLayout* make_lines(MapPicture* picture) {
+    auto* cell = new QLabel;
+    cell->setObjectName("cell_line");
+    cell->setTextFormat(Qt::PlainText);
+    cell->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    cell->setMinimumHeight(cell->fontMetrics().height());
+    cell->setToolTip("The tile under the pointer or the cell cursor. Hexadecimal.");
+    QObject::connect(picture, &MapPicture::place_told, cell, &QLabel::setText);
+    auto* lines = new QHBoxLayout;
+    lines->addWidget(cell, 1);
+    return lines;
+}
+
 } // namespace
 
 QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
-    auto* panel = new QWidget;
+    auto* panel = new PicturePanel(picture);
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(2);
@@ -73,8 +124,9 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
                     bar->setValue(static_cast<int>(std::clamp<qint64>(place, 0, bar->maximum())));
             });
     }
-    grid->setRowStretch(3, 1);
-    controls.bindings.on_show([picture] { picture->update_if_changed(); });
+    grid->addLayout(make_lines(picture), 3, 0);
+    grid->setRowStretch(4, 1);
+    controls.bindings.on_show([picture] { picture->show_state(); });
     return panel;
 }
 

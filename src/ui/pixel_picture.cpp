@@ -1,5 +1,6 @@
 #include "ui/pixel_picture.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -10,17 +11,44 @@ namespace veldrune {
 namespace {
 
 constexpr int border = 2;
+constexpr int largest_factor = 3;
+
+// Name and description for assistive technology are the widget's, which announces them itself.
+QAccessibleInterface* picture_interface(const QString&, QObject* object) {
+    auto* picture = dynamic_cast<PixelPicture*>(object);
+    return picture ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
+}
 
 } // namespace
 
 PixelPicture::PixelPicture(ScreenPicture picture)
     : picture_(std::move(picture)), height_(picture_.size().height()) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QAccessible::installFactory(picture_interface); // the same one is installed only once
+}
+
+QSize PixelPicture::size_at(int side) const {
+    return {pixel_view_extent(*this, side, picture_size().width()) + 2 * border,
+            pixel_view_extent(*this, side, picture_size().height()) + 2 * border};
 }
 
 QSize PixelPicture::sizeHint() const {
-    return {pixel_view_extent(*this, picture_size().width()) + 2 * border,
-            pixel_view_extent(*this, picture_size().height()) + 2 * border};
+    return size_at(side());
+}
+
+QSize PixelPicture::natural_size() const {
+    return size_at(natural());
+}
+
+void PixelPicture::fit(QSize room, int step) {
+    int fitting = largest_factor * natural() / step * step;
+    while (fitting > step && size_at(fitting) != size_at(fitting).boundedTo(room))
+        fitting -= step;
+    if (fitting == side())
+        return;
+    side_ = fitting;
+    updateGeometry();
+    update();
 }
 
 void PixelPicture::show_height(int height) {
@@ -32,8 +60,9 @@ void PixelPicture::show_height(int height) {
 }
 
 void PixelPicture::update_if_changed() {
-    if (picture_.is_stale())
-        update();
+    const QRect changed = picture_.refresh();
+    if (!changed.isNull())
+        update(view().rectangle(changed).toAlignedRect());
 }
 
 bool PixelPicture::event(QEvent* event) {
@@ -45,23 +74,25 @@ bool PixelPicture::event(QEvent* event) {
 }
 
 PixelView PixelPicture::view() const {
-    return pixel_view(*this, QPointF(border, border));
+    return pixel_view(*this, side(), QPointF(border, border));
 }
 
-QPoint PixelPicture::pixel_under(const QMouseEvent& event) const {
+QPoint PixelPicture::pixel_under(const QSinglePointEvent& event) const {
     return view().pixel_at(event.position());
 }
 
 void PixelPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const PixelView place = view();
-    const QRectF frame = place.rectangle(picture_size()).adjusted(-border, -border, border, border);
+    const QRectF frame =
+        place.rectangle(QRect({}, picture_size())).adjusted(-border, -border, border, border);
     if (hasFocus())
         qDrawPlainRect(&painter, frame.toAlignedRect(), palette().color(QPalette::Highlight),
                        border);
     else
         qDrawShadePanel(&painter, frame.toAlignedRect(), palette(), true, border);
     picture_.draw(painter, place, height_);
+    draw_marks(painter, place);
 }
 
 } // namespace veldrune

@@ -3,7 +3,10 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
+#include <span>
+#include <vector>
 
 namespace veldrune {
 
@@ -11,14 +14,27 @@ namespace {
 
 constexpr double tolerance = 1.0 / 1024; // for rounding errors in positions
 
-// Side of a picture pixel in widget units.
-double pixel_side(double screen_ratio) {
-    return std::max(1.0, std::floor(screen_ratio + tolerance)) / screen_ratio;
-}
-
 // The first whole screen pixel at or after offset, as a distance from place.
 double snapped(double screen_ratio, double place, double offset) {
     return std::ceil((place + offset) * screen_ratio - tolerance) / screen_ratio - place;
+}
+
+// The colours of a row as pixels to be drawn. The highest byte of a packed colour is 0; here it is
+// the opacity.
+void make_opaque(const Colour* colours, std::span<QRgb> row) {
+    std::transform(colours, colours + row.size(), row.begin(),
+                   [](Colour colour) { return colour | 0xFF000000; });
+}
+
+// The rectangle, one pixel high, of the pixels of row y that differ.
+QRect difference(std::span<const QRgb> row, const QRgb* other, int y) {
+    const auto first = std::mismatch(row.begin(), row.end(), other).first - row.begin();
+    if (first == std::ssize(row))
+        return {};
+    auto last = std::ssize(row) - 1;
+    while (row[static_cast<std::size_t>(last)] == other[last])
+        --last;
+    return {QPoint(static_cast<int>(first), y), QPoint(static_cast<int>(last), y)};
 }
 
 } // namespace
@@ -29,21 +45,55 @@ QPoint PixelView::pixel_at(QPointF point) const {
             static_cast<int>(std::floor(distance.y() + tolerance))};
 }
 
-PixelView pixel_view(double screen_ratio, QPointF place, QPointF offset) {
+int natural_side(double screen_ratio) {
+    return std::max(1, static_cast<int>(std::floor(screen_ratio + tolerance)));
+}
+
+PixelView pixel_view(double screen_ratio, int side, QPointF place, QPointF offset) {
     return {{snapped(screen_ratio, place.x(), offset.x()),
              snapped(screen_ratio, place.y(), offset.y())},
-            pixel_side(screen_ratio)};
+            side / screen_ratio};
+}
+
+PixelView pixel_view(const QWidget& widget, int side, QPointF offset) {
+    const QPointF place = widget.mapTo(widget.window(), QPointF(0, 0));
+    return pixel_view(widget.devicePixelRatioF(), side, place, offset);
 }
 
 PixelView pixel_view(const QWidget& widget, QPointF offset) {
-    const QPointF place = widget.mapTo(widget.window(), QPointF(0, 0));
-    return pixel_view(widget.devicePixelRatioF(), place, offset);
+    return pixel_view(widget, natural_side(widget.devicePixelRatioF()), offset);
 }
 
-int pixel_view_extent(const QWidget& widget, int side) {
+int pixel_view_extent(const QWidget& widget, int side, int count) {
     const double ratio = widget.devicePixelRatioF();
     const bool whole = std::abs(ratio - std::round(ratio)) < tolerance;
-    return static_cast<int>(std::ceil(side * pixel_side(ratio) - tolerance)) + (whole ? 0 : 1);
+    return static_cast<int>(std::ceil(count * side / ratio - tolerance)) + (whole ? 0 : 1);
+}
+
+int pixel_view_extent(const QWidget& widget, int count) {
+    return pixel_view_extent(widget, natural_side(widget.devicePixelRatioF()), count);
+}
+
+QRect ScreenPicture::refresh() {
+    if (!is_stale())
+        return {};
+    if (image_.isNull()) {
+        image_ = QImage(size_, QImage::Format_ARGB32_Premultiplied);
+        image_.fill(Qt::transparent); // which no pixel is
+    }
+    const auto width = static_cast<std::size_t>(size_.width());
+    std::vector<QRgb> row(width);
+    QRect changed;
+    for (int y = 0; y < size_.height(); ++y) {
+        auto* shown = reinterpret_cast<QRgb*>(image_.scanLine(y));
+        make_opaque(pixels_ + static_cast<std::size_t>(y) * width, row);
+        const QRect pixels = difference(row, shown, y);
+        if (!pixels.isNull())
+            std::copy(row.begin(), row.end(), shown);
+        changed |= pixels;
+    }
+    drawn_version_ = version_;
+    return changed;
 }
 
 void ScreenPicture::draw(QPainter& painter, const PixelView& view) {
@@ -51,15 +101,9 @@ void ScreenPicture::draw(QPainter& painter, const PixelView& view) {
 }
 
 void ScreenPicture::draw(QPainter& painter, const PixelView& view, int rows) {
-    if (is_stale()) {
-        const QImage colours(reinterpret_cast<const uchar*>(pixels_), size_.width(), size_.height(),
-                             4 * size_.width(), QImage::Format_RGB32);
-        // The highest byte of a packed colour is 0; in an image to be drawn it is the opacity.
-        image_ = colours.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-        drawn_version_ = version_;
-    }
+    refresh();
     const QRect shown(0, 0, size_.width(), rows);
-    painter.drawImage(view.rectangle(shown.size()), image_, shown);
+    painter.drawImage(view.rectangle(shown), image_, shown);
 }
 
 } // namespace veldrune

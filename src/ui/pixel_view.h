@@ -22,19 +22,29 @@ struct PixelView {
     QPointF origin;     // top left of the picture in the widget
     double pixel = 1.0; // side of a picture pixel in widget units
 
-    QRectF rectangle(QSize size) const { return {origin, QSizeF(size) * pixel}; }
+    /// Where pixels of the picture lie in the widget.
+    QRectF rectangle(QRect pixels) const {
+        return {origin + QPointF(pixels.topLeft()) * pixel, QSizeF(pixels.size()) * pixel};
+    }
     /// The picture pixel under a point of the widget; it may be outside the picture.
     QPoint pixel_at(QPointF point) const;
 };
 
+/// The side of a picture pixel in screen pixels where it is about one widget unit. screen_ratio is
+/// the number of screen pixels per widget unit.
+int natural_side(double screen_ratio);
+
 /// The view of a picture that starts at offset in a widget, or at the first screen pixel after it.
-/// screen_ratio is the number of screen pixels per widget unit, place the position of the widget
-/// in its window.
-PixelView pixel_view(double screen_ratio, QPointF place, QPointF offset);
+/// side is that of a picture pixel in screen pixels, place the position of the widget in its
+/// window.
+PixelView pixel_view(double screen_ratio, int side, QPointF place, QPointF offset);
+PixelView pixel_view(const QWidget& widget, int side, QPointF offset);
+/// The same at the natural side.
 PixelView pixel_view(const QWidget& widget, QPointF offset);
 
-/// The extent in widget units that side pixels of a picture need, at any position of the widget.
-int pixel_view_extent(const QWidget& widget, int side);
+/// The extent in widget units that count pixels of a picture need, at any position of the widget.
+int pixel_view_extent(const QWidget& widget, int side, int count);
+int pixel_view_extent(const QWidget& widget, int count);
 
 /// A picture of the state, converted for the screen where it has changed since it was drawn last.
 class ScreenPicture {
@@ -47,6 +57,8 @@ class ScreenPicture {
     QSize size() const { return size_; }
     /// Whether the picture has changed since it was drawn last.
     bool is_stale() const { return drawn_version_ != version_; }
+    /// Converts what has changed. Returns the rectangle that holds it, in picture pixels.
+    QRect refresh();
     void draw(QPainter& painter, const PixelView& view);
     /// Draws the upper rows only.
     void draw(QPainter& painter, const PixelView& view, int rows);

@@ -1,7 +1,6 @@
 #include "editor/select_map.h"
 #include "editor/view.h"
 #include "ui/map_list.h"
-#include "ui/map_picture.h"
 #include "ui/override_cursor.h"
 #include "ui/panels.h"
 #include "ui/pixel_view.h"
@@ -199,17 +198,8 @@ QLineEdit* magnification(const Controls& controls) {
     return field;
 }
 
-// Clicks a zoom button once for every notch of the wheel.
-void press_by_wheel(MapPicture* picture, QPushButton* zoom_in, QPushButton* zoom_out) {
-    QObject::connect(picture, &MapPicture::zoomed, picture, [zoom_in, zoom_out](int notches) {
-        QPushButton* button = notches > 0 ? zoom_in : zoom_out;
-        for (int i = 0; i < std::abs(notches); ++i)
-            button->click();
-    });
-}
-
 // The current tile on the left, the zoom buttons on the right.
-QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
+QGridLayout* tile_and_zoom(const Controls& controls) {
     auto* grid = new QGridLayout;
     auto* tile = new TileButton(controls.state);
     tile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -224,10 +214,9 @@ QGridLayout* tile_and_zoom(const Controls& controls, MapPicture* picture) {
         auto* button = new QPushButton(row.caption);
         controls.button(button, row);
         grid->addWidget(button, line, 1);
-        return button;
     };
-    QPushButton* zoom_in = zoom_button(zoom_in_row, 1);
-    press_by_wheel(picture, zoom_in, zoom_button(zoom_out_row, 2));
+    zoom_button(zoom_in_row, 1);
+    zoom_button(zoom_out_row, 2);
 
     QLineEdit* field = magnification(controls);
     QLabel* caption = controls.label("Label1", "map magnification");
@@ -245,13 +234,13 @@ QFrame* separator() {
 
 } // namespace
 
-QWidget* make_tools_panel(const Controls& controls, MapPicture* picture) {
+QWidget* make_tools_panel(const Controls& controls) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(map_choice(controls));
     column->addWidget(separator());
-    column->addLayout(tile_and_zoom(controls, picture));
+    column->addLayout(tile_and_zoom(controls));
     column->addWidget(separator());
     auto* choices = new QGridLayout;
     choices->addLayout(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);

@@ -147,6 +147,13 @@ class WindowDriver {
         QApplication::sendEvent(&widget, &event);
     }
 
+    /// Takes the pointer and the focus away from a widget.
+    static void leave(QWidget& widget) {
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(&widget, &event);
+        widget.clearFocus();
+    }
+
   private:
     static void wait_until(const auto& holds, const char* otherwise) {
         if (!QTest::qWaitFor(holds, 5000))

@@ -99,7 +99,9 @@ class WindowTest : public testing::Test {
     static bool shows(const WindowDriver& works, const Picture<width, height>& picture,
                       int rows = height) {
         const QRect place(WindowDriver::on_picture({}), QSize(width, rows));
-        const QImage shown = works.find("Picture1").grab(place).toImage();
+        QWidget& widget = works.find("Picture1");
+        WindowDriver::leave(widget); // so that nothing lies over it
+        const QImage shown = widget.grab(place).toImage();
         const auto* pixels = reinterpret_cast<const uchar*>(picture.pixels().data());
         return shown.convertToFormat(QImage::Format_RGB32) ==
                QImage(pixels, width, rows, QImage::Format_RGB32);

@@ -21,8 +21,10 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
     for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 3.0})
         for (const int place : {0, 7, 9, 33}) {
             SCOPED_TRACE(testing::Message() << ratio << " at " << place);
-            const int square = static_cast<int>(ratio);
-            const PixelView view = pixel_view(ratio, QPointF(place, place + 1), QPointF(2, 2));
+            ASSERT_EQ(natural_side(ratio), static_cast<int>(ratio));
+            const int square = static_cast<int>(ratio) * (1 + place % 3);
+            const PixelView view =
+                pixel_view(ratio, square, QPointF(place, place + 1), QPointF(2, 2));
             EXPECT_GE(view.origin.x(), 2.0 - 1e-3);
             EXPECT_LT(view.origin.x(), 2.0 + 1.0 / ratio);
 
@@ -48,6 +50,16 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
                               inside ? 0xFF000000 | pixels[index] : 0xFFFFFFFF);
                 }
         }
+}
+
+TEST(PixelView, ARefreshNamesTheRectangleThatHasChanged) {
+    Picture<16, 12> pixels;
+    ScreenPicture picture(pixels);
+    EXPECT_EQ(picture.refresh(), QRect(0, 0, 16, 12)); // black is a colour, too
+    pixels.row(0)[0] = 0;
+    EXPECT_TRUE(picture.is_stale() && picture.refresh().isNull() && !picture.is_stale());
+    pixels.row(3)[9] = pixels.row(7)[4] = 5;
+    EXPECT_EQ(picture.refresh(), QRect(QPoint(4, 3), QPoint(9, 7)));
 }
 
 } // namespace veldrune::test
