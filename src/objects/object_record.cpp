@@ -204,7 +204,7 @@ class FieldReader {
         return unsigned_value(parse_hex_text(text, dialogs_));
     }
 
-    std::uint32_t npc_flag_value(std::string text, std::int32_t base) {
+    std::uint32_t npc_flag_value(const std::string& text, std::int32_t base) {
         if (character_count(text) != 6 || characters(text, 4, 1) != ":")
             refuse("Your input must be in the following format xxxx:y", "error");
         const std::uint32_t byte = piece_value(characters(text, 0, 4));
