@@ -18,6 +18,8 @@ constexpr StreamMessages layer_words[layer_count] = {
     {"Layer 3", "Layer 3 is ", after_growth},
 };
 
+using LayerSizes = std::array<LayerSize, layer_count>;
+
 // The size of the layer as it is saved.
 LayerSize saved_size(const Form1& form, int index) {
     const LayerControls& controls = layer_controls[index];
@@ -44,28 +46,8 @@ std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& 
            std::to_string(size.width) + " times " + std::to_string(size.height) + ".";
 }
 
-bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
-                CompressOutput& output, Dialogs& dialogs) {
-    warn_about_size(form, index, dialogs);
-    const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
-    const std::optional<std::size_t> length = compress_tiles(layer.map, size, output);
-    if (!length) {
-        refuse_to_save(layer_words[index],
-                       "its stream would take more than " + std::to_string(layer_stream_limit) +
-                           " bytes.",
-                       dialogs);
-        return false;
-    }
-    return save_stream(rom, location, std::span(output).first(*length), layer.layer_packed_size,
-                       layer_words[index], dialogs);
-}
-
-} // namespace
-
-bool is_missing_layer(const Form1& form, int index) {
-    return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
-}
-
+// The sizes of the layers as they are saved. Nothing where one of them can't be saved, which is
+// reported.
 std::optional<LayerSizes>
 sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
     LayerSizes sizes;
@@ -82,22 +64,55 @@ sizes_to_save(const Form1& form, const std::array<Layer, layer_count>& layers, D
     return sizes;
 }
 
-std::optional<std::size_t> compress_tiles(const LayerMap& map, LayerSize size,
-                                          CompressOutput& output) {
+std::vector<std::uint8_t> packed_tiles(const LayerMap& map, LayerSize size,
+                                       CompressOutput& output) {
     std::array<std::uint8_t, max_tiles> tiles;
     const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
     pack_layer(map, size.width, size.height, source);
-    return compress_layer(source, output);
+    const std::size_t length = compress_layer(source, output).value_or(0);
+    return {output.data(), output.data() + length};
+}
+
+bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer,
+                std::span<const std::uint8_t> stream, Dialogs& dialogs) {
+    warn_about_size(form, index, dialogs);
+    const std::int32_t location = parse_hex_text(form.*layer_controls[index].location, dialogs);
+    if (!stream.empty())
+        return save_stream(rom, location, stream, layer.layer_packed_size, layer_words[index],
+                           dialogs);
+    refuse_to_save(layer_words[index],
+                   "its stream would take more than " + std::to_string(layer_stream_limit) +
+                       " bytes.",
+                   dialogs);
+    return false;
+}
+
+} // namespace
+
+bool is_missing_layer(const Form1& form, int index) {
+    return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
+}
+
+std::optional<PackedLayers> pack_layers(const Form1& form,
+                                        const std::array<Layer, layer_count>& layers,
+                                        CompressOutput& output) {
+    SilentDialogs silent;
+    const std::optional<LayerSizes> sizes = sizes_to_save(form, layers, silent);
+    if (!sizes)
+        return std::nullopt;
+    PackedLayers packed;
+    for (std::size_t at = 0; at < packed.size(); ++at)
+        packed[at] = {(*sizes)[at], packed_tiles(layers[at].map, (*sizes)[at], output)};
+    return packed;
 }
 
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
-                 CompressOutput& output, Dialogs& dialogs) {
-    const std::optional<LayerSizes> sizes = sizes_to_save(form, layers, dialogs);
-    if (!sizes)
+                 const std::optional<PackedLayers>& packed, Dialogs& dialogs) {
+    if (!sizes_to_save(form, layers, dialogs) || !packed)
         return false;
     for (const int index : layer_save_order) {
         const auto at = static_cast<std::size_t>(index);
-        if (!save_layer(rom, form, index, (*sizes)[at], layers[at], output, dialogs))
+        if (!save_layer(rom, form, index, layers[at], (*packed)[at].stream, dialogs))
             return false;
     }
     return true;
