@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
-# Installs what is missing and runs every check: layers, formatting, unit tests, window tests, and
-# the same tests under the address and undefined-behaviour sanitizers.
+# Installs what is missing and runs every check: layers, formatting, unit tests, window tests,
+# the same tests under the address and undefined-behaviour sanitizers, and static analysis.
 # Usage: ./test.sh
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh
 
-need "${build_packages[@]}" clang-format
+need "${build_packages[@]}" clang-format clang-tidy
 tools/check_layers
-find bench demo fuzz src tests tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
+sources=(bench demo fuzz src tests tools)
+find "${sources[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
 
 for preset in release sanitize; do
     echo "== $preset =="
@@ -16,3 +17,8 @@ for preset in release sanitize; do
     cmake --build --preset "$preset"
     QT_QPA_PLATFORM=offscreen ctest --test-dir "build/$preset" -j "$(nproc)" --output-on-failure
 done
+
+echo "== clang-tidy =="
+# What it counts of warnings in the system's headers is left out.
+find "${sources[@]}" -name '*.cpp' |
+    xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/release 2>/dev/null

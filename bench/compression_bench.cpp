@@ -1,14 +1,15 @@
-// Both encoders compared with the search that tries every candidate, on the same inputs.
+// Both encoders compared with the search that tries every candidate, on the same inputs; the
+// decoder.
 
 #include "compression/compress.h"
+#include "compression/decompress.h"
 #include "compression/literal_encoder.h"
 #include "demo/demo_image.h"
+#include "figures.h"
 #include "sample_maps.h"
 #include "support/memory_disk.h"
 #include "world_map/world_map.h"
 #include "world_map/worlds.h"
-
-#include <benchmark/benchmark.h>
 
 #include <memory>
 #include <string>
@@ -21,41 +22,67 @@ using Bytes = std::vector<std::uint8_t>;
 using Encoder = std::optional<std::size_t>(std::span<const std::uint8_t>, CompressOutput&);
 using LiteralEncoder = Bytes(std::span<const std::uint8_t>);
 
-void ours(benchmark::State& state, Encoder* encode, const Bytes& input) {
-    const auto output = std::make_unique<CompressOutput>();
-    for (auto _ : state)
-        benchmark::DoNotOptimize(encode(input, *output));
+// What packs bytes, what does it by trying every candidate.
+struct Pair {
+    Encoder* encode;
+    LiteralEncoder* literal;
+};
+constexpr Pair layer_pair{compress_layer, test::literal_compress_layer};
+constexpr Pair world_pair{compress_world_map, test::literal_compress_world_map};
+
+void add_pair(Figures& figures, const std::string& name, Pair pair, double times_faster,
+              auto make_input) {
+    figures.figures.push_back(
+        {name,
+         {Goal::times_faster, times_faster},
+         [=]() -> Work {
+             return [encode = pair.encode, input = make_input(),
+                     output = std::make_shared<CompressOutput>()] { use(encode(input, *output)); };
+         },
+         "every candidate",
+         [=]() -> Work {
+             return [literal = pair.literal, input = make_input()] { use(literal(input)); };
+         }});
 }
 
-void literal(benchmark::State& state, LiteralEncoder* encode, const Bytes& input) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(encode(input));
-}
-
-// The input is made only when a benchmark runs, so that filtered-out benchmarks cost nothing.
-void pair(const std::string& name, Encoder* encode, LiteralEncoder* reference, auto make_input) {
-    using benchmark::RegisterBenchmark;
-    RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) {
-        ours(state, encode, make_input());
-    })->Unit(benchmark::kMicrosecond);
-    RegisterBenchmark((name + "/literal").c_str(), [=](benchmark::State& state) {
-        literal(state, reference, make_input());
-    })->Unit(benchmark::kMicrosecond);
-}
-
-void families(const std::string& name, Encoder* encode, LiteralEncoder* reference,
-              std::size_t size) {
+// Bytes of one kind each, among which are the hardest that are known.
+void add_families(Figures& figures, const std::string& name, Pair pair, std::size_t size) {
+    constexpr double keep = 6.5;
     const auto repeated = [&](const std::string& family, const Bytes& pattern) {
-        pair(name + family, encode, reference, [=] { return periodic(size, pattern); });
+        add_pair(figures, name + family, pair, keep, [=] { return periodic(size, pattern); });
     };
-    repeated("/equal", {7});
-    repeated("/zeros", {0});
-    repeated("/period_2", {1, 2});
-    repeated("/period_3", {1, 2, 3});
-    pair(name + "/random_bits", encode, reference, [=] { return random_bytes(size, 1, 1); });
+    repeated(", all equal", {7});
+    repeated(", all zeros", {0});
+    repeated(", period 2", {1, 2});
+    repeated(", period 3", {1, 2, 3});
+    add_pair(figures, name + ", random bits", pair, keep, [=] { return random_bytes(size, 1, 1); });
     // As many bytes as fit into a stream.
-    pair(name + "/random_bytes", encode, reference,
-         [=] { return random_bytes(size * 7 / 8, 255, 1); });
+    add_pair(figures, name + ", random bytes", pair, keep,
+             [=] { return random_bytes(size * 7 / 8, 255, 1); });
+}
+
+void add_growth(Figures& figures, const std::string& name, Encoder* encode,
+                const std::vector<int>& sizes, const Bytes& input) {
+    figures.growths.push_back(
+        {name, sizes, [=](int size) -> Work {
+             return [=, output = std::make_shared<CompressOutput>()] {
+                 use(encode(std::span(input).first(static_cast<std::size_t>(size)), *output));
+             };
+         }});
+}
+
+// The decoder, on the stream of a world's first bytes.
+Work decoding(const Bytes& input) {
+    const auto packed = std::make_unique<CompressOutput>();
+    const std::size_t length = compress_world_map(input, *packed).value_or(0);
+    const auto disk = std::make_shared<test::MemoryDisk>();
+    (*disk)["a.smc"].assign(packed->begin(), packed->begin() + static_cast<std::ptrdiff_t>(length));
+    const auto rom = std::make_shared<RomImage>(*disk);
+    rom->open("a.smc");
+    return [=, buffer = std::make_shared<DecompressBuffer>()] {
+        decompress_stream(*rom, 0, *buffer, world_map_output_limit);
+        use(*disk);
+    };
 }
 
 // A world map of the demo image, unpacked.
@@ -72,28 +99,39 @@ Bytes demo_world(World world) {
     return {map->cells.begin(), map->cells.end()};
 }
 
-[[maybe_unused]] const bool registered = [] {
-    const auto layer = [](const std::string& name, auto make_input) {
-        pair("compress_layer/" + name, compress_layer, test::literal_compress_layer, make_input);
-    };
-    const auto world = [](const std::string& name, auto make_input) {
-        pair("compress_world_map/" + name, compress_world_map, test::literal_compress_world_map,
-             make_input);
-    };
+} // namespace
+
+void add_compression_figures(Figures& figures) {
     for (const unsigned seed : {1U, 2U, 3U}) {
         const std::string number = std::to_string(seed);
-        layer("map_128x64/" + number, [=] { return sample_layer(128, 64, seed); });
-        layer("map_16x16/" + number, [=] { return sample_layer(16, 16, seed); });
-        world("world/" + number, [=] { return sample_world(seed); });
-        world("landlocked/" + number, [=] { return sample_world(seed, 1); });
+        add_pair(figures, "pack a layer, map-like, 128 by 64, " + number, layer_pair, 90,
+                 [=] { return sample_layer(128, 64, seed); });
+        add_pair(figures, "pack a layer, map-like, 16 by 16, " + number, layer_pair, 140,
+                 [=] { return sample_layer(16, 16, seed); });
+        add_pair(figures, "pack a world rich in sea, " + number, world_pair, 40,
+                 [=] { return sample_world(seed); });
+        add_pair(figures, "pack a world without sea, " + number, world_pair, 20,
+                 [=] { return sample_world(seed, 1); });
     }
-    world("demo_dawn", [] { return demo_world(World::dawn); });
-    world("demo_dusk", [] { return demo_world(World::dusk); });
-    families("compress_layer", compress_layer, test::literal_compress_layer, 8192);
-    families("compress_world_map", compress_world_map, test::literal_compress_world_map, 65536);
-    return true;
-}();
-
-} // namespace
+    add_pair(figures, "pack the demo's Dawn", world_pair, 25,
+             [] { return demo_world(World::dawn); });
+    add_pair(figures, "pack the demo's Dusk", world_pair, 25,
+             [] { return demo_world(World::dusk); });
+    add_families(figures, "pack a layer", layer_pair, 8192);
+    add_families(figures, "pack a world", world_pair, 65536);
+    const std::vector<int> layers{2048, 4096, 6144, 8192};
+    const std::vector<int> worlds{8192, 16384, 32768, 65536};
+    add_growth(figures, "pack a layer, map-like", compress_layer, layers, sample_layer(128, 64, 1));
+    add_growth(figures, "pack a layer, random bits", compress_layer, layers,
+               random_bytes(8192, 1, 1));
+    add_growth(figures, "pack a world", compress_world_map, worlds, sample_world(1, 1));
+    add_growth(figures, "pack a world, random bits", compress_world_map, worlds,
+               random_bytes(65536, 1, 1));
+    figures.growths.push_back({"unpack a world", worlds, [](int size) {
+                                   Bytes map = sample_world(1, 1);
+                                   map.resize(static_cast<std::size_t>(size));
+                                   return decoding(map);
+                               }});
+}
 
 } // namespace veldrune::bench

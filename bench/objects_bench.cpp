@@ -5,18 +5,19 @@
 #include "editor/object_lists.h"
 #include "editor/overlays.h"
 #include "editor/tile_chooser.h"
+#include "figures.h"
 #include "objects/markers.h"
 #include "open_editor.h"
 
-namespace veldrune {
+namespace veldrune::bench {
 namespace {
 
-// The fullest lists that a map can have: 255 objects of every kind.
-void fill_lists(RomImage& rom, int map) {
+// As many objects of every kind; a map can have 255.
+void fill_lists(RomImage& rom, int map, int count) {
     constexpr int first = 0x400;
     for (std::size_t kind = 0; kind < object_kind_count; ++kind) {
         const ObjectKindRow& row = object_kind_row(static_cast<ObjectKind>(kind));
-        const int end = first + max_object_count * row.record_size;
+        const int end = first + count * row.record_size;
         const std::array<std::uint8_t, 4> pointers{
             static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(first >> 8),
             static_cast<std::uint8_t>(end), static_cast<std::uint8_t>(end >> 8)};
@@ -26,40 +27,32 @@ void fill_lists(RomImage& rom, int map) {
     }
 }
 
-struct FullMap : OpenEditor {
-    FullMap() {
-        fill_lists(state->rom, demo::demo_map::town);
-        choose(demo::demo_map::town);
-        Form1& form = state->form1;
+// The town with full lists, all of them shown.
+MakeWork in_full_map(void (*step)(EditorState&), int count = max_object_count) {
+    return [=]() -> Work {
+        const auto editor = std::make_shared<OpenEditor>();
+        fill_lists(editor->state->rom, demo::demo_map::town, count);
+        editor->choose(demo::demo_map::town);
+        Form1& form = editor->state->form1;
         form.Check1 = form.Check2 = form.Check3 = form.Check4 = true;
-        state->zoom = 2.0f;
-        build_tileset(*state);
-    }
-};
-
-void open_chooser(benchmark::State& bench) {
-    FullMap editor;
-    for (auto _ : bench)
-        open_tile_chooser(*editor.state);
+        editor->state->zoom = 2.0f;
+        build_tileset(*editor->state);
+        return [=] { step(*editor->state); };
+    };
 }
-
-void load_and_draw_all_objects(benchmark::State& bench) {
-    FullMap editor;
-    for (auto _ : bench)
-        draw_objects(*editor.state);
-    bench.counters["objects"] = 5 * editor.state->objects.lists[ObjectKind::npc].row_count;
-}
-
-// Its lower bound is picture_memcpy.
-void build_with_all_markers(benchmark::State& bench) {
-    FullMap editor;
-    for (auto _ : bench)
-        build_tileset(*editor.state);
-}
-
-BENCHMARK(open_chooser)->Unit(benchmark::kMicrosecond);
-BENCHMARK(load_and_draw_all_objects)->Unit(benchmark::kMicrosecond);
-BENCHMARK(build_with_all_markers)->Unit(benchmark::kMicrosecond);
 
 } // namespace
-} // namespace veldrune
+
+void add_object_figures(Figures& figures) {
+    const auto add = [&](const char* name, double milliseconds, void (*step)(EditorState&)) {
+        figures.figures.push_back({name, {Goal::milliseconds, milliseconds}, in_full_map(step)});
+    };
+    add("open the tile chooser", 1, open_tile_chooser);
+    add("read and mark 255 objects of every kind", 0.5, draw_objects);
+    add("build a map with them", 1, build_tileset);
+    figures.growths.push_back({"read and mark objects", {32, 64, 128, 255}, [](int count) {
+                                   return in_full_map(draw_objects, count)();
+                               }});
+}
+
+} // namespace veldrune::bench

@@ -1,12 +1,11 @@
+#include "figures.h"
 #include "render/literal_render.h"
-
-#include <benchmark/benchmark.h>
 
 #include <cstring>
 #include <memory>
 #include <random>
 
-namespace veldrune {
+namespace veldrune::bench {
 
 namespace {
 
@@ -27,15 +26,14 @@ struct Scene {
     std::array<LayerMap, layer_count> maps;
     MapView view;
     PixelBuffer picture;
-    PixelBuffer copy;
     FormationBitmaps bitmaps_copy;
 };
 
 // Noise: any character, any attribute, any cell. Map-like: whole formations share an attribute,
 // one in five has priority, a third of the characters and half of layer 3's formations are empty,
 // and layers are made of runs of the same few formations.
-std::unique_ptr<Scene> make_scene(Content content) {
-    auto scene = std::make_unique<Scene>();
+std::shared_ptr<Scene> make_scene(Content content) {
+    auto scene = std::make_shared<Scene>();
     std::mt19937 random(1);
     const auto below = [&](unsigned limit) { return static_cast<std::uint8_t>(random() % limit); };
     for (Colour& colour : scene->palette)
@@ -70,128 +68,124 @@ std::unique_ptr<Scene> make_scene(Content content) {
     return scene;
 }
 
-// The lower bounds: copying the same bytes.
-void picture_memcpy(benchmark::State& state) {
-    const auto scene = make_scene(noise);
-    for (auto _ : state) {
-        std::memcpy(scene->copy.row(0), scene->picture.pixels().data(),
-                    sizeof scene->picture.pixels());
-        benchmark::DoNotOptimize(scene->copy);
-        benchmark::ClobberMemory();
-    }
-}
-BENCHMARK(picture_memcpy);
-
-void bitmaps_memcpy(benchmark::State& state) {
-    const auto scene = make_scene(noise);
-    for (auto _ : state) {
-        std::memcpy(&scene->bitmaps_copy, &scene->bitmaps, sizeof scene->bitmaps);
-        benchmark::DoNotOptimize(scene->bitmaps_copy);
-        benchmark::ClobberMemory();
-    }
-}
-BENCHMARK(bitmaps_memcpy);
-
-void set_up_view(const benchmark::State& state, MapView& view) {
-    view.cells_across = static_cast<int>(state.range(1));
-    view.stack.layer3_order = static_cast<int>(state.range(2));
+// The step again and again on a scene that has been prepared once.
+using Step = std::function<void(Scene&)>;
+MakeWork in_scene(Content content, const Step& prepare, const Step& step) {
+    return [=]() -> Work {
+        const auto scene = make_scene(content);
+        prepare(*scene);
+        return [=] {
+            step(*scene);
+            use(*scene);
+        };
+    };
 }
 
-void full_view(benchmark::State& state) {
-    const auto scene = make_scene(static_cast<Content>(state.range(0)));
-    set_up_view(state, scene->view);
-    const int across = scene->view.cells_across;
-    for (auto _ : state) {
-        compose_cells(scene->bitmaps, scene->view, 0, 0, across, across, scene->picture);
-        benchmark::ClobberMemory();
-    }
+Step set_up_view(int across, int order = 2) {
+    return [=](Scene& scene) {
+        scene.view.cells_across = across;
+        scene.view.stack.layer3_order = order;
+    };
 }
-BENCHMARK(full_view)
-    ->ArgNames({"noise", "across", "order"})
-    ->ArgsProduct({{map_like, noise}, {32}, {0, 1, 2}})
-    ->ArgsProduct({{map_like, noise}, {16, 8, 4}, {2}});
 
-void full_view_literal(benchmark::State& state) {
-    const auto scene = make_scene(static_cast<Content>(state.range(0)));
-    set_up_view(state, scene->view);
-    for (auto _ : state) {
-        literal_compose(scene->bitmaps, scene->view, scene->picture);
-        benchmark::ClobberMemory();
-    }
+void draw_rows(Scene& scene, int rows) {
+    compose_cells(scene.bitmaps, scene.view, 0, 0, scene.view.cells_across, rows, scene.picture);
 }
-BENCHMARK(full_view_literal)
-    ->ArgNames({"noise", "across", "order"})
-    ->ArgsProduct({{map_like, noise}, {32}, {0, 1, 2}})
-    ->ArgsProduct({{map_like, noise}, {16, 8, 4}, {2}});
-
-// One step to the right, left, down or up.
-void scroll_step(benchmark::State& state) {
-    const auto scene = make_scene(noise);
-    scene->view.cells_across = static_cast<int>(state.range(0));
-    scene->view.h = scene->view.v = 8;
-    const int last_h = 8 - static_cast<int>(state.range(1));
-    const int last_v = 8 - static_cast<int>(state.range(2));
-    for (auto _ : state) {
-        scroll_picture(scene->bitmaps, scene->view, last_h, last_v, scene->picture);
-        benchmark::ClobberMemory();
-    }
+void draw_view(Scene& scene) {
+    draw_rows(scene, scene.view.cells_across);
 }
-BENCHMARK(scroll_step)->ArgNames({"across", "dx", "dy"})->Apply([](auto* benchmark) {
-    for (const int across : {32, 16, 8, 4})
-        for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
-            benchmark->Args({across, dx, dy});
-});
-
-void one_cell(benchmark::State& state) {
-    const auto scene = make_scene(map_like);
-    scene->view.cells_across = static_cast<int>(state.range(0));
-    for (auto _ : state) {
-        compose_one_cell(scene->bitmaps, scene->view, 1, 1, {1, 2, 3}, scene->picture);
-        benchmark::ClobberMemory();
-    }
+void draw_literal_view(Scene& scene) {
+    literal_compose(scene.bitmaps, scene.view, scene.picture);
 }
-BENCHMARK(one_cell)->ArgName("across")->Arg(32)->Arg(16)->Arg(8)->Arg(4);
-
-// Each vector unit that the processor has, to compare with none.
-void one_cell_with(benchmark::State& state) {
-    const auto scene = make_scene(noise);
-    const auto unit = static_cast<VectorUnit>(state.range(0));
-    Formation cell;
-    for (auto _ : state) {
-        compose_cell_with(unit, scene->bitmaps, scene->view.stack, {1, 2, 3}, cell);
-        benchmark::DoNotOptimize(cell);
-    }
-}
-BENCHMARK(one_cell_with)->ArgName("unit")->Apply([](auto* benchmark) {
-    for (const VectorUnit unit : vector_units())
-        benchmark->Arg(static_cast<int>(unit));
-});
 
 // Both layers and layer 3, by the library's decoders or by the literal ones.
 template <auto& decode_layer, auto& decode_layer3>
-void decode(benchmark::State& state) {
-    const auto scene = make_scene(static_cast<Content>(state.range(0)));
-    FormationBitmaps& bitmaps = scene->bitmaps;
-    for (auto _ : state) {
-        decode_layer(scene->characters, scene->graphics, scene->palette, bitmaps.layer2_high,
-                     bitmaps.layer2_low);
-        decode_layer(scene->characters, scene->graphics, scene->palette, bitmaps.layer1_high,
-                     bitmaps.layer1_low);
-        decode_layer3(scene->layer3_graphics, scene->palette, bitmaps.layer3_pixels);
-        benchmark::ClobberMemory();
+void decode(Scene& scene) {
+    FormationBitmaps& bitmaps = scene.bitmaps;
+    decode_layer(scene.characters, scene.graphics, scene.palette, bitmaps.layer2_high,
+                 bitmaps.layer2_low);
+    decode_layer(scene.characters, scene.graphics, scene.palette, bitmaps.layer1_high,
+                 bitmaps.layer1_low);
+    decode_layer3(scene.layer3_graphics, scene.palette, bitmaps.layer3_pixels);
+}
+
+void copy_bitmaps(Scene& scene) {
+    std::memcpy(&scene.bitmaps_copy, &scene.bitmaps, sizeof scene.bitmaps);
+}
+
+const char* name_of(Content content) {
+    return content == noise ? ", noise" : ", map-like";
+}
+
+void add_views(Figures& figures, Content content, double most_at_zoom_2) {
+    for (const int across : {32, 16, 8, 4}) {
+        const double most = across == 32 ? most_at_zoom_2 : 2.4;
+        const std::string name =
+            "draw " + std::to_string(across) + " by " + std::to_string(across) + " cells";
+        const MakeWork work = in_scene(content, set_up_view(across), draw_view);
+        figures.figures.push_back({name + name_of(content),
+                                   {Goal::times_reference, most},
+                                   work,
+                                   "copying a picture",
+                                   copying_a_picture()});
+        figures.figures.push_back({name + name_of(content),
+                                   {Goal::times_faster, 5},
+                                   work,
+                                   "pixel by pixel",
+                                   in_scene(content, set_up_view(across), draw_literal_view)});
     }
 }
-BENCHMARK(decode<decode_layer_tiles, decode_layer3_tiles>)
-    ->Name("decode_formations")
-    ->ArgName("noise")
-    ->Arg(map_like)
-    ->Arg(noise);
-BENCHMARK(decode<literal_decode_layer_tiles, literal_decode_layer3_tiles>)
-    ->Name("decode_formations_literal")
-    ->ArgName("noise")
-    ->Arg(map_like)
-    ->Arg(noise);
+
+void add_decoding(Figures& figures, Content content) {
+    const MakeWork work =
+        in_scene(content, set_up_view(32), decode<decode_layer_tiles, decode_layer3_tiles>);
+    const std::string name = std::string("decode a tileset") + name_of(content);
+    figures.figures.push_back({name,
+                               {Goal::times_reference, 3.7},
+                               work,
+                               "copying its bitmaps",
+                               in_scene(content, set_up_view(32), copy_bitmaps)});
+    figures.figures.push_back(
+        {name,
+         {Goal::times_faster, 2},
+         work,
+         "pixel by pixel",
+         in_scene(content, set_up_view(32),
+                  decode<literal_decode_layer_tiles, literal_decode_layer3_tiles>)});
+}
+
+void add_scroll_step(Figures& figures, int across, int dx, int dy) {
+    const Step prepare = [=](Scene& scene) {
+        scene.view.cells_across = across;
+        scene.view.h = scene.view.v = 8;
+    };
+    figures.figures.push_back({"scroll " + std::to_string(across) + " by " +
+                                   std::to_string(across) + " cells " + (dx ? "sideways" : "up"),
+                               {Goal::times_reference, 1.3},
+                               in_scene(noise, prepare,
+                                        [=](Scene& scene) {
+                                            scroll_picture(scene.bitmaps, scene.view, 8 - dx,
+                                                           8 - dy, scene.picture);
+                                        }),
+                               "copying a picture",
+                               copying_a_picture()});
+}
 
 } // namespace
 
-} // namespace veldrune
+void add_render_figures(Figures& figures) {
+    add_views(figures, map_like, 2.9);
+    add_views(figures, noise, 3.9);
+    for (const int across : {32, 16, 8, 4}) {
+        add_scroll_step(figures, across, 1, 0);
+        add_scroll_step(figures, across, 0, -1);
+    }
+    add_decoding(figures, map_like);
+    add_decoding(figures, noise);
+    figures.growths.push_back({"draw rows of 32 cells", {4, 8, 16, 32}, [](int rows) {
+                                   return in_scene(map_like, set_up_view(32),
+                                                   [=](Scene& scene) { draw_rows(scene, rows); })();
+                               }});
+}
+
+} // namespace veldrune::bench

@@ -55,7 +55,8 @@ struct Noise {
     }
     float operator()(int x, int y, float grain) const {
         float sum = 0;
-        for (float height = 1; height > 0.1F; height /= 2, grain /= 2)
+        float height = 1;
+        for (int octave = 0; octave < 4; ++octave, height /= 2, grain /= 2)
             sum += height * smooth(static_cast<float>(x) / grain, static_cast<float>(y) / grain);
         return sum;
     }

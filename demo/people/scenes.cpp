@@ -68,10 +68,9 @@ std::string sample(int code) {
             counted = true;
             break;
         case ParameterKind::offset_list:
-            words =
-                (counted ? words
-                         : "4B\n| Which one?\n| > This one.\n| > That one.\n| > Both.\n" + words) +
-                " @light @quake @wrong";
+            if (!counted)
+                words.insert(0, "4B\n| Which one?\n| > This one.\n| > That one.\n| > Both.\n");
+            words += " @light @quake @wrong";
             break;
         default:
             words += bytes_from(code, 1);

@@ -147,8 +147,9 @@ std::string_view decode_dialogue_byte(std::uint8_t byte) {
 DialogueText wrap_dialogue(std::string text) {
     std::size_t lines = 1;
     std::size_t start = 0; // after the last place that has ended a line
+    std::size_t end = 0;
     while (text.size() > line_width && text.size() - start >= line_width) {
-        const std::size_t end = line_end(text, start);
+        end = line_end(text, start);
         if (end == none)
             break;
         if (text[end] == ' ')
@@ -156,8 +157,10 @@ DialogueText wrap_dialogue(std::string text) {
         start = end + 1;
         ++lines;
     }
-    lines += count_from(text, line_break, start) + 1;
-    const std::uint8_t options = count_options(text);
+    // A last line without an end is one word, in which there is nothing to be counted.
+    const std::string_view counted = std::string_view(text).substr(0, end == none ? start : none);
+    lines += count_from(counted, line_break, start) + 1;
+    const std::uint8_t options = count_options(counted);
     return {std::move(text), static_cast<std::uint8_t>(lines), options};
 }
 

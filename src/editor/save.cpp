@@ -50,9 +50,14 @@ bool is_meant(EditorState& state, const std::string& doubts) {
                                   "\nSave all the same?");
 }
 
-bool map_save_is_meant(EditorState& state, SaveKind kind) {
-    return is_meant(state, doubts_about_layers(state.rom, state.form1, state.map, kind,
-                                               state.work.compress_output));
+std::optional<PackedLayers> pack_map(EditorState& state) {
+    return pack_layers(state.form1, state.map.layers, state.work.compress_output);
+}
+
+bool map_save_is_meant(EditorState& state, const std::optional<PackedLayers>& packed,
+                       SaveKind kind) {
+    return !packed || // is refused when its turn comes
+           is_meant(state, doubts_about_layers(state.rom, state.form1, state.map, *packed, kind));
 }
 
 bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> stream) {
@@ -89,9 +94,10 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
     return true;
 }
 
-bool write_map(EditorState& state, MapProperties& record, SaveKind kind) {
+bool write_map(EditorState& state, const std::optional<PackedLayers>& packed, MapProperties& record,
+               SaveKind kind) {
     ChosenMap& map = state.map;
-    if (!save_layers(state.rom, state.form1, map.layers, state.work.compress_output, state.dialogs))
+    if (!save_layers(state.rom, state.form1, map.layers, packed, state.dialogs))
         return false;
     return kind == SaveKind::save
                ? save_map_properties(state.rom, state.form1, record, map.map_index, state.dialogs)
@@ -101,9 +107,9 @@ bool write_map(EditorState& state, MapProperties& record, SaveKind kind) {
 
 // True if the whole map has been written and is on the disk; it then counts as read from the open
 // image.
-bool save_map(EditorState& state, SaveKind kind) {
+bool save_map(EditorState& state, const std::optional<PackedLayers>& packed, SaveKind kind) {
     MapProperties record = state.map.map_properties;
-    const bool written = write_map(state, record, kind);
+    const bool written = write_map(state, packed, record, kind);
     if (!flush_or_report(state.rom, state.dialogs) || !written)
         return false;
     state.map.map_properties = record;
@@ -127,8 +133,9 @@ void save(EditorState& state) {
         !may_write(state.rom, state.dialogs) || !may_leave_painting(state))
         return;
     if (!state.world_map_open) {
-        if (map_save_is_meant(state, SaveKind::save))
-            save_map(state, SaveKind::save);
+        const auto packed = pack_map(state);
+        if (map_save_is_meant(state, packed, SaveKind::save))
+            save_map(state, packed, SaveKind::save);
         return;
     }
     const auto stream = pack_world(state.world, state.work.compress_output);
@@ -146,15 +153,18 @@ void save_as(EditorState& state) {
     const bool map = something && !state.world_map_open;
     if (something && !may_leave_painting(state))
         return;
+    std::optional<PackedLayers> packed;
     std::span<const std::uint8_t> stream;
+    if (map)
+        packed = pack_map(state);
     if (world)
         stream = pack_world(state.world, state.work.compress_output);
-    if ((map && !map_save_is_meant(state, SaveKind::save_as)) ||
+    if ((map && !map_save_is_meant(state, packed, SaveKind::save_as)) ||
         (world && !world_save_is_meant(state, stream)) || !switch_to_copy(state, *path))
         return;
     if (world)
         save_world(state, stream);
-    if (!map || save_map(state, SaveKind::save_as))
+    if (!map || save_map(state, packed, SaveKind::save_as))
         set_image_path(state, *path);
 }
 

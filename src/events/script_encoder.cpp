@@ -11,6 +11,7 @@ class Encoder {
     Encoder(const ScriptGrid& grid, Dialogs& dialogs) : grid_(grid), dialogs_(dialogs) {}
 
     EncodedScript encode() {
+        script_.bytes.reserve(grid_.size()); // about a row a byte
         while (!script_.refusal && !ended_)
             encode_command();
         return std::move(script_);
@@ -149,9 +150,10 @@ class Encoder {
         return true;
     }
 
-    // No other column of a row that has its value in this one holds any.
+    // No other column of a row that has its value in this one holds any. The primary one, where it
+    // is another, is blank: the row would begin a command.
     bool holds_value_alone(int row, ScriptColumn its_column) {
-        for (const ScriptColumn column : {primary, secondary, tertiary})
+        for (const ScriptColumn column : {secondary, tertiary})
             if (column != its_column && !is_blank(cell_at(row, column)))
                 return refuse(row, column, "it has no value in that column");
         return true;

@@ -1,6 +1,7 @@
 #include "events/script_grid.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace veldrune {
@@ -16,6 +17,16 @@ std::string without(std::string_view text, std::string_view dropped) {
                          [&](char c) { return dropped.find(c) == std::string_view::npos; });
     return kept;
 }
+
+// The value of every character; 0x10 where it is no digit.
+constexpr auto hex_digits = [] {
+    std::array<std::uint8_t, 256> values;
+    values.fill(0x10);
+    for (std::uint8_t digit = 0; digit < 0x10; ++digit)
+        values[static_cast<unsigned char>("0123456789ABCDEF"[digit])] =
+            values[static_cast<unsigned char>("0123456789abcdef"[digit])] = digit;
+    return values;
+}();
 
 bool is_row(const ScriptGrid& grid, int row) {
     return row >= 0 && row < static_cast<int>(grid.size());
@@ -61,10 +72,6 @@ std::string cell_text(std::string_view value) {
     return std::string(1, ' ').append(value);
 }
 
-bool is_blank(std::string_view cell) {
-    return cell.find_first_not_of(' ') == std::string_view::npos;
-}
-
 bool is_blank(const ScriptRow& row) {
     return std::ranges::all_of(row.cells, [](const std::string& cell) { return is_blank(cell); });
 }
@@ -84,12 +91,10 @@ std::optional<std::uint64_t> plain_hex(std::string_view cell) {
     for (const char c : cell) {
         if (c == ' ')
             continue;
-        const bool decimal = c >= '0' && c <= '9';
-        const char letter = static_cast<char>(c & ~0x20);
-        if (!decimal && (letter < 'A' || letter > 'F'))
+        const unsigned digit = hex_digits[static_cast<unsigned char>(c)];
+        if (digit > 0xF)
             return std::nullopt;
-        value = std::min(
-            beyond, value * 16 + static_cast<std::uint64_t>(decimal ? c - '0' : letter - 'A' + 10));
+        value = std::min(beyond, value * 16 + digit);
         any = true;
     }
     return any ? std::optional(value) : std::nullopt;

@@ -3,6 +3,7 @@
 #include "forms/form9.h"
 #include "rom/rom_layout.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -35,7 +36,9 @@ ScriptRow blank_script_row(std::string_view label = {});
 std::string cell_text(std::string_view value);
 
 /// Whether a cell holds only blanks.
-bool is_blank(std::string_view cell);
+inline bool is_blank(std::string_view cell) {
+    return std::ranges::all_of(cell, [](char c) { return c == ' '; });
+}
 /// Whether all cells of a row are blank.
 bool is_blank(const ScriptRow& row);
 /// A cell's text less its blanks and, if wanted, its line breaks.

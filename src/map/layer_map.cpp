@@ -19,10 +19,11 @@ void load_layer(const RomImage& rom, LayerSize size, DecompressBuffer& buffer, L
 }
 
 void pack_layer(const LayerMap& map, int width, int height, std::span<std::uint8_t> bytes) {
-    auto out = bytes.begin();
-    for (int row = 0; row < height; ++row)
-        for (int column = 0; column < width; ++column)
-            *out++ = LayerMap::contains(column, row) ? map.at(column, row) : std::uint8_t{0};
+    std::ranges::fill(bytes, std::uint8_t{0});
+    const int columns = std::min(width, LayerMap::columns);
+    for (int row = 0; row < std::min(height, LayerMap::rows); ++row)
+        std::copy_n(map.cells.begin() + row * LayerMap::columns, columns,
+                    bytes.begin() + row * width);
 }
 
 } // namespace veldrune

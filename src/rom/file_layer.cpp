@@ -48,7 +48,7 @@ unsigned permissions_of(const struct stat& status) {
 
 // Uses the system's own calls: the standard library can't identify an open file whose name has
 // changed since, and reports a full disk late.
-class DiskFile : public File {
+class DiskFile final : public File {
   public:
     explicit DiskFile(int descriptor) : descriptor_(descriptor) {}
     ~DiskFile() override { close(); }

@@ -1,14 +1,12 @@
 #include "saving/save_doubts.h"
 
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "rom/rehearsal.h"
 #include "rom/rom_layout.h"
 #include "rom/snes_address.h"
-#include "saving/save_layers.h"
 #include "saving/save_properties.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 namespace veldrune {
@@ -16,42 +14,28 @@ namespace {
 
 constexpr int data_number_count = 1024; // that ten bits of a record can name
 
-// A layer as its pass would write it.
+// A layer, and where its pass would write it.
 struct PlannedLayer {
-    LayerSize size;
-    std::int32_t location = 0;
-    std::vector<std::uint8_t> stream; // empty where it would be too long
+    const PackedLayer& packed;
+    std::int32_t location;
 
-    std::int64_t end() const { return location + static_cast<std::int64_t>(stream.size()); }
+    std::int64_t end() const { return location + static_cast<std::int64_t>(packed.stream.size()); }
 };
-using PlannedLayers = std::array<PlannedLayer, layer_count>;
 
-// The passes of the save, without a word and as if none of them ended it.
-std::optional<PlannedLayers> plan_layers(Form1& form, const ChosenMap& map,
-                                         CompressOutput& output) {
-    SilentDialogs silent;
-    const std::optional<LayerSizes> sizes = sizes_to_save(form, map.layers, silent);
-    if (!sizes)
-        return std::nullopt;
-    PlannedLayers planned;
-    for (std::size_t at = 0; at < planned.size(); ++at) {
-        std::string location = form.*layer_controls[at].location;
-        planned[at].size = (*sizes)[at];
-        planned[at].location = parse_hex_text(location, silent);
-        if (const auto length = compress_tiles(map.layers[at].map, (*sizes)[at], output))
-            planned[at].stream.assign(output.begin(),
-                                      output.begin() + static_cast<std::ptrdiff_t>(*length));
-    }
-    return planned;
+PlannedLayer planned_layer(const PackedLayers& packed, const Form1& form, int index) {
+    return {packed[static_cast<std::size_t>(index)],
+            field_number(form, layer_controls[index].location).value};
+};
 }
 
-// Writes to rom what the save would write.
-void rehearse(RomImage& rom, const PlannedLayers& planned, Form1 form, const ChosenMap& map,
+// Writes to rom what the save would write, without a word and as if nothing ended it. The fields'
+// texts are read on a copy and stay as they were typed.
+void rehearse(RomImage& rom, const PackedLayers& packed, Form1 form, const ChosenMap& map,
               SaveKind kind) {
     SilentDialogs silent;
     for (const int index : layer_save_order) {
-        const PlannedLayer& layer = planned[static_cast<std::size_t>(index)];
-        rom.write(layer.location, layer.stream);
+        const PlannedLayer layer = planned_layer(packed, form, index);
+        rom.write(layer.location, layer.packed.stream);
     }
     MapProperties record = map.map_properties;
     if (kind == SaveKind::save)
@@ -72,12 +56,14 @@ std::string loss(const RomImage& after, int map_index, int index, const PlannedL
     if (found != layer.location)
         return "its pointer would lead to " + format_hex(found) + " instead.";
     const LayerSize size = layer_size(record, index);
-    if (compare_size && (size.width != layer.size.width || size.height != layer.size.height))
+    if (compare_size &&
+        (size.width != layer.packed.size.width || size.height != layer.packed.size.height))
         return "the map's record would say " + std::to_string(size.width) + " times " +
                std::to_string(size.height) + " tiles.";
-    std::vector<std::uint8_t> stream(layer.stream.size());
+    std::vector<std::uint8_t> stream(layer.packed.stream.size());
     after.read(layer.location, stream);
-    return stream == layer.stream ? "" : "another part of this save would be written over it.";
+    return stream == layer.packed.stream ? ""
+                                         : "another part of this save would be written over it.";
 }
 
 // The data numbers that the records of all maps have.
@@ -122,19 +108,15 @@ std::string beyond_the_largest_image(std::int64_t end) {
 } // namespace
 
 std::string doubts_about_layers(const RomImage& rom, const Form1& form, const ChosenMap& map,
-                                SaveKind kind, CompressOutput& output) {
+                                const PackedLayers& packed, SaveKind kind) {
     const ReadWatch reads(rom);
-    Form1 copy = form; // its texts are read without a word, and stay as they were typed
-    const std::optional<PlannedLayers> planned = plan_layers(copy, map, output);
-    if (!planned)
-        return "";
     Rehearsal rehearsal(rom);
-    rehearse(rehearsal.rom(), *planned, copy, map, kind);
+    rehearse(rehearsal.rom(), packed, form, map, kind);
     std::string doubts;
     for (const int index : layer_save_order) {
-        const PlannedLayer& layer = (*planned)[static_cast<std::size_t>(index)];
+        const PlannedLayer layer = planned_layer(packed, form, index);
         const bool missing = is_missing_layer(form, index);
-        if (layer.stream.empty() || (missing && kind == SaveKind::save))
+        if (layer.packed.stream.empty() || (missing && kind == SaveKind::save))
             continue;
         std::string why = loss(rehearsal.rom(), map.map_index, index, layer, !missing);
         if (why.empty())

@@ -32,7 +32,8 @@ void warn_about_size(Form1& form, int index, Dialogs& dialogs) {
 }
 
 // Why the layer can't be saved, or an empty text.
-std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& layer) {
+std::string obstacle(const Form1& form, int index, const Layer& layer) {
+    const LayerSize size = saved_size(form, index);
     const std::int64_t tiles = std::int64_t{size.width} * size.height;
     if (layer.rows_missing && !is_missing_layer(form, index))
         return "it is 128 tiles high, and only 64 of its rows could be loaded.";
@@ -42,17 +43,37 @@ std::string obstacle(const Form1& form, int index, LayerSize size, const Layer& 
            std::to_string(size.width) + " times " + std::to_string(size.height) + ".";
 }
 
-bool save_layer(RomImage& rom, Form1& form, int index, LayerSize size, const Layer& layer,
-                CompressOutput& output, Dialogs& dialogs) {
+// Reports the first layer that can't be saved with its size.
+bool refuse_sizes(Form1& form, const std::array<Layer, layer_count>& layers, Dialogs& dialogs) {
+    for (const int index : layer_save_order) {
+        const std::string why = obstacle(form, index, layers[static_cast<std::size_t>(index)]);
+        if (why.empty())
+            continue;
+        warn_about_size(form, index, dialogs); // a text that is no number may be the cause
+        refuse_to_save(layer_words[index], why, dialogs);
+        return true;
+    }
+    return false;
+}
+
+std::vector<std::uint8_t> packed_tiles(const LayerMap& map, LayerSize size,
+                                       CompressOutput& output) {
+    std::array<std::uint8_t, max_tiles> tiles;
+    const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
+    pack_layer(map, size.width, size.height, source);
+    const std::size_t length = compress_layer(source, output).value_or(0);
+    return {output.data(), output.data() + length};
+}
+
+bool save_layer(RomImage& rom, Form1& form, int index, const Layer& layer,
+                std::span<const std::uint8_t> stream, Dialogs& dialogs) {
     warn_about_size(form, index, dialogs);
     const int location = read_field(form, layer_controls[index].location, dialogs).value;
-    const std::optional<std::size_t> length = compress_tiles(layer.map, size, output);
-    if (!length) {
-        refuse_long_stream(layer_words[index], layer_stream_limit, ".", dialogs);
-        return false;
-    }
-    return save_stream(rom, location, std::span(output).first(*length), layer.layer_packed_size,
-                       layer_words[index], dialogs);
+    if (!stream.empty())
+        return save_stream(rom, location, stream, layer.layer_packed_size, layer_words[index],
+                           dialogs);
+    refuse_long_stream(layer_words[index], layer_stream_limit, ".", dialogs);
+    return false;
 }
 
 } // namespace
@@ -61,38 +82,27 @@ bool is_missing_layer(const Form1& form, int index) {
     return index == 2 && form.*layer_controls[index].location == EMPTY_LAYER_TEXT;
 }
 
-std::optional<LayerSizes> sizes_to_save(Form1& form, const std::array<Layer, layer_count>& layers,
-                                        Dialogs& dialogs) {
-    LayerSizes sizes;
-    for (const int index : layer_save_order) {
+std::optional<PackedLayers> pack_layers(const Form1& form,
+                                        const std::array<Layer, layer_count>& layers,
+                                        CompressOutput& output) {
+    PackedLayers packed;
+    for (int index = 0; index < layer_count; ++index) {
         const auto at = static_cast<std::size_t>(index);
-        sizes[at] = saved_size(form, index);
-        const std::string why = obstacle(form, index, sizes[at], layers[at]);
-        if (why.empty())
-            continue;
-        warn_about_size(form, index, dialogs); // a text that is no number may be the cause
-        refuse_to_save(layer_words[index], why, dialogs);
-        return std::nullopt;
+        if (!obstacle(form, index, layers[at]).empty())
+            return std::nullopt;
+        const LayerSize size = saved_size(form, index);
+        packed[at] = {size, packed_tiles(layers[at].map, size, output)};
     }
-    return sizes;
-}
-
-std::optional<std::size_t> compress_tiles(const LayerMap& map, LayerSize size,
-                                          CompressOutput& output) {
-    std::array<std::uint8_t, max_tiles> tiles;
-    const auto source = std::span(tiles).first(static_cast<std::size_t>(size.width * size.height));
-    pack_layer(map, size.width, size.height, source);
-    return compress_layer(source, output);
+    return packed;
 }
 
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
-                 CompressOutput& output, Dialogs& dialogs) {
-    const std::optional<LayerSizes> sizes = sizes_to_save(form, layers, dialogs);
-    if (!sizes)
+                 const std::optional<PackedLayers>& packed, Dialogs& dialogs) {
+    if (refuse_sizes(form, layers, dialogs) || !packed)
         return false;
     for (const int index : layer_save_order) {
         const auto at = static_cast<std::size_t>(index);
-        if (!save_layer(rom, form, index, (*sizes)[at], layers[at], output, dialogs))
+        if (!save_layer(rom, form, index, layers[at], (*packed)[at].stream, dialogs))
             return false;
     }
     return true;

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace veldrune {
 
@@ -17,22 +18,24 @@ inline constexpr int layer_save_order[layer_count] = {0, 2, 1};
 /// Whether a layer, 0 to 2, is the one that a map without a layer 3 shares with all others like it.
 bool is_missing_layer(const Form1& form, int index);
 
-using LayerSizes = std::array<LayerSize, layer_count>;
-/// The sizes of the layers as they are saved. Nothing where one of them can't be saved, which is
-/// reported.
-std::optional<LayerSizes> sizes_to_save(Form1& form, const std::array<Layer, layer_count>& layers,
-                                        Dialogs& dialogs);
+/// A layer as a save writes it.
+struct PackedLayer {
+    LayerSize size;
+    std::vector<std::uint8_t> stream; // empty where it would be too long
+};
+using PackedLayers = std::array<PackedLayer, layer_count>;
 
-/// Compresses width times height tiles, 1 to 8192, of a layer. Returns the length of the stream in
-/// output, or nothing where it would be too long.
-std::optional<std::size_t> compress_tiles(const LayerMap& map, LayerSize size,
-                                          CompressOutput& output);
+/// The layers, packed with the sizes of the fields. Nothing where one of them can't be saved with
+/// its size.
+std::optional<PackedLayers> pack_layers(const Form1& form,
+                                        const std::array<Layer, layer_count>& layers,
+                                        CompressOutput& output);
 
-/// Compresses the three layers and writes each stream at the file offset in its "Map Data Location"
-/// field, layer 1 first, then 3, then 2. Asks before it writes a stream longer than the one loaded.
-/// True if all three were written. False ends the save: the user cancelled, or a message has said
-/// why a layer can't be saved or written; the layers before it stay written.
+/// Writes the three layers, as pack_layers has made them, each at the file offset in its "Map Data
+/// Location" field, layer 1 first, then 3, then 2. Asks before it writes a stream longer than the
+/// one loaded. True if all three were written. False ends the save: the user cancelled, or a
+/// message has said why a layer can't be saved or written; the layers before it stay written.
 bool save_layers(RomImage& rom, Form1& form, const std::array<Layer, layer_count>& layers,
-                 CompressOutput& output, Dialogs& dialogs);
+                 const std::optional<PackedLayers>& packed, Dialogs& dialogs);
 
 } // namespace veldrune

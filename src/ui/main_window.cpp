@@ -79,7 +79,7 @@ void MainWindow::build_panels() {
     area->setWidget(panels);
     setCentralWidget(area);
     const QSize frame(16, 48); // estimated size of the window frame
-    resize(sizeHint().boundedTo(screen()->availableSize() - frame));
+    resize(MainWindow::sizeHint().boundedTo(screen()->availableSize() - frame));
 }
 
 QSize MainWindow::sizeHint() const {
