@@ -2,6 +2,7 @@
 
 #include "editor/tile_chooser.h"
 #include "ui/pixel_picture.h"
+#include "ui/screen_place.h"
 
 #include <QMouseEvent>
 #include <QShortcut>
@@ -56,15 +57,13 @@ TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& parent)
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(sheet);
-    setCentralWidget(panel);
-    QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
+    setCentralWidget(new ScrolledPanel(panel));
     // Works in the layer palette, too, which is a child of this window.
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
-    QRect place(QPoint(0, 0), sizeHint()); // on the right, to leave the map picture visible
-    place.moveCenter(parent.frameGeometry().center());
-    place.moveRight(parent.frameGeometry().right());
-    move(place.topLeft());
+    // There it leaves the map picture visible.
+    place_on_screen(*this, parent.frameGeometry(), Qt::AlignRight | Qt::AlignVCenter);
+    setFixedSize(size());
 }
 
 } // namespace veldrune

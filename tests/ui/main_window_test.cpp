@@ -74,6 +74,21 @@ TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
 
 TEST_F(TownWindowTest, SaveAsGoesOnInTheCopy) {
     const QTemporaryDir folder;
+    QString place, name; // that the dialog starts with
+    answers.meanwhile = [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        place = dialog->directory().path();
+        name = dialog->selectedFiles().value(0);
+    };
+    disk[folder.filePath("v1.0.smc").toStdString()] = demo_bytes();
+    ASSERT_TRUE(QFile(folder.filePath("v1.0-2.smc")).open(QIODevice::WriteOnly));
+    open_image_file(*state, folder.filePath("v1.0.smc").toStdString());
+    user.choose_map(town);
+    user.choose("Open");
+    EXPECT_EQ(place, folder.path());
+    user.choose("SaveAs");
+    EXPECT_EQ(name, folder.filePath("v1.0-3.smc"));
+    answers.boxes.clear();
     answers.file_name = folder.filePath("copy");
     user.choose("SaveAs");
     const std::string copy = folder.filePath("copy.smc").toStdString();
@@ -86,11 +101,21 @@ TEST_F(MainWindowTest, AFileThatIsDroppedIsOpened) {
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile("/a.smc")});
     disk["/a.smc"] = demo_bytes();
-    QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &drop);
+    const auto drop = [&](Qt::DropActions offered) { // and what each event asks for, if accepted
+        QDragEnterEvent enter({}, offered, &files, Qt::LeftButton, {});
+        QDragMoveEvent move({}, offered, &files, Qt::LeftButton, {});
+        QDropEvent dropped({}, offered, &files, Qt::LeftButton, {});
+        Qt::DropActions taken;
+        for (QDropEvent* event :
+             {static_cast<QDropEvent*>(&enter), static_cast<QDropEvent*>(&move), &dropped}) {
+            QApplication::sendEvent(&window, event);
+            taken |= event->isAccepted() ? event->dropAction() : Qt::TargetMoveAction;
+        }
+        return taken;
+    };
+    EXPECT_EQ(drop(Qt::MoveAction), Qt::TargetMoveAction) << "its source may delete it";
+    EXPECT_EQ(user.text("Label20"), "");
+    EXPECT_EQ(drop(Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
     EXPECT_EQ(user.text("Label20"), "/a.smc");
 }
 
@@ -235,7 +260,7 @@ TEST_F(TownWindowTest, TheEntriesOfTheMenusRun) {
 
 TEST_F(TownWindowTest, TheTabKeyGoesThroughTheControlsInTheirOrder) {
     EXPECT_EQ(user.tab_order("Combo1"),
-              "Combo1 Command3 Command2 Command1 Command4 Command5 Text4 Option10 Option4 Option1 "
+              "Combo1 Command3 Command2 Command1 Command4 Command5 Text4 Option10 Option5 Option1 "
               "Check5 Check6 Check7 Check1 Check2 Check3 Check4 Text2 Text1 Text21 Text5 Text3 "
               "Text22 Text6 Text7 Text23 Text14 Text12 Text25 Text39 Text40 Text42 Text43 Text8 "
               "Text9 Text10 Text11 Text18 Text13 Text16 Text17 Text37 Text45 Text44 Text46 Text41 "
