@@ -6,7 +6,6 @@
 
 #include <QButtonGroup>
 #include <QRadioButton>
-#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace veldrune {
@@ -41,12 +40,13 @@ LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& parent)
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-// Appears at the chooser's upper left corner.
-void LayerPalette::showEvent(QShowEvent* event) {
-    const QRect corner = parentWidget()->frameGeometry().translated(-1, 1);
-    if (!event->spontaneous()) // no move when the user restores the minimised window
-        place_on_screen(*this, corner, Qt::AlignLeft | Qt::AlignTop);
-    SideWindow::showEvent(event);
+// Appears at the chooser's upper left corner. It is placed before it shows: later on the system
+// would take the place for one without the frame.
+void LayerPalette::setVisible(bool visible) {
+    if (visible && !isVisible())
+        place_on_screen(*this, parentWidget()->frameGeometry().translated(-1, 1),
+                        Qt::AlignLeft | Qt::AlignTop);
+    SideWindow::setVisible(visible);
 }
 
 } // namespace veldrune
