@@ -7,9 +7,9 @@ void set_image_path(EditorState& state, const std::string& path) {
     state.form1.Label20 = path;
 }
 
-void open_image_file(EditorState& state, const std::string& path) {
+bool open_image_file(EditorState& state, const std::string& path) {
     if (!state.rom.open(path))
-        return;
+        return false;
     set_image_path(state, path);
     state.rom_open = true;
     state.form1.Combo1_enabled = true;
@@ -19,10 +19,11 @@ void open_image_file(EditorState& state, const std::string& path) {
                               path + " is open in another editor, too. What one of them saves can "
                                      "overwrite what the other one has saved.",
                               warning_title);
+    return true;
 }
 
 void open_image(EditorState& state) {
-    if (const auto path = state.dialogs.open_file_name())
+    if (const auto path = state.dialogs.open_file_name(state.rom.path()))
         open_image_file(state, *path);
 }
 

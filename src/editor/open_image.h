@@ -10,8 +10,8 @@ namespace veldrune {
 void open_image(EditorState& state);
 
 /// Opens the image at path instead of the open one and enables the map list. If that fails, the
-/// former image stays open and no message is shown.
-void open_image_file(EditorState& state, const std::string& path);
+/// former image stays open, no message is shown, and the result is false.
+bool open_image_file(EditorState& state, const std::string& path);
 
 /// Keeps and shows path as that of the open image.
 void set_image_path(EditorState& state, const std::string& path);

@@ -145,7 +145,7 @@ void save(EditorState& state) {
 
 // After the save of a world map the window shows the path of the copy, even if that save failed.
 void save_as(EditorState& state) {
-    const auto path = state.dialogs.save_file_name();
+    const auto path = state.dialogs.save_file_name(state.rom.path());
     if (!path || !may_save_foreign_map(state))
         return;
     const bool something = source_of_save(state).has_value();

@@ -32,10 +32,12 @@ class Dialogs {
     void error(const std::string& text) { message(MessageKind::error, text, error_title); }
     /// A question with OK and Cancel, under the default title. True for OK.
     virtual bool question(const std::string& text) = 0;
-    /// The name of a file to open, or nothing where the user cancelled.
-    virtual std::optional<std::string> open_file_name() = 0;
-    /// The name of a file to write, or nothing where the user cancelled.
-    virtual std::optional<std::string> save_file_name() = 0;
+    /// The name of a file to open, or nothing where the user cancelled. The dialog starts in the
+    /// folder of image, the path of the open one, if any.
+    virtual std::optional<std::string> open_file_name(const std::string& image) = 0;
+    /// The name of a file to write, or nothing where the user cancelled. The dialog starts with a
+    /// free name beside image.
+    virtual std::optional<std::string> save_file_name(const std::string& image) = 0;
 };
 
 /// Says nothing and agrees to everything: for looking ahead at what an operation would do.
@@ -43,8 +45,8 @@ class SilentDialogs : public Dialogs {
   public:
     void message(MessageKind, const std::string&, const std::string&) override {}
     bool question(const std::string&) override { return true; }
-    std::optional<std::string> open_file_name() override { return std::nullopt; }
-    std::optional<std::string> save_file_name() override { return std::nullopt; }
+    std::optional<std::string> open_file_name(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> save_file_name(const std::string&) override { return std::nullopt; }
 };
 
 } // namespace veldrune

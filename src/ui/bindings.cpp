@@ -2,6 +2,7 @@
 
 #include "ui/override_cursor.h"
 
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -93,6 +94,15 @@ void Bindings::list(QComboBox* list, int& row, const Action& on_change) {
     on_show([list, &row] {
         const QSignalBlocker blocked(list);
         list->setCurrentIndex(row);
+    });
+}
+
+void Bindings::tab_stop(QButtonGroup* group) {
+    on_show([group] {
+        const QAbstractButton* pressed = group->checkedButton();
+        for (QAbstractButton* button : group->buttons())
+            button->setFocusPolicy(!pressed || button == pressed ? Qt::StrongFocus
+                                                                 : Qt::ClickFocus);
     });
 }
 

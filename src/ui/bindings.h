@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+class QButtonGroup;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -47,6 +48,10 @@ class Bindings {
                          [this, &value, own, on_change] { edit([&] { value = own; }, on_change); });
         on_show([button, &value, own] { show_checked(button, value == own); });
     }
+    /// The Tab key goes to the pressed button of a group, or to each where none is pressed. To be
+    /// called after the buttons are bound. Qt cares for this only once one of them has had the
+    /// focus.
+    void tab_stop(QButtonGroup* group);
     /// Adds an update that every show() runs, for anything else that depends on the state.
     void on_show(Action update) { updates_.push_back(std::move(update)); }
 

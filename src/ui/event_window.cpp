@@ -2,6 +2,7 @@
 
 #include "editor/event_editor.h"
 #include "ui/menus.h"
+#include "ui/screen_place.h"
 #include "ui/script_view.h"
 #include "ui/tips.h"
 
@@ -9,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 
 namespace veldrune {
@@ -47,7 +47,7 @@ EventWindow::EventWindow(EditorState& state, EditGate& gate)
     column->addLayout(make_bar());
     column->addWidget(grid_, 1);
     setCentralWidget(panel);
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    fit_to_screen(*this);
     bindings_.on_show([this] { show_script(); });
     bind_raise_request(state.form9.raise_requested);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,

@@ -9,9 +9,7 @@ namespace veldrune {
 class LayerPalette : public SideWindow {
   public:
     LayerPalette(EditorState& state, EditGate& gate, QWidget& parent);
-
-  protected:
-    void showEvent(QShowEvent* event) override;
+    void setVisible(bool visible) override;
 };
 
 } // namespace veldrune

@@ -1,19 +1,18 @@
 #include "ui/main_window.h"
 
 #include "editor/open_image.h"
+#include "editor/select_map.h"
 #include "editor/tile_chooser.h"
 #include "ui/edit_gate.h"
 #include "ui/icons.h"
 #include "ui/map_picture.h"
 #include "ui/menus.h"
 #include "ui/panels.h"
+#include "ui/screen_place.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>
-#include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
-#include <QScrollArea>
 
 namespace veldrune {
 
@@ -50,6 +49,13 @@ QString dropped_file(const QDropEvent& event) {
     return urls.size() == 1 ? urls[0].toLocalFile() : QString();
 }
 
+// Takes a file as a copy only: after a move its source may delete it.
+void accept_as_copy(QDropEvent& event, const EditGate& gate) {
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(!gate.busy() && event.possibleActions() & Qt::CopyAction &&
+                      !dropped_file(event).isEmpty());
+}
+
 } // namespace
 
 MainWindow::MainWindow(EditorState& state, EditGate& gate)
@@ -71,28 +77,26 @@ void MainWindow::build_panels() {
     layout->addWidget(make_tools_panel(controls_));
     layout->addWidget(make_properties_panel(controls_));
     layout->addStretch(1);
-
-    auto* area = new QScrollArea; // for screens smaller than the window
-    area->setFrameStyle(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(panels);
-    setCentralWidget(area);
-    const QSize frame(16, 48); // estimated size of the window frame
-    resize(MainWindow::sizeHint().boundedTo(screen()->availableSize() - frame));
-}
-
-QSize MainWindow::sizeHint() const {
-    const QWidget* panels = static_cast<QScrollArea*>(centralWidget())->widget();
-    return panels->sizeHint() + QSize(0, menuBar()->sizeHint().height());
+    setCentralWidget(new ScrolledPanel(panels));
+    fit_to_screen(*this);
 }
 
 void MainWindow::end_stroke() {
     picture_->end_stroke();
 }
 
-void MainWindow::open_file(const std::string& path) {
-    bindings_.edit_with_wait_cursor([&] { open_image_file(state_, path); });
+bool MainWindow::open_file(const std::string& path) {
+    bool opened = false;
+    bindings_.edit_with_wait_cursor([&] { opened = open_image_file(state_, path); });
+    return opened;
+}
+
+void MainWindow::build_map(int map) {
+    bindings_.edit_with_wait_cursor([&] {
+        state_.form1.Combo1 = map;
+        select_map(state_);
+        run_command(state_, Command::build_tileset);
+    });
 }
 
 // Closes the tile chooser, too. The object window and the Event Editor stay open.
@@ -102,13 +106,17 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!gate_.busy() && !dropped_file(*event).isEmpty())
-        event->acceptProposedAction();
+    accept_as_copy(*event, gate_);
+}
+
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
+    accept_as_copy(*event, gate_);
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    open_file(dropped_file(*event).toStdString());
+    accept_as_copy(*event, gate_);
+    if (event->isAccepted())
+        open_file(dropped_file(*event).toStdString());
 }
 
 } // namespace veldrune

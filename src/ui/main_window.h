@@ -23,14 +23,16 @@ class MainWindow : public QMainWindow {
     void show_state() const { bindings_.show(); }
     /// Ends a mouse stroke on the map picture, without a click.
     void end_stroke();
-    /// Opens the image at path, as File > Open does with the chosen file.
-    void open_file(const std::string& path);
-    /// The size at which everything is visible without scrolling.
-    QSize sizeHint() const override;
+    /// Opens the image at path, as File > Open does with the chosen file. False if it can't be
+    /// opened.
+    bool open_file(const std::string& path);
+    /// Chooses a map, as the map list does, and builds it.
+    void build_map(int map);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
   private:

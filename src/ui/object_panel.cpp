@@ -279,6 +279,7 @@ void add_options(const Panel& panel) {
         group->addButton(button);
         panel.grid.addWidget(button, option, 2, 1, 2);
     }
+    panel.bindings.tab_stop(group);
 }
 
 void add_preview(const Panel& panel) {

@@ -5,6 +5,7 @@
 #include "ui/main_window.h"
 #include "ui/menus.h"
 #include "ui/object_panel.h"
+#include "ui/screen_place.h"
 #include "ui/tips.h"
 
 #include <QGuiApplication>
@@ -20,10 +21,10 @@ namespace {
 
 // clang-format off
 constexpr MenuRow menu_rows[] = {
-    {0, "File",         "File"},
-    {1, "Save",         "Save",         Command::save_object, save_keys},
-    {0, "Event",        "Event"},
-    {1, "Event_Editor", "Event Editor", Command::open_event_editor},
+    {0, "File",         "&File"},
+    {1, "Save",         "&Save",         Command::save_object, save_keys},
+    {0, "Event",        "&Event"},
+    {1, "Event_Editor", "Event &Editor", Command::open_event_editor},
 };
 // clang-format on
 constexpr const char* tab_captions[object_tab_count] = {"NPC's", "Chests", "Events", "Entrances",
@@ -101,9 +102,8 @@ ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& ma
     build_panel();
     bindings_.show();
     bind_raise_request(state.form10.raise_requested);
-    QRect place(QPoint(0, 0), sizeHint()); // so that it covers little of the map picture
-    place.moveBottomRight(main_window.frameGeometry().bottomRight());
-    move(place.topLeft());
+    // There it covers little of the map picture.
+    place_on_screen(*this, main_window.frameGeometry(), Qt::AlignRight | Qt::AlignBottom);
 }
 
 void ObjectWindow::build_panel() {
@@ -115,7 +115,7 @@ void ObjectWindow::build_panel() {
     record->addWidget(make_record_number(state_, bindings_));
     column->addLayout(record);
     column->addWidget(make_object_panel(state_, bindings_), 1);
-    setCentralWidget(panel);
+    setCentralWidget(new ScrolledPanel(panel));
 }
 
 } // namespace veldrune

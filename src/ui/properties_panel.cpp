@@ -11,6 +11,7 @@ constexpr int heading_line = 0;
 constexpr int gap_line = 7; // between the properties of the layers and the others
 constexpr int battles_line = 13;
 constexpr int notes_line = 14;
+constexpr int free_line = 15; // below everything
 
 struct HeadingRow {
     const char* control;
@@ -143,8 +144,10 @@ void add_notes(const Controls& controls, QGridLayout& grid) {
     notes->setObjectName(text_row(&Form1::Text20).control);
     notes->setToolTip("Free text, for yourself. It is not kept.");
     notes->setTabChangesFocus(true);
-    notes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-    notes->setMinimumHeight(2 * notes->fontMetrics().lineSpacing() + 12);
+    notes->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    const int line = notes->fontMetrics().lineSpacing();
+    notes->setMinimumHeight(2 * line + 12);
+    notes->setMaximumHeight(12 * line);
     controls.bindings.lines(notes, controls.state.form1.Text20);
     QLabel* label = controls.label("Label19", "Notes");
     label->setBuddy(notes);
@@ -167,7 +170,7 @@ QWidget* make_properties_panel(const Controls& controls) {
         add_line(controls, *grid, row);
     grid->addWidget(controls.box(battles_row), battles_line, 1, 1, 3);
     add_notes(controls, *grid);
-    grid->setRowStretch(notes_line, 1);
+    grid->setRowStretch(free_line, 1);
     return panel;
 }
 

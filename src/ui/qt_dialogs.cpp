@@ -3,7 +3,9 @@
 #include "ui/override_cursor.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 namespace veldrune {
@@ -24,6 +26,16 @@ int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const 
 }
 
 constexpr const char* image_file_filter = "Super Nintendo Roms (*.smc);;All Files (*)";
+
+// A name beside the image that no file has: for x.smc it is x-2.smc, or the next number.
+QString free_name(const QFileInfo& image) {
+    const QString suffix = image.suffix().isEmpty() ? "" : "." + image.suffix();
+    for (int number = 2;; ++number) {
+        const QString name = image.completeBaseName() + "-" + QString::number(number) + suffix;
+        if (!image.dir().exists(name))
+            return image.dir().filePath(name);
+    }
+}
 
 std::optional<std::string> file_name(QFileDialog& dialog) {
     const OverrideCursor cursor(Qt::ArrowCursor);
@@ -69,14 +81,16 @@ bool QtDialogs::question(const std::string& text) {
                QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
-std::optional<std::string> QtDialogs::open_file_name() {
+std::optional<std::string> QtDialogs::open_file_name(const std::string& image) {
     before_box_();
     QFileDialog dialog(window_, "Open");
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (!image.empty())
+        dialog.setDirectory(QFileInfo(QString::fromStdString(image)).absolutePath());
     return file_name(dialog);
 }
 
-std::optional<std::string> QtDialogs::save_file_name() {
+std::optional<std::string> QtDialogs::save_file_name(const std::string& image) {
     before_box_();
     QFileDialog dialog(window_, "Save As");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -85,6 +99,9 @@ std::optional<std::string> QtDialogs::save_file_name() {
     };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, suffix_of);
     suffix_of("*.smc");
+    const QFileInfo name(free_name(QFileInfo(QString::fromStdString(image))));
+    dialog.setDirectory(name.absolutePath());
+    dialog.selectFile(name.fileName());
     return file_name(dialog);
 }
 

@@ -19,8 +19,8 @@ class QtDialogs : public Dialogs {
 
     void message(MessageKind kind, const std::string& text, const std::string& title) override;
     bool question(const std::string& text) override;
-    std::optional<std::string> open_file_name() override;
-    std::optional<std::string> save_file_name() override;
+    std::optional<std::string> open_file_name(const std::string& image) override;
+    std::optional<std::string> save_file_name(const std::string& image) override;
 
   private:
     void show_number_warning(const std::string& text, const QString& title);

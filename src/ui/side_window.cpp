@@ -9,8 +9,9 @@
 namespace veldrune {
 
 SideWindow::SideWindow(EditorState& state, EditGate& gate, const bool& visible,
-                       void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type)
-    : QMainWindow(parent, type), state_(state), bindings_(gate.gate(*this)), gate_(gate),
+                       void (*close_in_editor)(EditorState&), QWidget* parent,
+                       Qt::WindowFlags flags)
+    : QMainWindow(parent, flags), state_(state), bindings_(gate.gate(*this)), gate_(gate),
       visible_(visible), close_(close_in_editor) {
     setWindowIcon(window_icon());
     setContextMenuPolicy(Qt::NoContextMenu);

@@ -16,7 +16,7 @@ class SideWindow : public QMainWindow {
     /// close_in_editor is called when the user closes the window. parent is a window that this one
     /// stays in front of, or null.
     SideWindow(EditorState& state, EditGate& gate, const bool& visible,
-               void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowType type);
+               void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowFlags flags);
     void closeEvent(QCloseEvent* event) override;
     /// Lets the window come to the front when raise_requested is set, and clears raise_requested
     /// then.

@@ -3,6 +3,7 @@
 #include "editor/cell_info.h"
 #include "editor/tile_chooser.h"
 #include "ui/cell_picture.h"
+#include "ui/screen_place.h"
 
 #include <QLabel>
 #include <QScreen>
@@ -12,7 +13,6 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace veldrune {
@@ -20,7 +20,6 @@ namespace veldrune {
 namespace {
 
 constexpr int margin = 3;
-constexpr QSize frame(16, 48); // estimated size of the window frame
 
 // Picture1. Passes clicks to the editor, in pixels of the picture.
 class SheetPicture : public CellPicture {
@@ -110,15 +109,13 @@ TileChooser::TileChooser(EditorState& state, EditGate& gate, QWidget& parent)
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
     fit_screen();
-    QRect place(QPoint(0, 0), sizeHint()); // on the right, to leave the map picture visible
-    place.moveCenter(parent.frameGeometry().center());
-    place.moveRight(parent.frameGeometry().right());
-    move(place.topLeft());
+    // On the right it leaves the map picture visible.
+    place_on_screen(*this, parent.frameGeometry(), Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void TileChooser::fit_screen() {
     const QSize around(2 * margin, 3 * margin + line_->height());
-    const QSize room = screen()->availableSize() - frame - around;
+    const QSize room = screen()->availableSize() - window_frame - around;
     sheet_->fit(room, 1);
     sheet_->resize(sheet_->sizeHint());
     const int bar = area_->verticalScrollBar()->sizeHint().width();
@@ -133,20 +130,11 @@ bool TileChooser::event(QEvent* event) {
     return SideWindow::event(event);
 }
 
-void TileChooser::move_into_screen() {
-    const QRect available = screen()->availableGeometry();
-    QRect place(pos(), sizeHint() + frame);
-    place.moveBottomRight(
-        {std::min(place.right(), available.right()), std::min(place.bottom(), available.bottom())});
-    move(std::max(place.left(), available.left()), std::max(place.top(), available.top()));
-}
-
 // What happens before a window is shown for the first time places it with its frame.
 void TileChooser::setVisible(bool visible) {
     if (visible && !isVisible()) {
         fit_screen();
-        adjustSize();
-        move_into_screen();
+        place_on_screen(*this, frameGeometry(), Qt::AlignLeft | Qt::AlignTop);
     }
     SideWindow::setVisible(visible);
 }

@@ -23,7 +23,6 @@ class TileChooser : public SideWindow {
 
   private:
     void fit_screen();
-    void move_into_screen();
 
     CellPicture* sheet_;
     QScrollArea* area_;

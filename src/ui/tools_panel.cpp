@@ -108,7 +108,7 @@ QVBoxLayout* options(const Controls& controls, QLabel* title, const OptionRow<T>
         group->addButton(button);
         layout->addWidget(button);
     }
-    layout->addStretch();
+    controls.bindings.tab_stop(group);
     return layout;
 }
 
@@ -243,11 +243,13 @@ QWidget* make_tools_panel(const Controls& controls) {
     column->addLayout(tile_and_zoom(controls));
     column->addWidget(separator());
     auto* choices = new QGridLayout;
-    choices->addLayout(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);
-    choices->addLayout(options(controls, new QLabel, grid_rows), 0, 1);
-    choices->addLayout(options(controls, heading(controls, "Label13", " Edit Layer"), layer_rows),
-                       1, 0);
-    choices->addLayout(view_boxes(controls), 1, 1);
+    const auto add = [choices](QLayout* choice, int row, int place) {
+        choices->addLayout(choice, row, place, Qt::AlignTop);
+    };
+    add(options(controls, heading(controls, "Label9", "Tools"), tool_rows), 0, 0);
+    add(options(controls, new QLabel, grid_rows), 0, 1);
+    add(options(controls, heading(controls, "Label13", " Edit Layer"), layer_rows), 1, 0);
+    add(view_boxes(controls), 1, 1);
     column->addLayout(choices);
     column->addWidget(separator());
     column->addLayout(object_boxes(controls));

@@ -59,8 +59,12 @@ class ScriptedDialogs : public Dialogs {
         questions.push_back(text);
         return take(answers).value_or(true);
     }
-    std::optional<std::string> open_file_name() override { return take(file_names); }
-    std::optional<std::string> save_file_name() override { return take(file_names); }
+    std::optional<std::string> open_file_name(const std::string&) override {
+        return take(file_names);
+    }
+    std::optional<std::string> save_file_name(const std::string&) override {
+        return take(file_names);
+    }
     bool silent() const { return messages.empty() && questions.empty(); }
     /// The first two words of each question, as "Layer 1; The painting; ".
     std::string asked() const {

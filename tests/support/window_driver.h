@@ -20,7 +20,8 @@ namespace veldrune::test {
 /// Has Qt draw without a display, and leaves out what it says there about every window. To be
 /// called before the application is made.
 inline void work_without_display() {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariable("QT_QPA_PLATFORM").startsWith("offscreen"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
         if (!text.startsWith("This plugin does not support"))
             std::fprintf(stderr, "%s\n", qPrintable(text));

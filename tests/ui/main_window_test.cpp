@@ -1,6 +1,7 @@
 #include "support/window_test.h"
 
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
@@ -34,19 +35,30 @@ TEST_F(MainWindowTest, WithoutAnImageOnlyTheZoomMoves) {
 
 TEST_F(MainWindowTest, OpensWhatTheDialogNamesAndSavesACopyOfIt) {
     const QTemporaryDir folder;
-    const QString name = folder.filePath("x.smc");
-    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly)); // the dialog asks for a file that exists
+    const QString name = folder.filePath("v1.0.smc");
+    for (const char* taken : {"v1.0.smc", "v1.0-2.smc"}) // the dialogs look for files that exist
+        ASSERT_TRUE(QFile(folder.filePath(taken)).open(QIODevice::WriteOnly));
     disk[name.toStdString()] = demo_bytes();
     answers.file_name = name;
     QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(user.text("Label20"), name.toStdString());
     EXPECT_TRUE(user.find("Combo1").isEnabled());
+
+    QString place, proposed; // by the dialogs
+    answers.meanwhile = [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        place = dialog->directory().path();
+        proposed = dialog->selectedFiles().value(0);
+    };
+    user.choose("Open");
+    EXPECT_EQ(place, folder.path());
     answers.file_name = folder.filePath("copy");
     user.choose("SaveAs");
+    EXPECT_EQ(proposed, folder.filePath("v1.0-3.smc"));
     const std::string copy = folder.filePath("copy.smc").toStdString();
     EXPECT_EQ(user.text("Label20"), copy);
     EXPECT_EQ(disk[copy], demo_bytes());
-    EXPECT_EQ(answers.boxes, (Messages{{file_filter, "Open"}, {file_filter, "Save As"}}));
+    EXPECT_EQ(answers.boxes.back(), (Message{file_filter, "Save As"}));
 }
 
 TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
@@ -69,15 +81,25 @@ TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
 }
 
 TEST_F(MainWindowTest, AFileThatIsDroppedIsOpenedAndItsPathIsPlainText) {
-    const QString path = "/<img src=\"x\"><b>/a.smc";
     QMimeData files;
+    const QString path = "/<img src=\"x\"><b>/a.smc";
     files.setUrls({QUrl::fromLocalFile(path)});
     disk[path.toStdString()] = demo_bytes();
-    QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &drop);
+    const auto drop = [&](Qt::DropActions offered) { // and what each event asks for, if accepted
+        QDragEnterEvent enter({}, offered, &files, Qt::LeftButton, {});
+        QDragMoveEvent move({}, offered, &files, Qt::LeftButton, {});
+        QDropEvent dropped({}, offered, &files, Qt::LeftButton, {});
+        Qt::DropActions taken;
+        for (QDropEvent* event :
+             {static_cast<QDropEvent*>(&enter), static_cast<QDropEvent*>(&move), &dropped}) {
+            QApplication::sendEvent(&window, event);
+            taken |= event->isAccepted() ? event->dropAction() : Qt::TargetMoveAction;
+        }
+        return taken;
+    };
+    EXPECT_EQ(drop(Qt::MoveAction), Qt::TargetMoveAction) << "its source may delete it";
+    EXPECT_EQ(user.text("Label20"), "");
+    EXPECT_EQ(drop(Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
     const auto& label = user.find<QLabel>("Label20");
     EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
     EXPECT_TRUE(label.toolTip().contains("&lt;img"));
@@ -242,7 +264,7 @@ TEST_F(TownWindowTest, TheEntriesOfTheMenusRun) {
 
 TEST_F(TownWindowTest, TheTabKeyGoesThroughTheControlsInTheirOrder) {
     EXPECT_EQ(user.tab_order("Combo1"),
-              "Combo1 Command3 Command2 Command1 Command4 Command5 Text4 Option10 Option4 Option1 "
+              "Combo1 Command3 Command2 Command1 Command4 Command5 Text4 Option10 Option5 Option1 "
               "Check5 Check6 Check7 Check1 Check2 Check3 Check4 Text2 Text1 Text21 Text5 Text3 "
               "Text22 Text6 Text7 Text23 Text14 Text12 Text25 Text39 Text40 Text42 Text43 Text8 "
               "Text9 Text10 Text11 Text18 Text13 Text16 Text17 Text37 Text45 Text44 Text46 Text41 "

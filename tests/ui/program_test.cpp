@@ -23,6 +23,52 @@ bool has_open(qint64 process, const fs::path& file) {
     return false;
 }
 
+// The exit code of the program and all that it says.
+std::string words(const QStringList& arguments, const QStringList& left_out = {}) {
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : left_out)
+        environment.remove(name);
+    program.setProcessEnvironment(environment);
+    program.start(VELDRUNE_PROGRAM, arguments);
+    program.waitForFinished();
+    return std::to_string(program.exitCode()) + " " +
+           program.readAllStandardOutput().toStdString() +
+           program.readAllStandardError().toStdString();
+}
+
+TEST(Program, AnswersOnTheCommandLine) {
+    const QStringList display = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+    EXPECT_EQ(words({"--version"}, display), "0 Veldrune Map Editor 1.00\n");
+    EXPECT_NE(words({"--help"}, display).find("--map <N>"), std::string::npos);
+    const std::pair<QStringList, const char*> wrong[] = {
+        {{"--map", "414", "x"}, "There is no map 414."},
+        {{"--map", "x", "x"}, "There is no map x."},
+        {{"--map", "3"}, "A map needs an image."},
+        {{"x", "y"}, "More than one image is named."},
+        {{"--no"}, "Unknown option 'no'."}};
+    for (const auto& [arguments, said] : wrong) {
+        const std::string all = words(arguments); // Qt may have words of its own before them
+        EXPECT_TRUE(all.starts_with("2 ")) << all;
+        EXPECT_TRUE(all.ends_with(std::string("veldrune: ") + said + "\n")) << all;
+    }
+}
+
+TEST(Program, SaysThatAnImageCantBeOpenedAndGoesOn) {
+    QProcess program;
+    program.start(VELDRUNE_PROGRAM, {"--map", "3", "/no/x.smc"});
+    QByteArray said;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            said += program.readAllStandardError();
+            return said.contains("veldrune: /no/x.smc can't be opened");
+        },
+        30000));
+    EXPECT_EQ(program.state(), QProcess::Running);
+    program.kill();
+    program.waitForFinished();
+}
+
 TEST(Program, OpensTheImageThatIsNamed) {
     if (!fs::exists("/proc/self/fd"))
         GTEST_SKIP() << "the system does not list the files of a process";
