@@ -37,7 +37,7 @@ bool has_tile(const MapView& view, std::size_t layer, const Cursor& cursor) {
 }
 
 std::string layers_text(const EditorState& state, const Cursor& cursor) {
-    const MapView view = map_view(state);
+    const MapView view = map_view(state.map, state.form1, state.zoom);
     const CellTiles tiles = tiles_under(state.map, cursor);
     std::string text;
     for (std::size_t layer = 0; layer < layer_count; ++layer)

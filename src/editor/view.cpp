@@ -68,10 +68,10 @@ void set_zoom(EditorState& state, float zoom) {
 
 // Lets the user's scroll of a bar to value happen, if there is one.
 void scroll_bar_to(EditorState& state, ScrollBar& bar, std::int64_t value,
-                   void (*set_bar_maximum)(EditorState&)) {
+                   void (*set_bar_maximum)(Form1&, float)) {
     if (value == bar.value)
         return;
-    set_bar_maximum(state); // a zoom leaves the one of the former view
+    set_bar_maximum(state.form1, state.zoom); // a zoom leaves the one of the former view
     bar.value = static_cast<int>(std::clamp<std::int64_t>(value, 0, bar.maximum));
     on_scroll(state, set_bar_maximum);
 }

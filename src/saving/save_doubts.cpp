@@ -25,7 +25,6 @@ struct PlannedLayer {
 PlannedLayer planned_layer(const PackedLayers& packed, const Form1& form, int index) {
     return {packed[static_cast<std::size_t>(index)],
             field_number(form, layer_controls[index].location).value};
-};
 }
 
 // Writes to rom what the save would write, without a word and as if nothing ended it. The fields'
