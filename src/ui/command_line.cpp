@@ -28,7 +28,7 @@ struct Parser : QCommandLineParser {
 std::optional<int> map_number(const QString& text) {
     bool is_number = false;
     const int map = text.toInt(&is_number);
-    if (!is_number || map < 0 || map >= map_list_rows)
+    if (!is_number || map < 0 || map >= rom_layout::map_count)
         return std::nullopt;
     return map;
 }

@@ -63,7 +63,7 @@ TEST(ZoomAbout, KeepsTheTileUnderThePointerAsFarAsTheBarsGo) {
         ASSERT_TRUE(kept(before.column, after.column, form.HScroll1.value, 64 - across)) << round;
         ASSERT_TRUE(kept(before.row, after.row, form.VScroll1.value, 32 - across)) << round;
         const auto shown = s.display.picture.pixels();
-        compose_view(s);
+        compose_view(s.map, form, s.zoom, s.display);
         ASSERT_TRUE(shown == s.display.picture.pixels()) << round;
     }
     open_world_of_dawn(s);

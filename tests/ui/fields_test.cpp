@@ -80,6 +80,8 @@ class FieldsTest : public WindowTest {
             for (const auto& [name, value] : after)
                 if (before.at(name) != value)
                     changed << name;
+            if (field.controls == "TabStrip1")
+                changed.removeOne("shown Combo2"); // whose lines are the tab's
             const QString own = "held " + field.controls + ", shown " + field.controls;
             EXPECT_EQ(changed.join(", ").toStdString(), own.toStdString());
             before = after;
