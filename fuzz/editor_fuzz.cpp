@@ -29,12 +29,12 @@ MemoryDisk::Fault any_fault(Choices& choices, int accesses) {
 void make_faults(Session& s) {
     s.disk.fail({}, {});
     s.disk.vanish_at = 0;
-    const int which = s.choices.below(12);
+    const int which = s.choices.below(10);
     if (which == 0)
         s.disk.fail(any_fault(s.choices, s.choices.one_in(2) ? 2000 : 20), {});
-    if (which == 1)
-        s.disk.fail({}, any_fault(s.choices, 20));
-    if (which == 2) {
+    if (which == 1 || which == 2)
+        s.disk.fail({}, any_fault(s.choices, s.choices.one_in(2) ? 3 : 24));
+    if (which == 3) {
         s.disk.vanishing_name = s.choices.one_in(2) ? s.state.rom_path : "c.smc";
         s.disk.vanish_at = 1 + s.choices.below(10);
     }
