@@ -32,8 +32,9 @@ void make_faults(Session& s) {
     const int which = s.choices.below(10);
     if (which == 0)
         s.disk.fail(any_fault(s.choices, s.choices.one_in(2) ? 2000 : 20), {});
+    constexpr int saves[] = {2, 3, 10, 24}; // accesses of a script, a world, a map, a Save As
     if (which == 1 || which == 2)
-        s.disk.fail({}, any_fault(s.choices, s.choices.one_in(2) ? 3 : 24));
+        s.disk.fail({}, any_fault(s.choices, s.choices.of<int>(saves)));
     if (which == 3) {
         s.disk.vanishing_name = s.choices.one_in(2) ? s.state.rom_path : "c.smc";
         s.disk.vanish_at = 1 + s.choices.below(10);
