@@ -1,12 +1,10 @@
 // Any bytes as a compressed stream, compared with a decoder that keeps a real ring.
 
 #include "compression/decompress.h"
+#include "fuzz_target.h"
 #include "support/memory_disk.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
-#include <random>
 
 namespace veldrune::test {
 
@@ -42,47 +40,51 @@ Bytes ring_decode(const Bytes& file, std::size_t stream, int limit) {
 }
 
 // A file with a random stream: more or fewer literals, few or many values.
-Bytes random_file(std::mt19937& random, std::size_t stream) {
-    const std::size_t size = random() % (1U << random() % 16);
-    const std::size_t literals = random() % 5; // in 4 items, on average
-    const std::size_t values = 1 + random() % 256;
+Bytes random_file(Choices& choices, std::size_t stream) {
+    const auto below = [&](int limit) { return static_cast<std::size_t>(choices.below(limit)); };
+    const std::size_t size = below(1 << below(16));
+    const std::size_t literals = below(5); // in 4 items, on average
+    const int values = 1 + choices.below(256);
     Bytes file(stream);
-    const std::size_t length = random() % 8 == 0 ? random() : size;
+    const std::size_t length = choices.one_in(8) ? below(0x10000) : size;
     file.push_back(static_cast<std::uint8_t>(length));
     file.push_back(static_cast<std::uint8_t>(length >> 8));
     while (file.size() < stream + size) {
         int control = 0;
         for (int bit = 0; bit < 8; ++bit)
-            control |= (random() % 4 < literals) << bit;
+            control |= (below(4) < literals) << bit;
         file.push_back(static_cast<std::uint8_t>(control));
         for (int i = std::popcount(static_cast<unsigned>(control)) - 16; i < 0; ++i)
-            file.push_back(static_cast<std::uint8_t>(random() % values));
+            file.push_back(static_cast<std::uint8_t>(below(values)));
     }
     return file;
 }
 
-TEST(StreamFuzz, AnyBytesDecodeAsThroughARing) {
-    const auto buffer = std::make_unique<DecompressBuffer>();
+void expect_as_through_a_ring(const RomImage& rom, const Bytes& file, std::size_t stream, int limit,
+                              DecompressBuffer& buffer) {
+    std::fill_n(buffer.output(), world_map_output_limit + 1, std::uint8_t{0x55});
+    Bytes expected = ring_decode(file, stream, limit);
+    expected.resize(world_map_output_limit + 1, 0x55);
+    expected.insert(expected.begin(), ring_size, 0);
+    decompress_stream(rom, static_cast<std::int64_t>(stream), buffer, limit);
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), buffer.output() - ring_size))
+        << "limit " << limit;
+}
+
+void stream_fuzz(Choices& choices) {
+    static const auto buffer = std::make_unique<DecompressBuffer>();
+    const auto stream = static_cast<std::size_t>(choices.below(1000));
     MemoryDisk disk;
-    for (unsigned seed = 0; seed < 3000 && !testing::Test::HasFailure(); ++seed) {
-        std::mt19937 random(seed);
-        const std::size_t stream = random() % 1000;
-        disk["image"] = random_file(random, stream);
-        RomImage rom(disk);
-        ASSERT_TRUE(rom.open("image"));
-        for (const int limit :
-             {layer_output_limit, world_graphics_output_limit, world_map_output_limit}) {
-            std::fill_n(buffer->output(), world_map_output_limit + 1, std::uint8_t{0x55});
-            Bytes expected = ring_decode(disk["image"], stream, limit);
-            expected.resize(world_map_output_limit + 1, 0x55);
-            expected.insert(expected.begin(), ring_size, 0);
-            decompress_stream(rom, static_cast<std::int64_t>(stream), *buffer, limit);
-            EXPECT_TRUE(std::equal(expected.begin(), expected.end(), buffer->output() - ring_size))
-                << "seed " << seed << ", limit " << limit;
-        }
-    }
+    const Bytes file = disk["image"] = random_file(choices, stream);
+    RomImage rom(disk);
+    ASSERT_TRUE(rom.open("image"));
+    for (const int limit :
+         {layer_output_limit, world_graphics_output_limit, world_map_output_limit})
+        expect_as_through_a_ring(rom, file, stream, limit, *buffer);
 }
 
 } // namespace
 
 } // namespace veldrune::test
+
+FUZZ_TARGET(stream_fuzz, 3000)
