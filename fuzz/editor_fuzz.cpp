@@ -25,17 +25,23 @@ MemoryDisk::Fault any_fault(Choices& choices, int accesses) {
     return {1 + choices.below(accesses), choices.one_in(2), choices.one_in(2)};
 }
 
+// One of the writes of a plan, the flush after them, or any step of a Save As.
+MemoryDisk::Fault any_write_fault(Choices& choices, const Plan& plan) {
+    const int flush = static_cast<int>(plan.writes.size()) + 1;
+    if (choices.one_in(3))
+        return {.at = flush};
+    return any_fault(choices, choices.one_in(3) ? 24 : flush);
+}
+
 // Most operations meet a disk in order.
-void make_faults(Session& s) {
-    s.disk.fail({}, {});
+void make_faults(Session& s, const Plan& plan) {
     s.disk.vanish_at = 0;
-    const int which = s.choices.below(10);
+    const int which = s.choices.below(8);
     if (which == 0)
         s.disk.fail(any_fault(s.choices, s.choices.one_in(2) ? 2000 : 20), {});
-    constexpr int saves[] = {2, 3, 10, 24}; // accesses of a script, a world, a map, a Save As
-    if (which == 1 || which == 2)
-        s.disk.fail({}, any_fault(s.choices, s.choices.of<int>(saves)));
-    if (which == 3) {
+    if (which == 1)
+        s.disk.fail({}, any_write_fault(s.choices, plan));
+    if (which == 2) {
         s.disk.vanishing_name = s.choices.one_in(2) ? s.state.rom_path : "c.smc";
         s.disk.vanish_at = 1 + s.choices.below(10);
     }
@@ -66,7 +72,7 @@ void run_operation(Session& s, const Operation& operation) {
     s.disk.fail({}, {});
     const Plan plan = operation.plan ? operation.plan(s.state) : Plan{};
     const Before before(s);
-    make_faults(s);
+    make_faults(s, plan);
     s.disk.log.clear();
     s.disk.accesses.clear();
     s.dialogs.events.clear();

@@ -198,10 +198,17 @@ void expect_object_back(const EditorState& state, Writes) {
         EXPECT_EQ(form.*field.text, state.form10.*field.text);
 }
 
+// The bytes that were loaded are saved without a look at how they would be read by now: the
+// dialogues that tell the lengths of lists may have changed since then.
 void expect_script_back(const EditorState& state, Writes) {
+    const std::int64_t offset = state.objects.selected_object.script_offset;
+    Bytes bytes(state.script.loaded.bytes.size());
+    state.rom.read(offset, bytes);
+    if (bytes == state.script.loaded.bytes)
+        return;
     ScriptGrid grid;
-    const LoadedScript loaded = load_script(state.rom, state.objects.selected_object.script_offset,
-                                            state.script.entry.dialogue_patched, grid);
+    const LoadedScript loaded =
+        load_script(state.rom, offset, state.script.entry.dialogue_patched, grid);
     EXPECT_TRUE(loaded.whole);
     const std::vector<std::string> back = values_in(grid);
     const std::vector<std::string> held = values_in(state.form9.grid);
