@@ -101,12 +101,12 @@ TEST_F(AccessibilityTest, AChoiceActsOnceWhoeverMakesIt) {
         choose();
         return state->display.picture.version() - before;
     };
-    const std::uint64_t once = steps_of([&] { user.click("Option4"); });
-    EXPECT_GT(once, 0u);
     user.click("Option5");
-    EXPECT_EQ(steps_of([&] { screen_reader::set(user.find("Option4"), ""); }), once);
-    QCoreApplication::processEvents();
+    const std::uint64_t once = steps_of([&] { screen_reader::set(user.find("Option4"), ""); });
+    EXPECT_GT(once, 0u);
     EXPECT_EQ(steps_of([&] { user.click("Option4"); }), once) << "the pressed button";
+    user.click("Option5");
+    EXPECT_EQ(steps_of([&] { user.click("Option4"); }), once);
 }
 
 TEST_F(AccessibilityTest, WhatCannotBeEditedStaysAsItIs) {
