@@ -25,8 +25,10 @@ using Gate = std::function<void(const Action& edit)>;
 /// The call run(state) as an action; an empty action where run is null.
 Action bind_state(EditorState& state, void (*run)(EditorState&));
 
-/// Binds widgets to the values that they show. An edit by the user writes the value and then calls
-/// on_change, both through the gate. The values must outlive the widgets.
+/// Binds widgets to the values that they show. Every change of a widget that show() does not make
+/// is an edit by the user, be it by mouse, keyboard or a screen reader: it writes the value and
+/// then calls on_change, once, both through the gate. A change of a disabled or read-only widget is
+/// undone. The values must outlive the widgets.
 class Bindings {
   public:
     explicit Bindings(Gate edit_gate) : gate_(std::move(edit_gate)) {}
@@ -44,9 +46,9 @@ class Bindings {
     /// A button of a group; a click, even on the checked button, sets value to own.
     template <typename T>
     void option(QAbstractButton* button, T& value, T own, const Action& on_change = {}) {
-        QObject::connect(button, &QAbstractButton::clicked, button,
-                         [this, &value, own, on_change] { edit([&] { value = own; }, on_change); });
-        on_show([button, &value, own] { show_checked(button, value == own); });
+        connect_option(
+            button, [&value, own] { value = own; }, on_change);
+        on_show([button, &value, own] { button->setChecked(value == own); });
     }
     /// The Tab key goes to the pressed button of a group, or to each where none is pressed. To be
     /// called after the buttons are bound. Qt cares for this only once one of them has had the
@@ -57,16 +59,19 @@ class Bindings {
 
     /// Runs write, then after, through the gate.
     void edit(const Action& write, const Action& after = {}) const;
-    /// The same with a wait cursor, for edits that can take a while.
+    /// The same for a change of a widget, unless show() makes it or the widget can't be edited.
+    void take_change(const QWidget* widget, const Action& write, const Action& after = {}) const;
+    /// Runs write through the gate with a wait cursor, for edits that can take a while.
     void edit_with_wait_cursor(const Action& write) const;
-    /// Updates every widget from its value, without emitting signals.
-    void show() const;
+    /// Updates every widget from its value.
+    void show();
 
   private:
-    static void show_checked(QAbstractButton* button, bool checked);
+    void connect_option(QAbstractButton* button, const Action& write, const Action& on_change);
 
     Gate gate_;
     std::vector<Action> updates_;
+    bool showing_ = false; // show() is running
 };
 
 } // namespace veldrune

@@ -24,6 +24,7 @@ QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool m
 QCheckBox* Controls::box(const BoxRow& row) const {
     auto* widget = new QCheckBox(row.caption);
     set_up(widget, row.control, row.tip, row.map_only);
+    widget->setAccessibleName(row.name);
     bindings.box(widget, state.form1.*row.value, bind_state(state, row.on_change));
     return widget;
 }

@@ -18,7 +18,8 @@ namespace veldrune {
 inline constexpr const char* layer_captions[layer_count] = {"Layer 1", "Layer 2", "Layer 3"};
 
 /// Each row describes a control. tip is its tool tip; map_only controls are disabled while a world
-/// map is shown; on_change is called after a change by the user and may be null.
+/// map is shown; on_change is called after a change by the user and may be null; name is what
+/// screen readers say, null for the caption.
 template <typename T>
 struct OptionRow {
     const char* control;
@@ -29,6 +30,7 @@ struct OptionRow {
     void (*on_change)(EditorState&);
     const char* tip;
     Icon icon = Icon::none;
+    const char* name = nullptr;
 };
 
 struct BoxRow {
@@ -38,6 +40,7 @@ struct BoxRow {
     bool map_only;
     void (*on_change)(EditorState&);
     const char* tip;
+    const char* name = nullptr;
 };
 
 struct ButtonRow {
@@ -69,6 +72,7 @@ struct Controls {
     QRadioButton* option(const OptionRow<T>& row) const {
         auto* widget = new QRadioButton(row.caption);
         set_up(widget, row.control, row.tip, row.map_only);
+        widget->setAccessibleName(row.name);
         widget->setIcon(tool_icon(row.icon, widget->palette()));
         bindings.option(widget, state.form1.*row.value, row.own, bind_state(state, row.on_change));
         return widget;

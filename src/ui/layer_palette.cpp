@@ -30,6 +30,7 @@ LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& parent)
     for (int layer = 0; layer < layer_count; ++layer) {
         auto* button = new QRadioButton(layer_captions[layer]);
         button->setObjectName(controls[layer]);
+        button->setAccessibleName(QString("Tiles of layer %1").arg(layer + 1));
         button->setToolTip("Show the tiles of this layer, and paint into it.");
         bindings_.option(button, state.form2.layer, layer, bind_state(state, on_palette_layer));
         group->addButton(button);

@@ -20,7 +20,7 @@ class MainWindow : public QMainWindow {
   public:
     MainWindow(EditorState& state, EditGate& gate);
     /// Updates the window from the state.
-    void show_state() const { bindings_.show(); }
+    void show_state() { bindings_.show(); }
     /// Ends a mouse stroke on the map picture, without a click.
     void end_stroke();
     /// Opens the image at path, as File > Open does with the chosen file. False if it can't be

@@ -221,7 +221,6 @@ void show_lines(QComboBox& list, const std::vector<std::string>& lines) {
     };
     if (list.count() == static_cast<int>(lines.size()) && std::ranges::all_of(lines, shown))
         return;
-    const QSignalBlocker blocked(list);
     list.clear();
     for (const std::string& line : lines)
         list.addItem(QString::fromStdString(line));

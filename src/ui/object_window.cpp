@@ -49,8 +49,9 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     tabs->setExpanding(false);
     for (const char* caption : tab_captions)
         tabs->addTab(caption);
-    const auto choose = [&state, &bindings](int tab) {
-        bindings.edit([&] { state.form10.TabStrip1 = tab; }, bind_state(state, on_object_tab));
+    const auto choose = [&state, &bindings, tabs](int tab) {
+        bindings.take_change(
+            tabs, [&] { state.form10.TabStrip1 = tab; }, bind_state(state, on_object_tab));
     };
     QObject::connect(tabs, &QTabBar::currentChanged, tabs, choose);
     // Without a record, a click on the current tab loads its first record. The signal comes for
@@ -60,10 +61,7 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
             !state.objects.selected_object.index)
             choose(tab);
     });
-    bindings.on_show([tabs, &tab = state.form10.TabStrip1] {
-        const QSignalBlocker blocked(tabs);
-        tabs->setCurrentIndex(tab);
-    });
+    bindings.on_show([tabs, &tab = state.form10.TabStrip1] { tabs->setCurrentIndex(tab); });
     return tabs;
 }
 

@@ -3,6 +3,7 @@
 #include "editor/event_editor.h"
 #include "ui/tips.h"
 
+#include <QAccessible>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -11,7 +12,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <numeric>
 #include <span>
 
 namespace veldrune {
@@ -114,10 +114,17 @@ QVariant ScriptModel::data(const QModelIndex& index, int role) const {
 QVariant ScriptModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal)
         return {};
+    const QString header = shown_text(script_row(-1).cells[static_cast<std::size_t>(section)]);
     if (role == Qt::DisplayRole)
-        return shown_text(script_row(-1).cells[static_cast<std::size_t>(section)]);
+        return header;
+    if (role == Qt::AccessibleTextRole)
+        return header.simplified();
     const auto& [meaning, form] = column_tips[section];
     return role == Qt::ToolTipRole ? number_tip(meaning, form) : QVariant();
+}
+
+QString ScriptModel::label(int row) const {
+    return QString::fromStdString(script_row(row).cells[explanation]).simplified();
 }
 
 // Replaces the rows; those from end on are the former ones from old_end on.
@@ -154,7 +161,6 @@ ScriptModel::Range ScriptModel::update_rows() {
 CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
     const TextRow<Form9>& row = text_row(&Form9::Text2);
     setObjectName(row.control);
-    setAccessibleName("Value");
     setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
                           row.form));
     setFont(value_font());
@@ -184,7 +190,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     setObjectName("grid");
     setAccessibleName("Script");
     setModel(&model_);
-    setSelectionMode(NoSelection);
+    setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
@@ -193,23 +199,59 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(row_pixels(0));
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    horizontalHeader()->setFixedHeight(row_pixels(script_header_height));
     horizontalHeader()->setSectionResizeMode(explanation, QHeaderView::Stretch);
     horizontalHeader()->setSectionsClickable(false);
-    for (int column = 0; column < script_column_count; ++column)
-        setColumnWidth(column, pixels(column_widths[column]));
+    lay_out();
     bindings.lines(box_, state.form9.Text2);
     connect(this, &QTableView::clicked, this, [&state, &bindings](const QModelIndex& cell) {
         bindings.edit([&] { on_script_click(state, cell.row() + 1, cell.column()); });
     });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& cells) {
+                if (cells.isEmpty())
+                    return;
+                const QModelIndex cell = cells.indexes().first();
+                clearSelection();
+                emit clicked(cell);
+            });
+}
+
+// Mouse and keyboard select nothing. What a screen reader selects counts as clicked.
+QItemSelectionModel::SelectionFlags ScriptView::selectionCommand(const QModelIndex&,
+                                                                 const QEvent*) const {
+    return QItemSelectionModel::NoUpdate;
 }
 
 QSize ScriptView::sizeHint() const {
-    const int units = std::accumulate(std::begin(column_widths), std::end(column_widths), 0);
-    return {pixels(units) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+    int width = 0;
+    for (int column = 0; column < script_column_count; ++column)
+        width += column_pixels(column);
+    return {width + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
             visible_rows * verticalHeader()->defaultSectionSize()};
+}
+
+// Sets the sizes that follow the fonts.
+void ScriptView::lay_out() {
+    verticalHeader()->setDefaultSectionSize(row_pixels(0));
+    horizontalHeader()->setFixedHeight(row_pixels(script_header_height));
+    for (int column = 0; column < script_column_count; ++column)
+        setColumnWidth(column, column_pixels(column));
+    show_heights({0, model_.rowCount()});
+}
+
+void ScriptView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        lay_out();
+}
+
+// The width of a column, which has room for its header.
+int ScriptView::column_pixels(int column) const {
+    const QString header = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+    return std::max(pixels(column_widths[column]),
+                    fontMetrics().size(0, header).width() + 4 * margin);
 }
 
 // Converts grid units to pixels: more of them where the fonts have higher lines.
@@ -255,6 +297,8 @@ void ScriptView::show_box() {
         box_cell_ = QModelIndex();
         return;
     }
+    const QString label = model_.label(cell.row());
+    box_->setAccessibleName(label.isEmpty() ? "Value" : label);
     if (box_cell_ == cell)
         return place_box();
     box_cell_ = cell;
@@ -262,8 +306,19 @@ void ScriptView::show_box() {
     scrollTo(cell);
     place_box();
     box_->show();
-    box_->setFocus();
+    focus_box();
     box_->selectAll();
+}
+
+// A box that keeps the focus on its way to another cell is announced like one that gets it. The
+// current cell under it has been announced before.
+void ScriptView::focus_box() {
+    const bool kept = box_->hasFocus();
+    box_->setFocus();
+    if (!kept)
+        return;
+    QAccessibleEvent moved(box_, QAccessible::Focus);
+    QAccessible::updateAccessibility(&moved);
 }
 
 void ScriptView::place_box() {

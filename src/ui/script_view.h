@@ -28,6 +28,8 @@ class ScriptModel : public QAbstractTableModel {
     /// Notifies the views of rows changed, inserted and removed since the last call. Returns those
     /// that were changed or inserted.
     Range update_rows();
+    /// What a row means, in one line.
+    QString label(int row) const;
     /// Height of a row in units; 0 for the default.
     int height(int row) const { return script_row(row).height; }
 
@@ -63,14 +65,20 @@ class ScriptView : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void updateGeometries() override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
   private:
+    void lay_out();
+    int column_pixels(int column) const;
     int pixels(int units) const;
     int row_pixels(int units) const;
     void show_heights(ScriptModel::Range rows);
     void show_box();
     void place_box();
+    void focus_box();
 
     const Form9& form_;
     ScriptModel model_;

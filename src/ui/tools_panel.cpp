@@ -30,18 +30,18 @@ constexpr OptionRow<Tool> tool_rows[] = {
     {"Option12", "NPC's Ect...", &Form1::tool, Tool::objects, false, nullptr, "A click opens the object under the pointer.", Icon::objects},
 };
 constexpr OptionRow<int> layer_rows[] = {
-    {"Option1", layer_captions[0], &Form1::edit_layer, 0, true, nullptr, "Paint into and pick from layer 1."},
-    {"Option2", layer_captions[1], &Form1::edit_layer, 1, true, nullptr, "Paint into and pick from layer 2."},
-    {"Option3", layer_captions[2], &Form1::edit_layer, 2, true, nullptr, "Paint into and pick from layer 3."},
+    {"Option1", layer_captions[0], &Form1::edit_layer, 0, true, nullptr, "Paint into and pick from layer 1.", Icon::none, "Edit layer 1"},
+    {"Option2", layer_captions[1], &Form1::edit_layer, 1, true, nullptr, "Paint into and pick from layer 2.", Icon::none, "Edit layer 2"},
+    {"Option3", layer_captions[2], &Form1::edit_layer, 2, true, nullptr, "Paint into and pick from layer 3.", Icon::none, "Edit layer 3"},
 };
 constexpr OptionRow<bool> grid_rows[] = {
     {"Option4", "Grid On",  &Form1::grid_on, true,  false, on_grid_change, "Show white lines between the tiles."},
     {"Option5", "Grid Off", &Form1::grid_on, false, false, on_grid_change, "Show the map without lines."},
 };
 constexpr BoxRow view_rows[] = {
-    {"Check5", layer_captions[0], layer_controls[0].view, true, on_view_box_change, "Show layer 1, from the next redrawing on."},
-    {"Check6", layer_captions[1], layer_controls[1].view, true, on_view_box_change, "Show layer 2, from the next redrawing on."},
-    {"Check7", layer_captions[2], layer_controls[2].view, true, on_view_box_change, "Show layer 3, from the next redrawing on."},
+    {"Check5", layer_captions[0], layer_controls[0].view, true, on_view_box_change, "Show layer 1, from the next redrawing on.", "View layer 1"},
+    {"Check6", layer_captions[1], layer_controls[1].view, true, on_view_box_change, "Show layer 2, from the next redrawing on.", "View layer 2"},
+    {"Check7", layer_captions[2], layer_controls[2].view, true, on_view_box_change, "Show layer 3, from the next redrawing on.", "View layer 3"},
 };
 constexpr ObjectRow object_rows[] = {
     {ObjectKind::npc,           "Check1", "NPC's",    true,  "Show and select NPCs, from the next redrawing on."},

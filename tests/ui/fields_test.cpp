@@ -1,5 +1,6 @@
 #include "editor/event_editor.h"
 #include "support/object_image.h"
+#include "support/screen_reader.h"
 #include "support/window_test.h"
 
 #include <set>
@@ -31,15 +32,20 @@ struct Field {
 #define SHOWN(form, name)                                                                          \
     { #name, (form).name, true }
 
-// Changes a field by mouse or keyboard. False where it can't be reached.
-bool enter(const WindowDriver& works, const Field& field) {
+// By mouse and keyboard, or through what a screen reader uses.
+enum class Way { hands, screen_reader };
+
+// Changes a field. False where it can't be reached.
+bool enter(const WindowDriver& works, const Field& field, Way way) {
     const QStringList controls = field.controls.split(' ');
     const bool first_is_pressed = controls.size() > 1 && works.is_checked(controls[0]);
     const QString control = controls[first_is_pressed ? 1 : 0];
     QWidget& widget = works.find(control);
     if (field.only_shown || !widget.isVisible() || !widget.isEnabled())
         return false;
-    if (widget.inherits("QAbstractButton"))
+    if (way == Way::screen_reader)
+        screen_reader::set(widget, field.held() == "1" ? "2" : "1");
+    else if (widget.inherits("QAbstractButton"))
         works.click(control);
     else if (widget.inherits("QComboBox") || widget.inherits("QScrollBar"))
         QTest::keyClick(&widget, field.held() == "0" ? Qt::Key_Down : Qt::Key_Up);
@@ -87,10 +93,11 @@ class FieldsTest : public WindowTest {
             before = after;
         };
         for (const Field& field : fields)
-            if (enter(works, field)) {
-                entered.insert(field.controls);
-                expect_changed(field);
-            }
+            for (const Way way : {Way::hands, Way::screen_reader})
+                if (enter(works, field, way)) {
+                    entered.insert(field.controls);
+                    expect_changed(field);
+                }
         for (const Field& field : fields) {
             field.change();
             window.open_file("missing.smc"); // shows the state and changes nothing
@@ -128,7 +135,7 @@ TEST_F(FieldsTest, OfTheMainWindow) {
                                                 "Option10 Option11 Option12", "Option5 Option4"};
     // clang-format on
     state->changes_saved = false; // another row of Combo1 asks, and Cancel leaves the row alone
-    answers.answers = {false};
+    answers.answers = {false, false};
     expect_each_its_own(user, fields);
     std::set<QString> entered_in_map = std::exchange(entered, {});
     user.choose("Dusk");
