@@ -11,6 +11,7 @@
 namespace veldrune {
 
 class MapPicture;
+class StatusLine;
 class EditGate;
 
 /// The main window, Form1. It has no data of its own: every edit changes the state, and the window
@@ -29,6 +30,7 @@ class MainWindow : public QMainWindow {
     QSize sizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -41,6 +43,7 @@ class MainWindow : public QMainWindow {
     Bindings bindings_;
     Controls controls_;
     MapPicture* picture_;
+    StatusLine* status_;
 };
 
 } // namespace veldrune

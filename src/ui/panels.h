@@ -7,14 +7,18 @@ class QWidget;
 namespace veldrune {
 
 class MapPicture;
+class StatusLine;
 
-/// The map picture with its scroll bars and the path of the image above it.
-QWidget* make_picture_panel(const Controls& controls, MapPicture* picture);
+/// The map picture with its scroll bars, the path of the image above it and the status below it.
+QWidget* make_picture_panel(const Controls& controls, MapPicture* picture, StatusLine* status);
 
 /// Map list, build buttons, tools and view. Ctrl and the wheel over picture press the zoom buttons.
 QWidget* make_tools_panel(const Controls& controls, MapPicture* picture);
 
 /// The properties of the map and the notes.
 QWidget* make_properties_panel(const Controls& controls);
+
+/// The name of a property, by its control: the captions of its line and of its column.
+QString property_caption(const RecordControl& control);
 
 } // namespace veldrune

@@ -2,32 +2,16 @@
 #include "editor/world_view.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"
+#include "ui/status_line.h"
 #include "ui/tips.h"
 
 #include <QGridLayout>
-#include <QPainter>
 
 #include <algorithm>
 
 namespace veldrune {
 
 namespace {
-
-// A label that shortens a text in its middle to fit.
-class PathLabel : public QLabel {
-  public:
-    PathLabel() {
-        setTextFormat(Qt::PlainText);
-        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
-                         fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
-    }
-};
 
 struct BarRow {
     const char* control;
@@ -43,9 +27,8 @@ constexpr BarRow bar_rows[] = {
 };
 
 void add_path(const Controls& controls, QGridLayout& grid) {
-    auto* path = new PathLabel;
+    auto* path = new ElidedLabel(Qt::ElideMiddle);
     path->setObjectName(text_row(&Form1::Label20).control);
-    path->setMinimumHeight(path->fontMetrics().height());
     const std::string& value = controls.state.form1.Label20;
     controls.bindings.label(path, value);
     controls.bindings.on_show(
@@ -55,7 +38,7 @@ void add_path(const Controls& controls, QGridLayout& grid) {
 
 } // namespace
 
-QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
+QWidget* make_picture_panel(const Controls& controls, MapPicture* picture, StatusLine* status) {
     auto* panel = new QWidget;
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -73,7 +56,9 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
                     bar->setValue(static_cast<int>(std::clamp<qint64>(place, 0, bar->maximum())));
             });
     }
-    grid->setRowStretch(3, 1);
+    grid->addWidget(status, 3, 0, 1, 2);
+    controls.bindings.on_show([status] { status->show_state(); });
+    grid->setRowStretch(4, 1);
     controls.bindings.on_show([picture] { picture->update_if_changed(); });
     return panel;
 }
