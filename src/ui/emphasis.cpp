@@ -47,7 +47,8 @@ void emphasise(QPushButton* button, bool on, const char* why) {
     button->setFont(font);
     QPalette colours;
     if (on) {
-        colours.setColor(QPalette::Button, colours.color(QPalette::Highlight));
+        constexpr int darker = 150; // percent: styles lighten the colour of a button
+        colours.setColor(QPalette::Button, colours.color(QPalette::Highlight).darker(darker));
         colours.setColor(QPalette::ButtonText, colours.color(QPalette::HighlightedText));
     }
     button->setPalette(colours);
