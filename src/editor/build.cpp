@@ -12,12 +12,18 @@
 namespace veldrune {
 namespace {
 
-// Reads the first frames of the animated tiles again. Returns the numbers read so far.
-TileNumbers refresh_anim_tiles(const RomImage& rom, Form1& form, AnimTileTable& anim_tiles,
-                               Dialogs& dialogs) {
+// Reads the numbers that every build needs.
+TileNumbers first_tile_numbers(Form1& form, Dialogs& dialogs) {
     TileNumbers numbers;
     numbers.animated_tileset = read_field(form, &Form1::Text18, dialogs).value;
     numbers.layer3_graphics = read_field(form, layer_controls[2].formation, dialogs).value;
+    return numbers;
+}
+
+// Reads the first frames of the animated tiles again. Returns the numbers read so far.
+TileNumbers refresh_anim_tiles(const RomImage& rom, Form1& form, AnimTileTable& anim_tiles,
+                               Dialogs& dialogs) {
+    const TileNumbers numbers = first_tile_numbers(form, dialogs);
     refresh_first_frames(rom, numbers.animated_tileset, anim_tiles);
     return numbers;
 }
@@ -54,12 +60,20 @@ void show_map(EditorState& state) {
     set_row_maximum(form, state.zoom);
     show_scroll_bars(form, false);
     if (any_layer_shown(form))
-        compose_view(state.map, form, state.zoom, state.display);
+        compose_view(state);
     draw_overlays(state);
     state.view_stale = false;
 }
 
 } // namespace
+
+TileNumbers tile_numbers(const Form1& form) {
+    Form1 copy = form;
+    SilentDialogs silent;
+    TileNumbers numbers = first_tile_numbers(copy, silent);
+    read_tile_numbers(copy, numbers, silent);
+    return numbers;
+}
 
 void build_tileset(EditorState& state) {
     state.world_map_mode = false;
@@ -71,9 +85,13 @@ void build_tileset(EditorState& state) {
     build_tiles(state.rom, numbers, state.map.anim_tiles, state.work.decompress_buffer,
                 display.bitmaps);
     display.source = source_of(state.rom);
+    state.picture.numbers = numbers;
+    state.picture.tiles_drawn = false;
     if (report_refused_reads(reads, "The tiles are not drawn as the image holds them.",
                              state.dialogs))
         display.source.reset();
+    state.picture.tiles = {display.source, state.map.map_index};
+    state.picture.later_frames = later_frame_set(state.map.record_at_load);
     show_map(state);
 }
 

@@ -12,6 +12,9 @@ void build_tileset(EditorState& state);
 /// open image and a selected map.
 void refresh_map(EditorState& state);
 
+/// The numbers of the tiles in the fields, read without messages.
+TileNumbers tile_numbers(const Form1& form);
+
 /// Draws the current tile of the edit layer into Picture3.
 void show_tile_preview(const FormationBitmaps& bitmaps, Form1& form);
 

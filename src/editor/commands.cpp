@@ -62,10 +62,13 @@ bool holds(const EditorState& state, Guard guard) {
 
 } // namespace
 
+bool can_run(const EditorState& state, Command command) {
+    return holds(state, rows[static_cast<std::size_t>(command)].guard);
+}
+
 void run_command(EditorState& state, Command command) {
-    const CommandRow& row = rows[static_cast<std::size_t>(command)];
-    if (holds(state, row.guard))
-        row.run(state);
+    if (can_run(state, command))
+        rows[static_cast<std::size_t>(command)].run(state);
 }
 
 } // namespace veldrune

@@ -32,6 +32,9 @@ enum class Command {
     count,
 };
 
+/// Whether the image and the map that the command requires are there.
+bool can_run(const EditorState& state, Command command);
+
 /// Runs a command. Does nothing, without a message, where the required image or map is missing.
 void run_command(EditorState& state, Command command);
 

@@ -2,6 +2,8 @@
 
 #include "compression/compress.h"
 #include "compression/decompress.h"
+#include "editor/last_save.h"
+#include "editor/picture_origin.h"
 #include "events/script_entry.h"
 #include "forms/dialogs.h"
 #include "forms/form1.h"
@@ -16,9 +18,16 @@
 #include "rom/rom_image.h"
 #include "world_map/world_map.h"
 
+#include <optional>
 #include <string>
 
 namespace veldrune {
+
+/// A file that could not be opened, and why.
+struct OpenFailure {
+    std::string path;
+    std::string reason;
+};
 
 /// Scratch buffers, without meaning between operations.
 struct WorkSpace {
@@ -46,6 +55,8 @@ struct EditorState {
     MapObjects objects;
     OpenScript script;
     MapDisplay display;
+    PictureOrigin picture; // of display
+    LastSave last_save;
     WorkSpace work;
     MapProperties property_clipboard{}; // the copied record; zeros before the first copy
 
@@ -61,6 +72,7 @@ struct EditorState {
     PatchFlags patch_flags{};    // the patch marks of all images opened so far
     float zoom = 1.0f;           // 0.25, 0.5, 1 or 2; a smaller value is a closer view
     std::string rom_path;        // path of the open image, as Label20 shows it
+    std::optional<OpenFailure> open_failure; // of the last Open
 };
 
 /// Everything counts as saved: it has been, or was given up.

@@ -21,7 +21,8 @@ void clear_map(EditorState& state) {
         return;
     for (Layer& layer : state.map.layers)
         clear_layer(layer.map);
-    compose_view(state.map, state.form1, state.zoom, state.display);
+    state.last_save.cleared = true;
+    compose_view(state);
     draw_objects(state);
 }
 
@@ -34,6 +35,7 @@ void paste_properties(EditorState& state) {
         return;
     const ReadWatch reads(state.rom);
     state.map.map_properties = state.property_clipboard;
+    state.last_save.pasted = true;
     show_map_fields(state.rom, state.map, state.form1);
     report_refused_map_reads(reads, state.map.source, state.dialogs);
 }

@@ -8,8 +8,13 @@ void set_image_path(EditorState& state, const std::string& path) {
 }
 
 bool open_image_file(EditorState& state, const std::string& path) {
-    if (!state.rom.open(path))
+    state.open_failure.reset();
+    if (!state.rom.open(path)) {
+        state.open_failure = {path, state.rom.why_not_open(path)};
         return false;
+    }
+    state.last_save.at.reset();
+    state.last_save.left_out.clear();
     set_image_path(state, path);
     state.rom_open = true;
     state.form1.Combo1_enabled = true;

@@ -23,6 +23,9 @@ void draw_shown(const Form1& form, ObjectKinds kinds, ViewPlace place, ObjectLis
 
 void draw_objects(EditorState& state) {
     read_object_lists(state, map_object_kinds, state.form1.Combo1);
+    for (const ObjectKind kind : map_object_kinds)
+        state.picture.markers[static_cast<std::size_t>(kind)] |=
+            state.form1.*object_kind_row(kind).shown;
     draw_shown(state.form1, draw_order, map_place(state.form1, state.zoom), state.objects.lists,
                state.display.picture);
 }

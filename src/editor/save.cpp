@@ -1,6 +1,7 @@
 #include "editor/save.h"
 
 #include "editor/open_image.h"
+#include "editor/save_status.h"
 #include "rom/number_field.h"
 #include "rom/reported_access.h"
 #include "saving/save_doubts.h"
@@ -87,8 +88,9 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     const ImageSource copy = source_of(state.rom);
-    for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
-                         &state.objects.lists.source, &state.display.source})
+    for (auto* source :
+         {&state.map.source, &state.world.source, &state.script.source, &state.objects.lists.source,
+          &state.display.source, &state.picture.tiles.source, &state.picture.cells.source})
         if (*source && (*source)->identity == original)
             *source = copy;
     return true;
@@ -115,6 +117,7 @@ bool save_map(EditorState& state, const std::optional<PackedLayers>& packed, Sav
     state.map.map_properties = record;
     state.map.source = source_of(state.rom);
     forget_changes(state);
+    remember_saved_fields(state, kind);
     return true;
 }
 
@@ -124,6 +127,8 @@ void save_world(EditorState& state, std::span<const std::uint8_t> stream) {
         return;
     state.world.source = source_of(state.rom);
     forget_changes(state);
+    remember_world_location(state);
+    state.last_save.at = std::chrono::system_clock::now();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "editor/select_map.h"
 
 #include "editor/object_lists.h"
+#include "editor/save_status.h"
 #include "editor/view_place.h"
 #include "rom/reported_access.h"
 
@@ -48,17 +49,21 @@ void show_map_fields(const RomImage& rom, const ChosenMap& map, Form1& form) {
 void select_map(EditorState& state) {
     Form1& form = state.form1;
     leave_world_map(state);
+    const bool painted = state.map.unsaved_painting || state.last_save.cleared;
     if (!state.rom_open || !may_drop_changes(state))
         return;
     form.Picture3.fill(0);
     enable_map_fields(form);
     const ReadWatch reads(state.rom);
+    if (painted) // the picture shows what is dropped
+        state.picture.cells.source.reset();
     load_map(state.rom, form.Combo1, state.work.decompress_buffer, state.map);
     show_byte27_high(state.map.map_properties, form);
     read_object_counts(state);
     if (form.Combo1 > 0)
         state.map_selected = true;
     show_map_fields(state.rom, state.map, form);
+    remember_loaded_fields(state);
     report_refused_map_reads(reads, state.map.source, state.dialogs);
 }
 

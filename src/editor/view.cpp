@@ -29,20 +29,27 @@ void set_maximum(ScrollBar& bar, int maximum) {
     bar.value = std::min(bar.value, bar.maximum);
 }
 
-void compose_all(EditorState& state) {
-    compose_view(state.map, state.form1, state.zoom, state.display);
+void remember_composition(EditorState& state) {
+    PictureOrigin& origin = state.picture;
+    origin.tiles_drawn = true;
+    origin.world.reset();
+    origin.cells = {state.map.source, state.map.map_index};
+    origin.view = map_view(state.map, state.form1, state.zoom);
+    origin.markers = {};
 }
 
 void on_zoom_change(EditorState& state) {
     if (!map_ready(state))
         return;
-    compose_all(state);
+    compose_view(state);
     draw_overlays(state);
 }
 
-void scroll_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay& display) {
-    const MapView view = map_view(map, form, zoom);
-    scroll_picture(display.bitmaps, view, display.last_h, display.last_v, display.picture);
+void scroll_view(EditorState& state) {
+    MapDisplay& display = state.display;
+    const MapView view = map_view(state.map, state.form1, state.zoom);
+    if (scroll_picture(display.bitmaps, view, display.last_h, display.last_v, display.picture))
+        remember_composition(state);
     display.last_h = view.h;
     display.last_v = view.v;
 }
@@ -50,9 +57,9 @@ void scroll_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay
 void on_scroll(EditorState& state, void (*set_bar_maximum)(Form1&, float)) {
     set_bar_maximum(state.form1, state.zoom);
     if (!state.view_stale)
-        scroll_view(state.map, state.form1, state.zoom, state.display);
+        scroll_view(state);
     else if (any_layer_shown(state.form1))
-        compose_all(state);
+        compose_view(state);
     state.view_stale = false;
     draw_overlays(state);
 }
@@ -108,6 +115,11 @@ void compose_view(const ChosenMap& map, const Form1& form, float zoom, MapDispla
     display.last_v = view.v;
 }
 
+void compose_view(EditorState& state) {
+    compose_view(state.map, state.form1, state.zoom, state.display);
+    remember_composition(state);
+}
+
 void set_column_maximum(Form1& form, float zoom) {
     set_maximum(form.HScroll1, largest(form, &LayerControls::width) - cells_across(zoom));
 }
@@ -152,7 +164,7 @@ void on_grid_change(EditorState& state) {
     if (state.world_map_mode)
         return refresh_world_view(state);
     if (!state.form1.grid_on)
-        compose_all(state);
+        compose_view(state);
     draw_overlays(state);
 }
 

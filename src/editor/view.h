@@ -12,6 +12,8 @@ bool any_layer_shown(const Form1& form);
 
 /// Composes every cell of the view.
 void compose_view(const ChosenMap& map, const Form1& form, float zoom, MapDisplay& display);
+/// The same for the chosen map. Remembers what the picture was made from.
+void compose_view(EditorState& state);
 
 /// Sets the scroll bars' maximum to the largest width or height of the three layers less the cells
 /// in view; never below 0, and the bar's value never above it.

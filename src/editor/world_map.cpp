@@ -2,6 +2,7 @@
 
 #include "editor/object_lists.h"
 #include "editor/overlays.h"
+#include "editor/save_status.h"
 #include "editor/select_map.h"
 #include "editor/view_place.h"
 #include "editor/world_view.h"
@@ -60,7 +61,9 @@ void open_world_map(EditorState& state, World world) {
     const std::int32_t map =
         load_world(state.rom, world, state.work.decompress_buffer, state.world);
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
+    remember_world_location(state);
     draw_world_view(state.world, state.form1, state.display.picture);
+    state.picture.world = world;
     report_refused_map_reads(reads, state.world.source, state.dialogs);
     load_world_objects(state);
     draw_world_objects(state.form1, state.objects.lists, state.display.picture);

@@ -15,6 +15,10 @@ LayerSize layer_size(const MapProperties& record, int layer) {
             tiles_of_code(record_value(record, fields.height))};
 }
 
+int later_frame_set(const MapProperties& record) {
+    return record[27] & 0x0F;
+}
+
 void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, ChosenMap& map) {
     const MapProperties record = read_record(rom, map_index);
     map.map_index = map_index;
@@ -22,8 +26,7 @@ void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, Chos
     map.unsaved_painting = false;
     map.map_properties = map.record_at_load = record;
     map.layer3_order = read_layer3_order(rom, record);
-    // The load takes four bits of byte 27, the field and the build take five.
-    fill_anim_tile_table(rom, record[27] & 0x0F, map.anim_tiles);
+    fill_anim_tile_table(rom, later_frame_set(record), map.anim_tiles);
     for (int layer = 0; layer < layer_count; ++layer) {
         Layer& loaded = map.layers[static_cast<std::size_t>(layer)];
         loaded.layer_offset =

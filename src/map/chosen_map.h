@@ -25,6 +25,10 @@ struct ChosenMap {
 /// the animated tiles. Cells outside a layer keep what they held.
 void load_map(const RomImage& rom, int map_index, DecompressBuffer& buffer, ChosenMap& map);
 
+/// The animated tileset whose later frames a map is loaded with: four bits of byte 27, of which the
+/// field and the build take five.
+int later_frame_set(const MapProperties& record);
+
 /// The size of a layer, 0 to 2, by the record.
 LayerSize layer_size(const MapProperties& record, int layer);
 

@@ -84,6 +84,13 @@ const RecordRow& record_row(RecordField field) {
     return record_rows[static_cast<std::size_t>(field)];
 }
 
+const RecordRow* record_row_of(std::string F::*text) {
+    for (const RecordRow& row : record_rows)
+        if (row.control == RecordControl(text))
+            return &row;
+    return nullptr;
+}
+
 std::uint32_t record_value(const MapProperties& record, RecordField field) {
     return read_bits(record, record_row(field).bits);
 }

@@ -69,14 +69,19 @@ inline constexpr LayerFields layer_fields[layer_count] = {
 inline constexpr RecordField tileset_fields[] = {RecordField::tileset1, RecordField::tileset2,
                                                  RecordField::tileset3, RecordField::tileset4};
 
-/// One value of the record: the text or box that shows it, and its bits.
+/// The text or box that shows a property.
+using RecordControl = std::variant<std::string Form1::*, bool Form1::*>;
+
+/// One value of the record: the control that shows it, and its bits.
 struct RecordRow {
     RecordField field;
-    std::variant<std::string Form1::*, bool Form1::*> control;
+    RecordControl control;
     BitRun bits;
 };
 
 const RecordRow& record_row(RecordField field);
+/// The row that a text shows; null where the record has none.
+const RecordRow* record_row_of(std::string Form1::*text);
 std::uint32_t record_value(const MapProperties& record, RecordField field);
 /// Sets the field's bits to the low bits of value and leaves all others.
 void set_record_value(MapProperties& record, RecordField field, std::uint32_t value);

@@ -12,6 +12,7 @@ struct TileNumbers {
     TilesetNumbers tilesets{};
     int palette = 0;
     std::array<int, 2> formations{}; // sets of layers 1 and 2
+    bool operator==(const TileNumbers&) const = default;
 };
 
 /// The numbers in a map's record.

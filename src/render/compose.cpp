@@ -224,18 +224,21 @@ void repaint_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, i
         compose_one_cell(bitmaps, view, x, y, tiles, buffer);
 }
 
-void scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
+bool scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
                     PixelBuffer& buffer) {
     const int across = view.cells_across;
     const std::int64_t dx = std::int64_t{view.h} - last_h;
     const std::int64_t dy = std::int64_t{view.v} - last_v;
-    if ((dx != 0) == (dy != 0) || std::abs(dx + dy) >= across)
-        return compose_cells(bitmaps, view, 0, 0, across, across, buffer);
+    if ((dx != 0) == (dy != 0) || std::abs(dx + dy) >= across) {
+        compose_cells(bitmaps, view, 0, 0, across, across, buffer);
+        return true;
+    }
     const int columns = static_cast<int>(dx);
     const int rows = static_cast<int>(dy);
     shift_picture(buffer, -columns * view.tile_size(), -rows * view.tile_size());
     compose_cells(bitmaps, view, columns > 0 ? across - columns : 0, rows > 0 ? across - rows : 0,
                   columns < 0 ? -columns : across, rows < 0 ? -rows : across, buffer);
+    return false;
 }
 
 } // namespace veldrune

@@ -30,6 +30,7 @@ struct LayerStack {
     std::array<bool, layer_count> shown{}; // layers 1 to 3
     int layer3_order = 0; // 0 at the bottom, 1 above layer 2's low pixels, 2 on top
     Layer3Blend blend = Layer3Blend::none;
+    bool operator==(const LayerStack&) const = default;
 };
 
 /// The formation numbers of one cell in layers 1 to 3.
@@ -88,8 +89,8 @@ void repaint_cell(const FormationBitmaps& bitmaps, const MapView& view, int x, i
 
 /// Moves the picture by the step from (last_h, last_v) to the view's place and composes what that
 /// uncovers. If both coordinates changed, or neither, or one by a whole view or more, all cells are
-/// composed.
-void scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
+/// composed. Returns whether all were.
+bool scroll_picture(const FormationBitmaps& bitmaps, const MapView& view, int last_h, int last_v,
                     PixelBuffer& buffer);
 
 } // namespace veldrune

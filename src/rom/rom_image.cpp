@@ -19,6 +19,20 @@ bool RomImage::open(const std::string& path) {
     return true;
 }
 
+const char* RomImage::why_not_open(const std::string& path) const {
+    const NameStatus there = files_.status_of(path);
+    switch (there.kind) {
+    case NameStatus::nothing:
+        return "no file can be reached there";
+    case NameStatus::lost_link:
+        return "the link there leads to nothing";
+    case NameStatus::other:
+        return "what is there is no regular file";
+    default:
+        return there.writable ? "the system refuses it" : "the file there can't be written";
+    }
+}
+
 std::optional<std::int64_t> RomImage::size() const {
     const std::optional<FileStatus> known = file_ ? file_->status() : std::nullopt;
     return known ? std::optional(known->size) : std::nullopt;

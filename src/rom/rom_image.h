@@ -29,6 +29,8 @@ class RomImage {
     /// Opens path for reading and writing instead of the file that was open. On failure that one
     /// stays open. Fails also if the file's status can't be read.
     bool open(const std::string& path);
+    /// After a failed opening of path: the reason, as far as the system knows one.
+    const char* why_not_open(const std::string& path) const;
     bool is_open() const { return file_ != nullptr; }
     /// The path of the open file.
     const std::string& path() const { return path_; }

@@ -151,6 +151,24 @@ bool save_map_properties(RomImage& rom, Form1& form, MapProperties& record, int 
     return true;
 }
 
+std::optional<std::int64_t> saved_property(std::string Form1::*field, std::string text) {
+    const NumberForm form = text_row(field).form;
+    SilentDialogs silent;
+    const TextNumber number = parse_number_text(form, text, silent);
+    const RecordRow* row = record_row_of(field);
+    if (form == NumberForm::location)
+        return ((std::int64_t{number.value} - rom_layout::layer_data) & 0xFFFFFF) +
+               rom_layout::layer_data;
+    if (!row) // the monster set, a byte of its own
+        return static_cast<std::uint8_t>(number.value);
+    if (!number.is_number)
+        return std::nullopt;
+    if (!is_size(form))
+        return static_cast<std::uint32_t>(number.value) & row->bits.mask();
+    const auto code = doubling_code(form, number.value, silent);
+    return code ? std::optional(std::int64_t{min_layer_side} << *code) : std::nullopt;
+}
+
 bool save_map_properties_as(RomImage& rom, Form1& form, const MapProperties& at_load, int map_index,
                             Dialogs& dialogs) {
     if (!write_save_as_pointers(rom, form, at_load, dialogs))

@@ -47,6 +47,10 @@ bool write_pointer(RomImage& rom, World world, std::int32_t location,
 
 } // namespace
 
+bool can_name_world_at(std::int32_t location) {
+    return pointer_obstacle(location, "").empty();
+}
+
 std::span<const std::uint8_t> pack_world(const OpenWorld& world, CompressOutput& output) {
     if (!was_readable(world))
         return {};

@@ -1,5 +1,7 @@
 #include "ui/controls.h"
 
+#include "editor/field_mark.h"
+#include "ui/emphasis.h"
 #include "ui/tips.h"
 
 namespace veldrune {
@@ -18,6 +20,7 @@ QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool m
     auto* widget = new QLineEdit;
     set_up(widget, row.control, number_tip(meaning, row.form, limit), map_only);
     bindings.text(widget, state.form1.*text);
+    bindings.on_show([widget, text, &held = state] { mark_field(widget, field_mark(held, text)); });
     return widget;
 }
 

@@ -18,7 +18,8 @@ namespace {
 
 constexpr MenuRow menu_rows[] = {
     {0, "File", "&File"},
-    {1, "Save", "&Save", Command::save_script, save_keys},
+    {1, "Save", "&Save", Command::save_script, save_keys,
+     "Writes the script over the one at the chosen object's offset at once."},
 };
 
 struct ScriptButton {

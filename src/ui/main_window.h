@@ -11,6 +11,7 @@
 namespace veldrune {
 
 class MapPicture;
+class StatusLine;
 class EditGate;
 
 /// The main window, Form1. It has no data of its own: every edit changes the state, and the window
@@ -30,6 +31,7 @@ class MainWindow : public QMainWindow {
     void build_map(int map);
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -43,6 +45,7 @@ class MainWindow : public QMainWindow {
     Bindings bindings_;
     Controls controls_;
     MapPicture* picture_;
+    StatusLine* status_;
 };
 
 } // namespace veldrune

@@ -21,6 +21,8 @@ void add_entry(QMenu& menu, const MenuRow& row, QMainWindow& window, EditorState
     QAction* action = row.caption ? menu.addAction(row.caption) : menu.addSeparator();
     action->setObjectName(row.control);
     set_shortcut(*action, row.shortcut);
+    action->setStatusTip(row.tip);
+    action->setToolTip(row.tip);
     if (row.command)
         QObject::connect(action, &QAction::triggered, &window,
                          [&state, &bindings, command = *row.command] {
@@ -46,6 +48,7 @@ void build_menus(QMainWindow& window, std::span<const MenuRow> rows, EditorState
         menus.push_back(menus.empty() ? window.menuBar()->addMenu(row.caption)
                                       : menus.back()->addMenu(row.caption));
         menus.back()->setObjectName(row.control);
+        menus.back()->setToolTipsVisible(true);
     }
 }
 

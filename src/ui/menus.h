@@ -27,6 +27,7 @@ struct MenuRow {
     const char* caption;                 // null for a separator
     std::optional<Command> command = {}; // an entry without one closes the window
     Shortcut shortcut = {};
+    const char* tip = nullptr; // says what the entry writes, and when
 };
 
 /// Builds the window's menus.

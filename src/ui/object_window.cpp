@@ -22,9 +22,9 @@ namespace {
 // clang-format off
 constexpr MenuRow menu_rows[] = {
     {0, "File",         "&File"},
-    {1, "Save",         "&Save",         Command::save_object, save_keys},
+    {1, "Save",         "&Save",         Command::save_object, save_keys, "Writes the record that is shown into the image at once."},
     {0, "Event",        "&Event"},
-    {1, "Event_Editor", "Event &Editor", Command::open_event_editor},
+    {1, "Event_Editor", "Event &Editor", Command::open_event_editor, {}, "Opens the script of this object. Nothing is written."},
 };
 // clang-format on
 constexpr const char* tab_captions[object_tab_count] = {"NPC's", "Chests", "Events", "Entrances",

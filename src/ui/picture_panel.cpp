@@ -2,33 +2,17 @@
 #include "editor/world_view.h"
 #include "ui/map_picture.h"
 #include "ui/panels.h"
+#include "ui/status_line.h"
 #include "ui/tips.h"
 
 #include <QEvent>
 #include <QGridLayout>
-#include <QPainter>
 
 #include <algorithm>
 
 namespace veldrune {
 
 namespace {
-
-// A label that shortens a text in its middle to fit.
-class PathLabel : public QLabel {
-  public:
-    PathLabel() {
-        setTextFormat(Qt::PlainText);
-        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
-                         fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
-    }
-};
 
 // The panel. It lies directly in the layout of its parent, and its picture takes the room that the
 // parent has beyond what that layout asks for.
@@ -80,9 +64,8 @@ constexpr BarRow bar_rows[] = {
 };
 
 void add_path(const Controls& controls, QGridLayout& grid) {
-    auto* path = new PathLabel;
+    auto* path = new ElidedLabel(Qt::ElideMiddle);
     path->setObjectName(text_row(&Form1::Label20).control);
-    path->setMinimumHeight(path->fontMetrics().height());
     const std::string& value = controls.state.form1.Label20;
     controls.bindings.label(path, value);
     controls.bindings.on_show(
@@ -90,23 +73,18 @@ void add_path(const Controls& controls, QGridLayout& grid) {
     grid.addWidget(path, 0, 0);
 }
 
-// The lines below the picture. That on the left says which cell pointer or cursor is on.
-QHBoxLayout* make_lines(MapPicture* picture) {
-    auto* cell = new QLabel;
-    cell->setObjectName("cell_line");
-    cell->setTextFormat(Qt::PlainText);
-    cell->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    cell->setMinimumHeight(cell->fontMetrics().height());
-    cell->setToolTip("The tile under the pointer or the cell cursor. Hexadecimal.");
-    QObject::connect(picture, &MapPicture::place_told, cell, &QLabel::setText);
-    auto* lines = new QHBoxLayout;
-    lines->addWidget(cell, 1);
-    return lines;
+// Says which cell pointer or cursor is on.
+QLabel* make_cell_line(MapPicture* picture) {
+    auto* line = new ElidedLabel(Qt::ElideRight);
+    line->setObjectName("cell_line");
+    line->setToolTip("The tile under the pointer or the cell cursor. Hexadecimal.");
+    QObject::connect(picture, &MapPicture::place_told, line, &QLabel::setText);
+    return line;
 }
 
 } // namespace
 
-QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
+QWidget* make_picture_panel(const Controls& controls, MapPicture* picture, StatusLine* status) {
     auto* panel = new PicturePanel(picture);
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -124,9 +102,13 @@ QWidget* make_picture_panel(const Controls& controls, MapPicture* picture) {
                     bar->setValue(static_cast<int>(std::clamp<qint64>(place, 0, bar->maximum())));
             });
     }
-    grid->addLayout(make_lines(picture), 3, 0);
-    grid->setRowStretch(4, 1);
-    controls.bindings.on_show([picture] { picture->show_state(); });
+    grid->addWidget(make_cell_line(picture), 3, 0, 1, 2);
+    grid->addWidget(status, 4, 0, 1, 2);
+    grid->setRowStretch(5, 1);
+    controls.bindings.on_show([picture, status] {
+        picture->show_state();
+        status->show_state();
+    });
     return panel;
 }
 

@@ -1,5 +1,7 @@
+#include "editor/shared_data.h"
 #include "ui/panels.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
@@ -99,17 +101,50 @@ void add_headings(const Controls& controls, QGridLayout& grid) {
                        Qt::AlignHCenter);
 }
 
+// Has the tip of a layer's "Map Data Location" name the maps that share the data. It is looked up
+// when the tip is asked for.
+class SharingTip : public QObject {
+  public:
+    SharingTip(QLineEdit* field, const EditorState& state, int layer)
+        : QObject(field), field_(field), state_(state), layer_(layer), meaning_(field->toolTip()) {
+        field->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ToolTip)
+            field_->setToolTip(meaning_ + QString::fromStdString(
+                                              " " + sharing_maps(state_.rom, state_.map, layer_)));
+        return false;
+    }
+
+  private:
+    QLineEdit* field_;
+    const EditorState& state_;
+    int layer_;
+    QString meaning_;
+};
+
 // Text14 and Text24 share one position: it shows the location of a map or of a world map.
 QLineEdit* make_field(const Controls& controls, const FieldRow& row) {
     const bool of_world = row.text == &Form1::Text24;
     const bool shares_place = of_world || row.text == layer_controls[0].location;
     QLineEdit* field = controls.field(row.text, row.meaning, !shares_place, row.limit);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
+    for (int layer = 0; layer < layer_count; ++layer)
+        if (row.text == layer_controls[layer].location)
+            new SharingTip(field, controls.state, layer);
     if (shares_place)
         controls.bindings.on_show([field, of_world, &world = controls.state.form1.Text24_visible] {
             field->setVisible(of_world == world);
         });
     return field;
+}
+
+QString caption_of(const LineRow& line, int field) {
+    const bool has_heading = line.span == 0 && line.label;
+    const char* part = has_heading ? heading_rows[field].caption : line.fields[field].part;
+    return QString("%1 %2").arg(line.caption, part).trimmed();
 }
 
 // Adds the layout for fields that share columns.
@@ -127,9 +162,7 @@ void add_line(const Controls& controls, QGridLayout& grid, const LineRow& row) {
     QHBoxLayout* shared = row.span > 0 ? add_shared_cell(grid, row) : nullptr;
     for (int i = 0; i < 4 && row.fields[i].text; ++i) {
         QLineEdit* field = make_field(controls, row.fields[i]);
-        const bool has_heading = !shared && label;
-        const char* part = has_heading ? heading_rows[i].caption : row.fields[i].part;
-        field->setAccessibleName(QString("%1 %2").arg(row.caption, part).trimmed());
+        field->setAccessibleName(caption_of(row, i));
         if (label && i == 0)
             label->setBuddy(field);
         if (shared)
@@ -156,6 +189,15 @@ void add_notes(const Controls& controls, QGridLayout& grid) {
 }
 
 } // namespace
+
+QString property_caption(const RecordControl& control) {
+    if (const auto* text = std::get_if<std::string Form1::*>(&control))
+        for (const LineRow& line : line_rows)
+            for (int i = 0; i < 4; ++i)
+                if (line.fields[i].text == *text)
+                    return caption_of(line, i);
+    return battles_row.caption;
+}
 
 QWidget* make_properties_panel(const Controls& controls) {
     auto* panel = new QWidget;

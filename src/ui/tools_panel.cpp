@@ -1,5 +1,7 @@
+#include "editor/picture_status.h"
 #include "editor/select_map.h"
 #include "editor/view.h"
+#include "ui/emphasis.h"
 #include "ui/map_list.h"
 #include "ui/override_cursor.h"
 #include "ui/panels.h"
@@ -185,6 +187,10 @@ QVBoxLayout* map_choice(const Controls& controls) {
         auto* button = new QPushButton(row.caption);
         controls.button(button, row);
         layout->addWidget(button);
+        controls.bindings.on_show([button, &state, command = row.command] {
+            emphasise(button, picture_status(state).renew == command,
+                      "The picture is not up to date. This renews it.");
+        });
     }
     return layout;
 }

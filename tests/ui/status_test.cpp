@@ -1,0 +1,64 @@
+#include "support/window_test.h"
+
+#include <QHelpEvent>
+#include <QRegularExpression>
+#include <QStatusTipEvent>
+
+namespace veldrune::test {
+namespace {
+
+using StatusTest = WindowTest;
+
+// The tip that a widget shows when it is asked for one.
+std::string asked_tip(QWidget& widget) {
+    QHelpEvent event(QEvent::ToolTip, {}, widget.mapToGlobal(QPoint()));
+    QApplication::sendEvent(&widget, &event);
+    return widget.toolTip().toStdString();
+}
+
+TEST_F(StatusTest, TheLineAndTheButtonsFollowWhatTheUserDoes) {
+    const auto status = [&] { return user.text("Status"); };
+    const auto is_bold = [&](const char* button) { return user.find(button).font().bold(); };
+    window.open_file("folder/none.smc");
+    EXPECT_EQ(status(), "none.smc was not opened: no file can be reached there");
+    open_map(town);
+    EXPECT_EQ(status(), "");
+    user.type("Text44", "5");
+    EXPECT_EQ(status(), "not saved");
+    EXPECT_EQ(user.find("Status").toolTip(), "Not saved: Song.");
+    answers.file_name = "c.smc";
+    user.choose("SaveAs");
+    EXPECT_TRUE(QString::fromStdString(status()).endsWith("Save once more: Song")) << status();
+    user.choose("Save");
+    EXPECT_TRUE(QRegularExpression("^saved \\d\\d:\\d\\d$")
+                    .match(QString::fromStdString(status()))
+                    .hasMatch());
+    EXPECT_FALSE(is_bold("Command2") || is_bold("Command3"));
+    user.type("Text2", "48");
+    EXPECT_TRUE(is_bold("Command2") && !is_bold("Command3"));
+    user.choose_map(town + 1);
+    EXPECT_EQ(status(), "Picture: map 2");
+    EXPECT_TRUE(is_bold("Command3") && !is_bold("Command2"));
+    const int width = window.minimumSizeHint().width();
+    QStatusTipEvent hint(QString(500, 'x'));
+    QApplication::sendEvent(&window, &hint);
+    EXPECT_EQ(status(), std::string(500, 'x'));
+    EXPECT_EQ(window.minimumSizeHint().width(), width);
+}
+
+TEST_F(StatusTest, AFieldIsMarkedWhileItIsTypedAndALocationNamesItsSharers) {
+    open_map(town);
+    auto& field = user.find<QLineEdit>("Text6");
+    const QColor plain = field.palette().color(QPalette::Text);
+    user.type("Text6", "131");
+    EXPECT_EQ(field.accessibleDescription(), "Too large: Save makes 3 of it.");
+    EXPECT_EQ(field.actions().back()->toolTip(), field.accessibleDescription());
+    EXPECT_NE(field.palette().color(QPalette::Text), plain);
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    EXPECT_TRUE(field.actions().isEmpty() && field.accessibleDescription().isEmpty());
+    EXPECT_EQ(field.palette().color(QPalette::Text), plain);
+    EXPECT_NE(asked_tip(user.find("Text25")).find(". Hexadecimal. Also map"), std::string::npos);
+}
+
+} // namespace
+} // namespace veldrune::test
