@@ -4,6 +4,7 @@
 #include "rom/number_text.h"
 #include "rom/rom_layout.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,10 +28,12 @@ enum class ObjectFieldForm {
     option,       // the lowest set bit is the selected button
 };
 using enum ObjectFieldForm;
+using enum ObjectField;
 
 // One value of a record: the control that shows it, its bits, and the base that the text adds. A
 // value without bits is shown as 0 and not packed.
 struct FieldRow {
+    ObjectField field;
     ObjectFieldForm form;
     std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
     BitRun bits;
@@ -41,56 +44,56 @@ constexpr std::int32_t scripts = rom_layout::event_scripts;
 constexpr std::int32_t npc_flag_bytes = 0x1EE0; // where the game keeps the flags of NPCs
 
 // clang-format off
-constexpr FieldRow npc_palette = {low_number, &F::Text2, {18, 3}};
-constexpr FieldRow npc_sprites = {number, &F::Text7, {48, 8}};
+constexpr FieldRow npc_palette = {ObjectField::palette, low_number, &F::Text2, {18, 3}};
+constexpr FieldRow npc_sprites = {ObjectField::sprite, number, &F::Text7, {48, 8}};
 
 // The rows of a kind are in the order in which a save reads its fields and reports errors.
 constexpr FieldRow npc_fields[] = {
-    // form        control      bits      base
-    {short_number, &F::Text1,   { 0, 18}, scripts}, // event
-    npc_palette,                                    // bit 21 has no control
-    {npc_flag,     &F::Text4,   {22, 10}, npc_flag_bytes},
-    {number,       &F::Text5,   {32,  8}},          // column
-    {number,       &F::Text6,   {40,  6}},          // row
-    {list,         &F::Combo3,  {46,  2}},          // speed
+    // value         form          control      bits      base
+    {event,          short_number, &F::Text1,   { 0, 18}, scripts},
+    npc_palette, // bit 21 has no control
+    {flag,           npc_flag,     &F::Text4,   {22, 10}, npc_flag_bytes},
+    {map_x,          number,       &F::Text5,   {32,  8}},
+    {map_y,          number,       &F::Text6,   {40,  6}},
+    {speed,          list,         &F::Combo3,  {46,  2}},
     npc_sprites,
-    {list,         &F::Combo4,  {56,  4}},          // movement
-    {box,          &F::Check1,  {60,  1}},          // walk over
-    {box,          &F::Check2,  {61,  1}},          // walk under
-    {list,         &F::Combo1,  {62,  2}},          // vehicle
-    {list,         &F::Combo2,  {64,  2}},          // facing
-    {inverted_box, &F::Check3,  {66,  1}},          // turn to talk; 67 to 71 have no control
+    {movement,       list,         &F::Combo4,  {56,  4}},
+    {walk_over,      box,          &F::Check1,  {60,  1}},
+    {walk_under,     box,          &F::Check2,  {61,  1}},
+    {vehicle,        list,         &F::Combo1,  {62,  2}},
+    {facing,         list,         &F::Combo2,  {64,  2}},
+    {turn_to_talk,   inverted_box, &F::Check3,  {66,  1}},  // 67 to 71 have no control
 };
 constexpr FieldRow chest_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {chest_flag,   &F::Text4,   {16,  8}},
-    {box,          &F::Check2,  {24,  1}},          // byte flag
-    {box,          &F::Check1,  {25,  1}},          // kept in hidden boxes, as is the next
-    {box,          &F::Check3,  {26,  1}},
-    {option,       &F::option,  {27,  5}},          // kind of contents
-    {list,         &F::Combo2,  {32,  8}},          // contents
+    {map_x,          number,       &F::Text1,   { 0,  8}},
+    {map_y,          number,       &F::Text2,   { 8,  8}},
+    {flag,           chest_flag,   &F::Text4,   {16,  8}},
+    {byte_flag,      box,          &F::Check2,  {24,  1}},
+    {chest_bit1,     box,          &F::Check1,  {25,  1}},  // kept in hidden boxes, as is the next
+    {chest_bit2,     box,          &F::Check3,  {26,  1}},
+    {contents_kind,  option,       &F::option,  {27,  5}},
+    {contents,       list,         &F::Combo2,  {32,  8}},
 };
 constexpr FieldRow event_trigger_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {16, 24}, scripts}, // event
+    {map_x,          number,       &F::Text1,   { 0,  8}},
+    {map_y,          number,       &F::Text2,   { 8,  8}},
+    {event,          number,       &F::Text4,   {16, 24}, scripts},
 };
 constexpr FieldRow entrance_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {16, 16}},          // target map
-    {number,       &F::Text7,   {32,  8}},          // target column
-    {number,       &F::Text5,   {40,  8}},          // target row
-    {number,       &F::Text6,   { 0,  0}},          // width
+    {map_x,          number,       &F::Text1,   { 0,  8}},
+    {map_y,          number,       &F::Text2,   { 8,  8}},
+    {target_map,     number,       &F::Text4,   {16, 16}},
+    {target_x,       number,       &F::Text7,   {32,  8}},
+    {target_y,       number,       &F::Text5,   {40,  8}},
+    {width,          number,       &F::Text6,   { 0,  0}},
 };
 constexpr FieldRow long_entrance_fields[] = {
-    {number,       &F::Text1,   { 0,  8}},          // column
-    {number,       &F::Text2,   { 8,  8}},          // row
-    {number,       &F::Text4,   {24, 16}},          // target map
-    {number,       &F::Text7,   {40,  8}},          // target column
-    {number,       &F::Text5,   {48,  8}},          // target row
-    {number,       &F::Text6,   {16,  8}},          // width, direction in bit 7
+    {map_x,          number,       &F::Text1,   { 0,  8}},
+    {map_y,          number,       &F::Text2,   { 8,  8}},
+    {target_map,     number,       &F::Text4,   {24, 16}},
+    {target_x,       number,       &F::Text7,   {40,  8}},
+    {target_y,       number,       &F::Text5,   {48,  8}},
+    {width,          number,       &F::Text6,   {16,  8}},  // direction in bit 7
 };
 constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
     npc_fields, chest_fields, event_trigger_fields, entrance_fields, long_entrance_fields,
@@ -99,6 +102,13 @@ constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
 
 std::span<const FieldRow> fields_of(ObjectKind kind) {
     return fields_of_kinds[static_cast<std::size_t>(kind)];
+}
+
+// The row of a value that takes up bits of the record; null where the kind has none.
+const FieldRow* row_of(ObjectKind kind, ObjectField field) {
+    const auto rows = fields_of(kind);
+    const auto row = std::ranges::find(rows, field, &FieldRow::field);
+    return row == rows.end() || row->bits.count == 0 ? nullptr : &*row;
 }
 
 static_assert(bits_taken<9>(npc_fields) == 8 * 9 - 6); // bits 21 and 67 to 71
@@ -122,16 +132,23 @@ void press_option(int& option, std::uint32_t bits) {
             option = button;
 }
 
+bool is_flag(const FieldRow& row) {
+    return row.form == npc_flag || row.form == chest_flag;
+}
+
+// The text of a value that the window shows in a text box.
+std::string text_of(const FieldRow& row, std::uint32_t value) {
+    return is_flag(row) ? flag_text(value, row.base) : format_hex(std::int64_t{value} + row.base);
+}
+
 void show_field(const FieldRow& row, std::uint32_t value, Form10& form) {
     switch (row.form) {
     case number:
     case low_number:
     case short_number:
-        value_of<std::string>(form, row) = format_hex(std::int64_t{value} + row.base);
-        break;
     case npc_flag:
     case chest_flag:
-        value_of<std::string>(form, row) = flag_text(value, row.base);
+        value_of<std::string>(form, row) = text_of(row, value);
         break;
     case box:
     case inverted_box:
@@ -244,12 +261,17 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form) {
         show_field(row, read_bits(record, row.bits), form);
 }
 
+ObjectBytes unshown_bits(ObjectKind kind, const ObjectBytes& record) {
+    ObjectBytes rest = record;
+    for (const FieldRow& row : fields_of(kind))
+        clear_bits(rest, row.bits);
+    return rest;
+}
+
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs) {
     FieldReader reader(form, dialogs);
-    ObjectBytes record = raw;
-    for (const FieldRow& row : fields_of(kind))
-        clear_bits(record, row.bits);
+    ObjectBytes record = unshown_bits(kind, raw);
     for (const FieldRow& row : fields_of(kind))
         if (row.bits.count != 0)
             add_bits(record, row.bits, reader.value(row));
@@ -258,11 +280,26 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
     return record;
 }
 
+std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& record,
+                                         ObjectField field) {
+    const FieldRow* row = row_of(kind, field);
+    if (row == nullptr)
+        return std::nullopt;
+    return std::int64_t{read_bits(record, row->bits)} + (field == event ? row->base : 0);
+}
+
+std::string object_text(ObjectKind kind, const ObjectBytes& record, ObjectField field) {
+    const FieldRow* row = row_of(kind, field);
+    if (row == nullptr)
+        return {};
+    const std::uint32_t value = read_bits(record, row->bits);
+    if (std::holds_alternative<std::string F::*>(row->control) || field == contents)
+        return text_of(*row, value);
+    return std::to_string(row->form == inverted_box ? 1 - value : value);
+}
+
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {
-    for (const FieldRow& row : fields_of(kind))
-        if (row.base == scripts)
-            return std::int64_t{read_bits(record, row.bits)} + row.base;
-    return std::nullopt;
+    return object_value(kind, record, event);
 }
 
 std::uint8_t npc_sprite(const ObjectBytes& record) {
