@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+namespace veldrune::cli {
+
+/// Writes to standard output. Throws Failure where that can't be done, and ReaderGone.
+void put_out(std::string_view text);
+
+} // namespace veldrune::cli
