@@ -7,11 +7,6 @@
 namespace veldrune {
 namespace {
 
-using enum ObjectKind;
-
-// Markers that are drawn later lie on top.
-constexpr ObjectKind draw_order[] = {npc, long_entrance, entrance, chest, event_trigger};
-
 void draw_shown(EditorState& state, ObjectKinds kinds, ViewPlace place) {
     for (const ObjectKind kind : kinds)
         if (state.form1.*object_kind_row(kind).shown)
@@ -22,7 +17,7 @@ void draw_shown(EditorState& state, ObjectKinds kinds, ViewPlace place) {
 
 void draw_objects(EditorState& state) {
     read_object_lists(state, map_object_kinds, state.form1.Combo1);
-    draw_shown(state, draw_order, map_place(state.form1, state.zoom));
+    draw_shown(state, marker_order, map_place(state.form1, state.zoom));
 }
 
 void draw_overlays(EditorState& state) {

@@ -1,6 +1,7 @@
 #include "inspect/dump.h"
 
 #include "dialogue/dialogue_text.h"
+#include "inspect/all_streams.h"
 #include "inspect/field_names.h"
 #include "rom/number_text.h"
 
@@ -48,16 +49,6 @@ std::string hex_digits(std::int64_t number, std::size_t width) {
     return std::string(width - std::min(width, digits.size()), '0').append(digits);
 }
 
-std::string hex_text(Bytes bytes) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string text(bytes.size() * 3 - !bytes.empty(), ' ');
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        text[3 * i] = digits[bytes[i] >> 4];
-        text[3 * i + 1] = digits[bytes[i] & 0xF];
-    }
-    return text;
-}
-
 // A dialogue in one line: bytes that break lines or show nothing stand as "\01".
 std::string quoted(Bytes bytes) {
     std::string text = "\"";
@@ -75,7 +66,7 @@ class Dumper {
   public:
     explicit Dumper(const ImageReading& reading) : reading_(reading), image_(reading.image) {}
 
-    std::vector<Fact> dump() {
+    void dump_values() {
         add("image size", std::to_string(image_.size()));
         for (const EntryTable& table : entry_tables)
             add_rows(table.key,
@@ -84,27 +75,21 @@ class Dumper {
         add_items();
         for (int map = 0; map < map_count; ++map)
             add_map(map);
-        for (const LayerStream& stream : reading_.streams)
-            add_stream("data " + padded_number(stream.number, 3), stream.packed,
-                       std::max(stream.size.width, 16));
-        add_streams("formation-set ", reading_.formation_sets, 32);
-        add_streams("layer3-graphics ", reading_.layer3_graphics, 16);
-        for (const WorldReading& world : reading_.worlds) {
-            const std::string key = world.world == World::dawn ? "world dawn" : "world dusk";
-            add_stream(key + " map", world.map, world_side);
-            add_stream(key + " graphics", world.graphics, 32);
-        }
         for (std::size_t i = 0; i < reading_.dialogues.size(); ++i)
             add_dialogue("dialogue " + padded_number(static_cast<std::int64_t>(i), 4),
                          reading_.dialogues[i]);
+    }
+    void dump_streams() {
+        for (const AnyStream& stream : all_streams(reading_))
+            add_stream(stream);
+    }
+    void dump_scripts() {
         for (const WalkedScript& script : reading_.scripts.scripts)
             add_script(script);
-        return std::move(facts_);
     }
+    std::vector<Fact> facts() { return std::move(facts_); }
 
   private:
-    static constexpr int world_side = 256;
-
     void add(std::string key, std::string value) {
         facts_.push_back({std::move(key), std::move(value)});
     }
@@ -161,14 +146,10 @@ class Dumper {
             add(key + "other-bits", hex_text(unshown_bits(object.kind, object.bytes)));
     }
 
-    void add_stream(const std::string& key, const PackedStream& stream, int width) {
-        add(key + " location", format_hex(stream.offset));
-        add(key + " packed-size", std::to_string(stream.packed_size));
-        add_rows(key + " row", stream.bytes, width, 3);
-    }
-    void add_streams(const std::string& key, const std::vector<PackedStream>& streams, int width) {
-        for (std::size_t i = 0; i < streams.size(); ++i)
-            add_stream(key + padded_number(static_cast<std::int64_t>(i), 2), streams[i], width);
+    void add_stream(const AnyStream& stream) {
+        add(stream.key + " location", format_hex(stream.packed->offset));
+        add(stream.key + " packed-size", std::to_string(stream.packed->packed_size));
+        add_rows(stream.key + " row", stream.packed->bytes, stream.width, 3);
     }
 
     void add_dialogue(const std::string& key, const DialogueAt& dialogue) {
@@ -197,8 +178,28 @@ class Dumper {
 
 } // namespace
 
+std::string hex_text(std::span<const std::uint8_t> bytes) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string text(bytes.size() * 3 - !bytes.empty(), ' ');
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        text[3 * i] = digits[bytes[i] >> 4];
+        text[3 * i + 1] = digits[bytes[i] & 0xF];
+    }
+    return text;
+}
+
+std::vector<Fact> dump_values(const ImageReading& reading) {
+    Dumper dumper(reading);
+    dumper.dump_values();
+    return dumper.facts();
+}
+
 std::vector<Fact> dump_image(const ImageReading& reading) {
-    return Dumper(reading).dump();
+    Dumper dumper(reading);
+    dumper.dump_values();
+    dumper.dump_streams();
+    dumper.dump_scripts();
+    return dumper.facts();
 }
 
 } // namespace veldrune::inspect

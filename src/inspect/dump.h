@@ -2,6 +2,8 @@
 
 #include "inspect/reading.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,5 +20,11 @@ struct Fact {
 /// are padded with zeros; those of maps, data and dialogues are decimal, offsets and items
 /// hexadecimal. Rows and bytes are pairs of hexadecimal digits.
 std::vector<Fact> dump_image(const ImageReading& reading);
+
+/// The part of it before streams and scripts: tables, items, maps with their objects, dialogues.
+std::vector<Fact> dump_values(const ImageReading& reading);
+
+/// Bytes as a dump shows them: "0F FF".
+std::string hex_text(std::span<const std::uint8_t> bytes);
 
 } // namespace veldrune::inspect

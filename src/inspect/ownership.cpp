@@ -1,5 +1,6 @@
 #include "inspect/ownership.h"
 
+#include "inspect/all_streams.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -111,28 +112,16 @@ class Collector {
             ranges_.push_back({begin, end, kind, static_cast<std::int64_t>(number), sure});
     }
 
-    void add_stream(const PackedStream& stream, OwnerKind kind, auto number) {
-        add(stream.offset, stream.end(), kind, number);
-    }
     void add_streams() {
-        for (const LayerStream& stream : reading_.streams)
-            add_stream(stream.packed, OwnerKind::layer_stream, stream.number);
-        for (std::size_t i = 0; i < reading_.formation_sets.size(); ++i)
-            add_stream(reading_.formation_sets[i], OwnerKind::formation_set, i);
-        for (std::size_t i = 0; i < reading_.layer3_graphics.size(); ++i)
-            add_stream(reading_.layer3_graphics[i], OwnerKind::layer3_graphics, i);
-        for (std::size_t i = 0; i < reading_.worlds.size(); ++i) {
-            add_stream(reading_.worlds[i].map, OwnerKind::world_map, i);
-            add_stream(reading_.worlds[i].graphics, OwnerKind::world_graphics, i);
-        }
+        for (const AnyStream& stream : all_streams(reading_))
+            add(stream.packed->offset, stream.packed->end(), stream.kind, stream.number);
     }
 
     void add_objects(int map, ObjectKind kind) {
         const auto objects = reading_.objects_of(map, kind);
         if (!objects.empty())
             add(objects.front().offset, objects.back().offset + object_kind_row(kind).record_size,
-                static_cast<OwnerKind>(static_cast<int>(OwnerKind::npcs) + static_cast<int>(kind)),
-                map);
+                list_owner(kind), map);
     }
 
     // A range for the sure commands and one for those after them.

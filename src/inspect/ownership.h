@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inspect/owner_kind.h"
 #include "inspect/reading.h"
 
 #include <cstdint>
@@ -19,23 +20,6 @@ struct KnownStructure {
 };
 /// All of them, by offset. None overlaps another.
 std::span<const KnownStructure> known_structures();
-
-enum class OwnerKind {
-    structure,      // number: index in known_structures()
-    dialogue_table, // of the Dialogue Patch, where the image has it
-    layer_stream,   // number: data number
-    formation_set,  // number of the set
-    layer3_graphics,
-    world_map, // number: 0 dawn, 1 dusk
-    world_graphics,
-    npcs, // number: map, here and in the next four, which are as in ObjectKind
-    chests,
-    triggers,
-    entrances,
-    long_entrances,
-    script,   // number: file offset of its first command
-    dialogue, // number of the dialogue
-};
 
 /// What has a range of bytes. Ranges of several owners may overlap, and those of streams that share
 /// their data do.
