@@ -7,8 +7,10 @@
 namespace veldrune::cli {
 
 // The groups of commands, each a table in a file of its own.
-CommandGroup map_commands();  // maps, map
-CommandGroup dump_commands(); // dump
+CommandGroup map_commands();     // maps, map
+CommandGroup dump_commands();    // dump
+CommandGroup picture_commands(); // picture, pictures
+CommandGroup diff_commands();    // diff
 
 /// A command of the parser's tree, and what it does.
 struct DeclaredCommand {

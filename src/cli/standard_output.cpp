@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <string>
+#include <unistd.h>
 
 namespace veldrune::cli {
 
@@ -15,6 +17,12 @@ void put_out(std::string_view text) {
     if (errno == EPIPE)
         throw ReaderGone();
     throw Failure("Writing to standard output failed.");
+}
+
+void put_progress(std::string_view text) {
+    static const bool is_terminal = ::isatty(STDERR_FILENO) == 1;
+    if (is_terminal)
+        std::fputs(std::string("\r\x1B[K").append(text).c_str(), stderr);
 }
 
 } // namespace veldrune::cli

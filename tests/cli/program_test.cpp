@@ -63,6 +63,13 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
         {"inspect dump \xFF.smc", 0, "image size 0\n"},
         {"(inspect dump a.smc; echo $? > code) | head -n 1; exit $(cat code)", 0,
          "image size 3146240\n"},
+        {"inspect diff a.smc a.smc", 0, ""},
+        {"inspect picture a.smc 0x11 a.png --layers 1,3 && head -c 4 a.png", 0, "PNG"},
+        {"inspect picture a.smc dusk b.png --objects --grid && wc -c < a.png", 0, ""},
+        {"inspect picture a.smc 414 c.png", 2, ""},
+        {"inspect picture a.smc 4 c.png --layers 1,", 2, ""},
+        {"inspect picture a.smc 4 none/c.png", 2, ""},
+        {"inspect pictures a.smc a.smc", 2, ""},
         {"inspect dump a.smc > /dev/full", 2, ""},
         {"inspect --help > /dev/full", 2, ""},
         {"inspect", 2, ""},
@@ -94,6 +101,20 @@ TEST_F(Program, PrintsJsonWithThePathAndWholeNumbers) {
     EXPECT_EQ(maps["maps"][0]["location3"], 0x19D3B0);
     const auto nothing = nlohmann::json::parse(run("inspect map --json \xFF.smc 3").out);
     EXPECT_EQ(nothing["image"], "\uEFFF.smc");
+}
+
+TEST_F(Program, ShowsADifferenceAndDrawsItBeforeAndAfter) {
+    std::string changed(demo_bytes().begin(), demo_bytes().end());
+    changed[0x2D9100 + 33 * 7 + 28] ^= 1; // a song, which no picture shows
+    for (std::size_t i = 0; i < 256; ++i)
+        changed[0x12EE00 + i] ^= 1; // the colours that the World of Dawn alone has
+    write("b.smc", changed);
+    const Result text = run("inspect diff a.smc b.smc --pictures out");
+    EXPECT_EQ(text.code, 1);
+    EXPECT_NE(text.out.find("\nmap 7: song: "), std::string::npos) << text.out;
+    EXPECT_EQ(run("cd out && ls").out, "world-dawn-after.png\nworld-dawn-before.png\n");
+    const auto json = nlohmann::json::parse(run("inspect diff --json a.smc b.smc").out);
+    EXPECT_EQ(json["findings"].back()["what"], "song");
 }
 
 TEST(Numbers, AreReadInTheStyleOfTheirPlace) {
