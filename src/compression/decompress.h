@@ -35,8 +35,9 @@ class DecompressBuffer {
 /// Decodes the stream whose length field is at file offset stream_offset into buffer, from index 0
 /// to output_limit at most, which is one of the three limits above. Indices that the stream does
 /// not reach are zero up to output_limit; a stream longer than its decoder accepts leaves all of
-/// them zero. A damaged stream gives wrong bytes and does no other harm.
-void decompress_stream(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
-                       int output_limit);
+/// them zero. A damaged stream gives wrong bytes and does no other harm. Returns how many bytes the
+/// stream made.
+int decompress_stream(const RomImage& rom, std::int64_t stream_offset, DecompressBuffer& buffer,
+                      int output_limit);
 
 } // namespace veldrune

@@ -122,22 +122,6 @@ std::string expanded(std::span<const std::uint8_t> bytes) {
     return {text.data(), length};
 }
 
-// File offset of a dialogue's text; -1, where nothing can be read, if its table entry is outside
-// the file.
-std::int64_t text_offset(const RomImage& rom, bool dialogue_patched, int number) {
-    constexpr std::int64_t outside = -1;
-    std::array<std::uint8_t, 3> entry{};
-    if (dialogue_patched) {
-        if (rom.read(new_dialogue_pointers + std::int64_t{3} * number, entry) < 3)
-            return outside;
-        return offset_of_address(entry[0] | entry[1] << 8 | entry[2] << 16);
-    }
-    if (rom.read(dialogue_pointers + std::int64_t{2} * number, std::span(entry).first(2)) < 2)
-        return outside;
-    const std::int64_t bank = number < first_dialogue_of_second_bank ? dialogues : dialogues_2;
-    return bank + (entry[0] | entry[1] << 8);
-}
-
 } // namespace
 
 std::string_view decode_dialogue_byte(std::uint8_t byte) {
@@ -164,9 +148,23 @@ DialogueText wrap_dialogue(std::string text) {
     return {std::move(text), static_cast<std::uint8_t>(lines), options};
 }
 
+std::int64_t dialogue_offset(const RomImage& rom, bool dialogue_patched, int number) {
+    constexpr std::int64_t outside = -1;
+    std::array<std::uint8_t, 3> entry{};
+    if (dialogue_patched) {
+        if (rom.read(new_dialogue_pointers + std::int64_t{3} * number, entry) < 3)
+            return outside;
+        return offset_of_address(entry[0] | entry[1] << 8 | entry[2] << 16);
+    }
+    if (rom.read(dialogue_pointers + std::int64_t{2} * number, std::span(entry).first(2)) < 2)
+        return outside;
+    const std::int64_t bank = number < first_dialogue_of_second_bank ? dialogues : dialogues_2;
+    return bank + (entry[0] | entry[1] << 8);
+}
+
 DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int number) {
     constexpr std::size_t first_read = 256; // most texts end there
-    const std::int64_t at = text_offset(rom, dialogue_patched, number);
+    const std::int64_t at = dialogue_offset(rom, dialogue_patched, number);
     std::array<std::uint8_t, max_dialogue_bytes> bytes;
     const std::span<std::uint8_t> first = std::span(bytes).first(first_read);
     std::size_t count = rom.read(at, first);

@@ -25,6 +25,10 @@ std::string_view decode_dialogue_byte(std::uint8_t byte);
 /// longer word is not broken.
 DialogueText wrap_dialogue(std::string text);
 
+/// File offset of a dialogue's text, by the table of the Dialogue Patch if the image has it, else
+/// by the original one; -1, where nothing can be read, if its table entry is outside the file.
+std::int64_t dialogue_offset(const RomImage& rom, bool dialogue_patched, int number);
+
 /// The dialogue of this number, by the table of the Dialogue Patch if the image has it, else by the
 /// original one. A number past the table reads what lies there. A text ends at the end of the file.
 DialogueText read_dialogue_text(const RomImage& rom, bool dialogue_patched, int number);

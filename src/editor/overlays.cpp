@@ -7,11 +7,6 @@
 namespace veldrune {
 namespace {
 
-using enum ObjectKind;
-
-// Markers that are drawn later lie on top.
-constexpr ObjectKind draw_order[] = {npc, long_entrance, entrance, chest, event_trigger};
-
 void draw_shown(const Form1& form, ObjectKinds kinds, ViewPlace place, ObjectLists& lists,
                 PixelBuffer& picture) {
     for (const ObjectKind kind : kinds)
@@ -26,7 +21,7 @@ void draw_objects(EditorState& state) {
     for (const ObjectKind kind : map_object_kinds)
         state.picture.markers[static_cast<std::size_t>(kind)] |=
             state.form1.*object_kind_row(kind).shown;
-    draw_shown(state.form1, draw_order, map_place(state.form1, state.zoom), state.objects.lists,
+    draw_shown(state.form1, marker_order, map_place(state.form1, state.zoom), state.objects.lists,
                state.display.picture);
 }
 

@@ -1,7 +1,7 @@
 #include "events/script_decoder.h"
 
 #include "dialogue/dialogue_text.h"
-#include "events/command_table.h"
+#include "events/script_reader.h"
 #include "rom/number_text.h"
 #include "rom/patch_marks.h"
 #include "rom/rom_layout.h"
@@ -19,17 +19,6 @@ std::string two_digits(std::uint32_t value) {
     return padded(format_hex(value), 2);
 }
 
-// The number of the dialogue that a reference shows; nothing where the one before it stays.
-std::optional<int> dialogue_number(std::uint32_t reference) {
-    if (reference >= 0x8000)
-        return static_cast<int>(reference - 0x8000);
-    if (reference >= 0x4000)
-        return static_cast<int>(reference - 0x4000);
-    if (reference < 0x0FA0)
-        return static_cast<int>(reference);
-    return std::nullopt;
-}
-
 constexpr int waiting_dialogue_height = 800; // of 0x48, whatever its text
 
 class Decoder {
@@ -44,16 +33,18 @@ class Decoder {
         bool whole;
     };
     Decoded decode() {
-        while (index_ < bytes_.size()) {
-            const std::size_t rows_before = grid_.size();
-            const std::uint8_t code = bytes_[index_];
-            decode_command();
-            if (index_ > bytes_.size()) { // cut: it is no command
-                grid_.resize(rows_before);
+        std::size_t index = 0;
+        while (index < bytes_.size()) {
+            const std::span<const std::uint8_t> rest = bytes_.subspan(index);
+            read_command(rest, context_, command_);
+            const auto size = static_cast<std::size_t>(command_.size);
+            if (size > rest.size()) // cut: it is no command
                 break;
-            }
-            if (code == return_command)
-                return {index_, true};
+            for (const ScriptItem& item : command_.items)
+                add_item(rest.subspan(static_cast<std::size_t>(item.at)), item);
+            index += size;
+            if (rest[0] == return_command)
+                return {index, true};
         }
         return {bytes_.size(), false};
     }
@@ -65,56 +56,27 @@ class Decoder {
         std::uint8_t option_count;
     };
 
-    void decode_command() {
-        command_ = index_;
-        const ScriptCommand& command = script_command(byte_at(index_));
-        add_row(primary, format_hex(take(1)), command.label.loaded);
-        for (const Parameter& parameter : command.parameters())
-            decode_parameter(parameter);
-        if (command.is_queue())
-            decode_queue(queue_size(byte_at(index_ - 1)));
-    }
-
-    void decode_parameter(const Parameter& parameter) {
-        switch (parameter.kind) {
-        case ParameterKind::dialogue:
-            return decode_dialogue();
+    void add_item(std::span<const std::uint8_t> bytes, const ScriptItem& item) {
+        constexpr ScriptColumn columns[] = {primary, secondary, secondary, tertiary};
+        const ScriptColumn column = columns[static_cast<std::size_t>(item.level)];
+        switch (item.kind) {
         case ParameterKind::map_data:
-            return decode_map_data(parameter);
+            return add_map_data(bytes.first(static_cast<std::size_t>(item.size)), item);
         case ParameterKind::offset_list:
-            return decode_offsets(parameter);
-        case ParameterKind::list_count:
-            last_option_count_ = byte_at(index_);
-            break;
+            return add_offsets(item);
         default:
-            break;
+            add_row(column, format_hex(item.value), item.label->loaded);
         }
-        add_row(secondary, take_value(parameter.kind), parameter.label.loaded);
+        if (item.kind == ParameterKind::dialogue)
+            add_dialogue();
     }
 
-    // The text of a value of a fixed width.
-    std::string take_value(ParameterKind kind) {
-        switch (kind) {
-        case ParameterKind::pointer:
-            return format_hex(take(size_of(kind)) + rom_layout::event_scripts);
-        case ParameterKind::high_nibble:
-            return format_hex(byte_at(index_) >> 4);
-        case ParameterKind::low_nibble:
-            return format_hex(take(1) & 0xF);
-        default:
-            return format_hex(take(size_of(kind)));
-        }
-    }
-
-    void decode_dialogue() {
-        const bool tall = byte_at(command_) == 0x48;
-        const std::uint32_t reference = take(size_of(ParameterKind::dialogue));
-        last_dialogue_ = dialogue_number(reference).value_or(last_dialogue_);
-        add_row(secondary, format_hex(reference), "");
-        const ShownDialogue& dialogue = show_dialogue(last_dialogue_);
-        last_option_count_ = dialogue.option_count;
-        grid_.back().height =
-            tall ? waiting_dialogue_height : dialogue.line_count * script_line_height;
+    void add_dialogue() {
+        const ShownDialogue& dialogue = show_dialogue(context_.last_dialogue);
+        context_.option_count = dialogue.option_count;
+        grid_.back().height = command_.items[0].value == 0x48
+                                  ? waiting_dialogue_height
+                                  : dialogue.line_count * script_line_height;
     }
 
     // Puts the text into the last row. Each is read once, and kept where it was shown first:
@@ -133,40 +95,24 @@ class Decoder {
         return shown;
     }
 
-    // Lines of as many bytes as the data is wide. What the height says beyond the 8 bits of their
-    // product is no part of the command.
-    void decode_map_data(const Parameter& parameter) {
-        const std::uint8_t width = byte_at(command_ + 3);
-        const std::uint8_t height = byte_at(command_ + 4);
-        const int count = width * height % 256;
+    // Lines of as many bytes as the data is wide.
+    void add_map_data(std::span<const std::uint8_t> data, const ScriptItem& item) {
+        const std::uint32_t width = command_.items[3].value;
+        const auto height = static_cast<int>(command_.items[4].value);
         std::string cell;
-        for (int i = 0; i < count; ++i) {
-            cell += two_digits(take(1)) + " ";
-            if ((i + 1) % width == 0 || i + 1 == count)
+        for (std::size_t i = 0; i < data.size(); ++i) {
+            cell += two_digits(data[i]) + " ";
+            if ((i + 1) % width == 0 || i + 1 == data.size())
                 cell += "\r\n";
         }
-        add_row(secondary, cell, parameter.label.loaded, height * script_line_height);
+        add_row(secondary, cell, item.label->loaded, height * script_line_height);
     }
 
-    void decode_offsets(const Parameter& parameter) {
+    void add_offsets(const ScriptItem& item) {
         std::string cell;
-        for (int i = 0; i < last_option_count_; ++i)
-            cell += take_value(ParameterKind::pointer) + "\r\n";
-        add_row(secondary, cell, parameter.label.loaded, last_option_count_ * script_line_height);
-    }
-
-    void decode_queue(int size) {
-        const std::size_t end = index_ + static_cast<std::size_t>(size);
-        while (index_ < std::min(end, bytes_.size()))
-            decode_action();
-        index_ = std::max(index_, end); // beyond what was read, where that cuts the queue
-    }
-
-    void decode_action() {
-        const ScriptCommand& action = queue_action(byte_at(index_));
-        add_row(secondary, format_hex(take(1)), action.label.loaded);
-        for (const Parameter& parameter : action.parameters())
-            add_row(tertiary, take_value(parameter.kind), parameter.label.loaded);
+        for (const std::int64_t offset : command_.list)
+            cell += format_hex(offset) + "\r\n";
+        add_row(secondary, cell, item.label->loaded, context_.option_count * script_line_height);
     }
 
     void add_row(ScriptColumn column, std::string_view value, std::string_view label,
@@ -175,27 +121,13 @@ class Decoder {
         grid_.back().height = height;
     }
 
-    std::uint8_t byte_at(std::size_t index) const {
-        return index < bytes_.size() ? bytes_[index] : 0;
-    }
-
-    // The next count bytes as a number, the lowest first.
-    std::uint32_t take(int count) {
-        std::uint32_t value = 0;
-        for (int i = 0; i < count; ++i)
-            value |= static_cast<std::uint32_t>(byte_at(index_++)) << (8 * i);
-        return value;
-    }
-
     const RomImage& rom_;
     const bool dialogue_patched_;
     const std::span<const std::uint8_t> bytes_;
     ScriptGrid& grid_;
     std::map<int, ShownDialogue> dialogues_;
-    std::size_t index_ = 0;              // of the next byte; beyond the end where bytes are missing
-    std::size_t command_ = 0;            // where the present command began
-    int last_dialogue_ = 0;              // number of the dialogue shown last
-    std::uint8_t last_option_count_ = 0; // its options, or the count of a list after it
+    ScriptContext context_;
+    CommandItems command_; // the present one
 };
 
 // Lays bytes out in the grid as the script that they begin with.

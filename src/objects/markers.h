@@ -6,6 +6,11 @@
 
 namespace veldrune {
 
+/// The kinds of a map in the order in which their markers are drawn: later ones lie on top.
+inline constexpr ObjectKind marker_order[] = {ObjectKind::npc, ObjectKind::long_entrance,
+                                              ObjectKind::entrance, ObjectKind::chest,
+                                              ObjectKind::event_trigger};
+
 /// Outlines every object of the list in its kind's colour: its tile, or its run of tiles. What
 /// falls outside the picture is left out. The list counts as drawn.
 void draw_markers(ObjectKind kind, ObjectList& list, ViewPlace place, PixelBuffer& buffer);

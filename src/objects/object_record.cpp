@@ -4,6 +4,7 @@
 #include "rom/number_field.h"
 #include "rom/rom_layout.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 #include <variant>
@@ -21,10 +22,12 @@ enum class Coding {
     one_hot,  // the lowest set bit is the selected button
 };
 using enum Coding;
+using enum ObjectField;
 
 // One value of a record: the control that shows it, its bits, and the base that the text adds. A
 // value without bits is shown as 0 and not packed.
 struct FieldRow {
+    ObjectField field;
     std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
     BitRun bits;
     std::int32_t base = 0;
@@ -35,56 +38,56 @@ constexpr std::int32_t scripts = rom_layout::event_scripts;
 constexpr std::int32_t npc_flags = 8 * 0x1EE0; // the first flag of an NPC
 
 // clang-format off
-constexpr FieldRow npc_palette = {&F::Text2, {18, 3}, 0, cut};
-constexpr FieldRow npc_sprites = {&F::Text7, {48, 8}};
+constexpr FieldRow npc_palette = {ObjectField::palette, &F::Text2, {18, 3}, 0, cut};
+constexpr FieldRow npc_sprites = {ObjectField::sprite, &F::Text7, {48, 8}};
 
 // The rows of a kind are in the order in which a save reads its fields and reports errors.
 constexpr FieldRow npc_fields[] = {
-    // control    bits      base
-    {&F::Text1,  { 0, 18}, scripts},     // event
+    // value         control    bits      base
+    {event,         &F::Text1,  { 0, 18}, scripts},
     npc_palette,                         // bit 21 has no control
-    {&F::Text4,  {22, 10}, npc_flags},
-    {&F::Text5,  {32,  8}},              // column
-    {&F::Text6,  {40,  6}},              // row
-    {&F::Combo3, {46,  2}},              // speed
+    {flag,          &F::Text4,  {22, 10}, npc_flags},
+    {map_x,         &F::Text5,  {32,  8}},
+    {map_y,         &F::Text6,  {40,  6}},
+    {speed,         &F::Combo3, {46,  2}},
     npc_sprites,
-    {&F::Combo4, {56,  4}},              // movement
-    {&F::Check1, {60,  1}},              // walk over
-    {&F::Check2, {61,  1}},              // walk under
-    {&F::Combo1, {62,  2}},              // vehicle
-    {&F::Combo2, {64,  2}},              // facing
-    {&F::Check3, {66,  1}, 0, inverted}, // turn to talk; 67 to 71 have no control
+    {movement,      &F::Combo4, {56,  4}},
+    {walk_over,     &F::Check1, {60,  1}},
+    {walk_under,    &F::Check2, {61,  1}},
+    {vehicle,       &F::Combo1, {62,  2}},
+    {facing,        &F::Combo2, {64,  2}},
+    {turn_to_talk,  &F::Check3, {66,  1}, 0, inverted}, // 67 to 71 have no control
 };
 constexpr FieldRow chest_fields[] = {
-    {&F::Text1,  { 0,  8}},              // column
-    {&F::Text2,  { 8,  8}},              // row
-    {&F::Text4,  {16,  8}},              // flag
-    {&F::Check2, {24,  1}},              // byte flag
-    {&F::Check1, {25,  1}},              // kept in hidden boxes, as is the next
-    {&F::Check3, {26,  1}},
-    {&F::option, {27,  5}, 0, one_hot},  // kind of contents
-    {&F::Combo2, {32,  8}},              // contents
+    {map_x,         &F::Text1,  { 0,  8}},
+    {map_y,         &F::Text2,  { 8,  8}},
+    {flag,          &F::Text4,  {16,  8}},
+    {byte_flag,     &F::Check2, {24,  1}},
+    {chest_bit1,    &F::Check1, {25,  1}},              // kept in hidden boxes, as is the next
+    {chest_bit2,    &F::Check3, {26,  1}},
+    {contents_kind, &F::option, {27,  5}, 0, one_hot},
+    {contents,      &F::Combo2, {32,  8}},
 };
 constexpr FieldRow event_trigger_fields[] = {
-    {&F::Text1,  { 0,  8}},              // column
-    {&F::Text2,  { 8,  8}},              // row
-    {&F::Text4,  {16, 24}, scripts},     // event
+    {map_x,         &F::Text1,  { 0,  8}},
+    {map_y,         &F::Text2,  { 8,  8}},
+    {event,         &F::Text4,  {16, 24}, scripts},
 };
 constexpr FieldRow entrance_fields[] = {
-    {&F::Text1,  { 0,  8}},              // column
-    {&F::Text2,  { 8,  8}},              // row
-    {&F::Text4,  {16, 16}},              // target map
-    {&F::Text7,  {32,  8}},              // target column
-    {&F::Text5,  {40,  8}},              // target row
-    {&F::Text6,  { 0,  0}},              // width
+    {map_x,         &F::Text1,  { 0,  8}},
+    {map_y,         &F::Text2,  { 8,  8}},
+    {target_map,    &F::Text4,  {16, 16}},
+    {target_x,      &F::Text7,  {32,  8}},
+    {target_y,      &F::Text5,  {40,  8}},
+    {width,         &F::Text6,  { 0,  0}},
 };
 constexpr FieldRow long_entrance_fields[] = {
-    {&F::Text1,  { 0,  8}},              // column
-    {&F::Text2,  { 8,  8}},              // row
-    {&F::Text4,  {24, 16}},              // target map
-    {&F::Text7,  {40,  8}},              // target column
-    {&F::Text5,  {48,  8}},              // target row
-    {&F::Text6,  {16,  8}},              // width, direction in bit 7
+    {map_x,         &F::Text1,  { 0,  8}},
+    {map_y,         &F::Text2,  { 8,  8}},
+    {target_map,    &F::Text4,  {24, 16}},
+    {target_x,      &F::Text7,  {40,  8}},
+    {target_y,      &F::Text5,  {48,  8}},
+    {width,         &F::Text6,  {16,  8}},              // direction in bit 7
 };
 constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
     npc_fields, chest_fields, event_trigger_fields, entrance_fields, long_entrance_fields,
@@ -93,6 +96,13 @@ constexpr std::span<const FieldRow> fields_of_kinds[object_kind_count] = {
 
 std::span<const FieldRow> fields_of(ObjectKind kind) {
     return fields_of_kinds[static_cast<std::size_t>(kind)];
+}
+
+// The row of a value that takes up bits of the record; null where the kind has none.
+const FieldRow* row_of(ObjectKind kind, ObjectField field) {
+    const auto rows = fields_of(kind);
+    const auto row = std::ranges::find(rows, field, &FieldRow::field);
+    return row == rows.end() || row->bits.count == 0 ? nullptr : &*row;
 }
 
 static_assert(bits_taken<9>(npc_fields) == 8 * 9 - 6); // bits 21 and 67 to 71
@@ -152,12 +162,17 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form) {
         show_field(kind, row, read_bits(record, row.bits), form);
 }
 
+ObjectBytes unshown_bits(ObjectKind kind, const ObjectBytes& record) {
+    ObjectBytes rest = record;
+    for (const FieldRow& row : fields_of(kind))
+        clear_bits(rest, row.bits);
+    return rest;
+}
+
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs) {
-    ObjectBytes record = raw;
+    ObjectBytes record = unshown_bits(kind, raw);
     bool valid = true;
-    for (const FieldRow& row : fields_of(kind))
-        clear_bits(record, row.bits);
     for (const FieldRow& row : fields_of(kind)) {
         if (row.bits.count == 0)
             continue;
@@ -168,11 +183,27 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
     return valid ? std::optional(record) : std::nullopt;
 }
 
+std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& record,
+                                         ObjectField field) {
+    const FieldRow* row = row_of(kind, field);
+    if (row == nullptr)
+        return std::nullopt;
+    return std::int64_t{read_bits(record, row->bits)} + (field == event ? row->base : 0);
+}
+
+std::string object_text(ObjectKind kind, const ObjectBytes& record, ObjectField field) {
+    const FieldRow* row = row_of(kind, field);
+    if (row == nullptr)
+        return {};
+    const std::uint32_t value = read_bits(record, row->bits);
+    if (const auto* text = std::get_if<std::string F::*>(&row->control))
+        return format_number(text_form(kind, *text), std::int64_t{value} + row->base);
+    return field == contents ? format_hex(value)
+                             : std::to_string(row->coding == inverted ? 1 - value : value);
+}
+
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {
-    for (const FieldRow& row : fields_of(kind))
-        if (row.base == scripts)
-            return std::int64_t{read_bits(record, row.bits)} + row.base;
-    return std::nullopt;
+    return object_value(kind, record, event);
 }
 
 std::uint8_t npc_sprite(const ObjectBytes& record) {

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace veldrune {
 
@@ -35,6 +36,41 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
 /// then returns nothing.
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs);
+
+/// The values of the records of all kinds.
+enum class ObjectField {
+    event,
+    palette,
+    flag,
+    map_x,
+    map_y,
+    speed,
+    sprite,
+    movement,
+    walk_over,
+    walk_under,
+    vehicle,
+    facing,
+    turn_to_talk,
+    byte_flag,
+    chest_bit1, // bits without a name
+    chest_bit2,
+    contents_kind, // a bit each: empty, unknown, monster, item, GP
+    contents,
+    target_map,
+    target_x,
+    target_y,
+    width, // of a long entrance: tiles beyond the first, bit 7: down the column
+    count,
+};
+/// A value of a record as the image holds it; of an event, the file offset of the script. Nothing
+/// where the kind has no such field.
+std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& record,
+                                         ObjectField field);
+/// The same as the object window shows it; what it has in a list or a box, as a decimal number.
+std::string object_text(ObjectKind kind, const ObjectBytes& record, ObjectField field);
+/// The record without what its fields show.
+ObjectBytes unshown_bits(ObjectKind kind, const ObjectBytes& record);
 
 /// File offset of the script of an NPC or event trigger; nothing for other kinds.
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record);

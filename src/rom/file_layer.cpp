@@ -103,10 +103,10 @@ class DiskFile final : public File {
 class Disk : public FileLayer {
   public:
     std::unique_ptr<File> open(const std::string& path) override {
-        // Opening anything else could wait for ever, or set off a device.
-        if (status_of(path).kind != NameStatus::regular_file)
-            return nullptr;
-        return file_of(path, O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+        return open_regular(path, O_RDWR);
+    }
+    std::unique_ptr<File> open_to_read(const std::string& path) override {
+        return open_regular(path, O_RDONLY);
     }
     std::unique_ptr<File> create(const std::string& path, unsigned permissions) override {
         return file_of(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
@@ -150,6 +150,12 @@ class Disk : public FileLayer {
     static bool leads_nowhere(int error) {
         return error == ENOENT || error == ENOTDIR || error == ELOOP;
     }
+    std::unique_ptr<File> open_regular(const std::string& path, int access) {
+        // Opening anything else could wait for ever, or set off a device.
+        if (status_of(path).kind != NameStatus::regular_file)
+            return nullptr;
+        return file_of(path, access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    }
     static std::unique_ptr<File> file_of(const std::string& path, int flags,
                                          unsigned permissions = 0) {
         const int descriptor = open_descriptor(path, flags, permissions);
@@ -165,7 +171,7 @@ bool copy_bytes(File& from, std::int64_t size, File& to) {
             return false;
         offset += static_cast<std::int64_t>(count);
     }
-    return to.flush();
+    return true;
 }
 
 // A name in the folder of path that is no longer than a file system allows.
@@ -211,6 +217,28 @@ const char* why_not_replaced(const NameStatus& status) {
     }
 }
 
+// Has fill write a new file, and puts it at path when it is whole. A file that is replaced hands
+// its permissions on.
+template <typename Fill>
+std::optional<std::string> replace_file(FileLayer& files, const std::string& path,
+                                        unsigned permissions, const Fill& fill) {
+    const NameStatus there = files.status_of(path);
+    if (const char* why = why_not_replaced(there))
+        return why;
+    const std::string to = files.target_of(path);
+    PartFile part =
+        create_part(files, to, there.kind == NameStatus::nothing ? permissions : there.permissions);
+    if (!part.file)
+        return "";
+    const bool filled = fill(*part.file) && part.file->close();
+    part.file.reset();
+    if (!filled || !files.rename(part.path, to)) {
+        files.remove(part.path);
+        return "";
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 std::unique_ptr<FileLayer> make_disk() {
@@ -219,26 +247,22 @@ std::unique_ptr<FileLayer> make_disk() {
 }
 
 std::optional<std::string> copy_file(FileLayer& files, File& from, const std::string& path) {
-    const NameStatus there = files.status_of(path);
-    if (const char* why = why_not_replaced(there))
-        return why;
     const std::optional<FileStatus> status = from.status();
     if (!status)
         return "";
     const std::string to = files.target_of(path);
-    PartFile part = create_part(
-        files, to, there.kind == NameStatus::nothing ? status->permissions : there.permissions);
-    if (!part.file)
-        return "";
-    const bool copied = copy_bytes(from, status->size, *part.file) && part.file->close();
-    part.file.reset();
-    if (!copied || !files.rename(part.path, to)) {
-        files.remove(part.path);
-        return "";
-    }
-    if (!files.flush_folder(to))
-        return ": the disk has not confirmed that it is there";
-    return std::nullopt;
+    const auto failure = replace_file(files, path, status->permissions, [&](File& part) {
+        return copy_bytes(from, status->size, part) && part.flush();
+    });
+    if (failure || files.flush_folder(to))
+        return failure;
+    return ": the disk has not confirmed that it is there";
+}
+
+std::optional<std::string> write_file(FileLayer& files, const std::string& path,
+                                      std::span<const std::uint8_t> bytes) {
+    constexpr unsigned everyone = 0666; // less what the user's mask takes away
+    return replace_file(files, path, everyone, [&](File& to) { return to.write_at(0, bytes); });
 }
 
 } // namespace veldrune

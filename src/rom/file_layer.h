@@ -59,6 +59,9 @@ class FileLayer {
     virtual ~FileLayer() = default;
     /// An existing regular file, for reading and writing. Null where that can't be had.
     virtual std::unique_ptr<File> open(const std::string& path) = 0;
+    /// An existing regular file for reading alone, which needs no permission to write. Null where
+    /// that can't be had.
+    virtual std::unique_ptr<File> open_to_read(const std::string& path) { return open(path); }
     /// Creates an empty file with these permissions (bits as in FileStatus). Null if the name is
     /// taken or the file can't be created.
     virtual std::unique_ptr<File> create(const std::string& path, unsigned permissions) = 0;
@@ -84,5 +87,10 @@ std::unique_ptr<FileLayer> make_disk();
 /// regular file that can be written is replaced. Returns nothing when the copy is there, and
 /// otherwise why not: ": " and a reason, or an empty text where the system has none.
 std::optional<std::string> copy_file(FileLayer& files, File& from, const std::string& path);
+
+/// Puts a file with these bytes at path in the same way, but does not wait for the disk. Who may
+/// use a new one is as the user's other new files have it.
+std::optional<std::string> write_file(FileLayer& files, const std::string& path,
+                                      std::span<const std::uint8_t> bytes);
 
 } // namespace veldrune

@@ -4,7 +4,7 @@
 
 namespace veldrune {
 
-class Rehearsal::OverlayFile : public File {
+class Rehearsal::OverlayFile : public DisklessFile {
   public:
     explicit OverlayFile(Rehearsal& rehearsal) : rehearsal_(rehearsal) {}
 
@@ -30,9 +30,6 @@ class Rehearsal::OverlayFile : public File {
         rehearsal_.writes_.push_back({offset, {bytes.begin(), bytes.end()}});
         return true;
     }
-    bool flush() override { return true; }
-    bool close() override { return true; }
-    Answer lock() override { return Answer::unknown; }
     std::optional<FileStatus> status() override {
         return FileStatus{rehearsal_.image_.identity(), rehearsal_.image_.size().value_or(0)};
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rom/diskless.h"
 #include "rom/rom_image.h"
 
 #include <vector>
@@ -8,7 +9,7 @@ namespace veldrune {
 
 /// An image over another one, which stays as it is: reads go through to it except where something
 /// has been written here. It shows what a save would leave before anything is written.
-class Rehearsal : public FileLayer {
+class Rehearsal : public DisklessLayer {
   public:
     /// image must outlive this.
     explicit Rehearsal(const RomImage& image);
@@ -16,12 +17,6 @@ class Rehearsal : public FileLayer {
     RomImage& rom() { return rom_; }
 
     std::unique_ptr<File> open(const std::string& path) override;
-    std::unique_ptr<File> create(const std::string&, unsigned) override { return nullptr; }
-    bool rename(const std::string&, const std::string&) override { return false; }
-    void remove(const std::string&) override {}
-    Answer leads_to(const std::string&, const FileIdentity&) override { return Answer::unknown; }
-    NameStatus status_of(const std::string&) override { return {}; }
-    bool flush_folder(const std::string&) override { return true; }
 
   private:
     struct Write {

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "inspect/listing.h"
+#include "map/map_properties.h"
+#include "objects/object_record.h"
+
+namespace veldrune::inspect {
+
+/// How reports name the values of a map's record and of objects: lower case, "-" between words.
+const char* field_name(RecordField field);
+const char* field_name(ObjectField field);
+
+/// "npc", "chest", "trigger", "entrance" or "long-entrance".
+const char* kind_name(ObjectKind kind);
+
+/// A value of a record: a size in tiles, layer data by its number; hexadecimal where the window
+/// shows it so.
+Cell record_cell(const MapProperties& record, RecordField field);
+
+} // namespace veldrune::inspect
