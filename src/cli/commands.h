@@ -7,8 +7,9 @@
 namespace veldrune::cli {
 
 // The groups of commands, each a table in a file of its own.
-CommandGroup map_commands();  // maps, map
-CommandGroup dump_commands(); // dump
+CommandGroup map_commands();   // maps, map
+CommandGroup dump_commands();  // dump
+CommandGroup check_commands(); // check, room
 
 /// A command of the parser's tree, and what it does.
 struct DeclaredCommand {
