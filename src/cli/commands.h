@@ -11,6 +11,7 @@ CommandGroup map_commands();     // maps, map
 CommandGroup dump_commands();    // dump
 CommandGroup picture_commands(); // picture, pictures
 CommandGroup diff_commands();    // diff
+CommandGroup check_commands();   // check, room
 
 /// A command of the parser's tree, and what it does.
 struct DeclaredCommand {

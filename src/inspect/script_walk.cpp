@@ -76,6 +76,21 @@ class Walker {
         return std::move(result_);
     }
 
+    // A command that begins within the limit is read whole, since its count may be a doubt.
+    bool is_endless(std::int64_t offset) {
+        constexpr int beyond = 1024; // no command is longer
+        Walk walk{{}, false, max_script_bytes + beyond};
+        for (; image_.holds(offset, 1) && walk.left > beyond; pass(offset, walk)) {
+            const bool whole = read(offset, walk);
+            if (is_doubtful(command_, walk.dialogue_shown) ||
+                image_.bytes[static_cast<std::size_t>(offset)] == return_command)
+                return false;
+            if (!whole)
+                break;
+        }
+        return true;
+    }
+
   private:
     void walk_waiting(bool sure) {
         while (!waiting_.empty()) {
@@ -87,24 +102,33 @@ class Walker {
     void walk(std::int64_t offset, Walk walk, bool sure) {
         while (image_.holds(offset, 1) && !listed_[static_cast<std::size_t>(offset)]) {
             const Walk before = walk;
-            const auto bytes = image_.at(offset, walk.left);
-            read_command(bytes, walk.context, command_);
-            if (command_.size > std::ssize(bytes))
+            if (!read(offset, walk))
                 return;
             if (sure && is_doubtful(command_, walk.dialogue_shown)) {
                 doubtful_.emplace(offset, before);
                 return;
             }
             list(offset, sure);
-            if (command_.dialogue) {
-                walk.context.option_count = options_.of(*command_.dialogue);
-                walk.dialogue_shown = true;
-            }
-            if (bytes[0] == return_command)
+            if (image_.bytes[static_cast<std::size_t>(offset)] == return_command)
                 return;
-            walk.left -= command_.size;
-            offset += command_.size;
+            pass(offset, walk);
         }
+    }
+
+    // Reads the command at an offset. False where it is not whole within the walk and the file.
+    bool read(std::int64_t offset, Walk& walk) {
+        const auto bytes = image_.at(offset, walk.left);
+        read_command(bytes, walk.context, command_);
+        return command_.size <= std::ssize(bytes);
+    }
+    // Goes on to the place after the command that has been read.
+    void pass(std::int64_t& offset, Walk& walk) {
+        if (command_.dialogue) {
+            walk.context.option_count = options_.of(*command_.dialogue);
+            walk.dialogue_shown = true;
+        }
+        walk.left -= command_.size;
+        offset += command_.size;
     }
 
     void list(std::int64_t offset, bool sure) {
@@ -209,6 +233,11 @@ ScriptWalk walk_scripts(const MemoryImage& image, bool dialogue_patched,
                         std::span<const ScriptRoot> roots) {
     const MemoryRom rom(image);
     return Walker(image, rom.rom(), dialogue_patched).walk_all(roots);
+}
+
+bool is_surely_endless(const MemoryImage& image, bool dialogue_patched, std::int64_t offset) {
+    const MemoryRom rom(image);
+    return Walker(image, rom.rom(), dialogue_patched).is_endless(offset);
 }
 
 void read_items(const MemoryImage& image, const WalkedCommand& command, CommandItems& items) {

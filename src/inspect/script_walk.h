@@ -70,6 +70,10 @@ struct ScriptRoot {
 ScriptWalk walk_scripts(const MemoryImage& image, bool dialogue_patched,
                         std::span<const ScriptRoot> roots);
 
+/// Whether a walk from the start of a script meets neither its end nor a doubtful command within
+/// 10001 bytes and the file.
+bool is_surely_endless(const MemoryImage& image, bool dialogue_patched, std::int64_t offset);
+
 /// The values of a walked command.
 void read_items(const MemoryImage& image, const WalkedCommand& command, CommandItems& items);
 

@@ -22,23 +22,6 @@ constexpr std::uint8_t second_bank = 0xCE;
 constexpr std::int32_t dialogue_mark_byte = rom_layout::patch_marks + 1;
 constexpr std::uint8_t dialogue_mark = 0x02;
 
-// clang-format off
-constexpr std::array<std::uint8_t, 29> new_routine = {
-    0xC2, 0x20,             //       REP #$20
-    0xA5, 0xD0,             //       LDA $D0        number of the text
-    0xAA, 0xA8,             //       TAX, TAY
-    0xE8, 0xE8, 0x88,       // loop: INX, INX, DEY
-    0xC0, 0x00, 0x00,       //       CPY #$0000
-    0xD0, 0xF8,             //       BNE loop       until X is 3 times the number
-    0xBF, 0x00, 0x00, 0xF0, //       LDA $F00000,X  low 16 bits of its address
-    0x85, 0xC9,             //       STA $C9
-    0x98,                   //       TYA
-    0xE2, 0x20,             //       SEP #$20
-    0xBF, 0x02, 0x00, 0xF0, //       LDA $F00002,X  bank of its address
-    0x85, 0xCB,             //       STA $CB
-};
-// clang-format on
-
 using PointerTable = std::array<std::uint8_t, 3 * dialogue_count>;
 
 PointerTable wide_pointers(const RomImage& rom) {
@@ -118,7 +101,7 @@ void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
         return;
     const bool written =
         write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&
-        write_or_report(rom, rom_layout::dialogue_routine, new_routine, dialogs) &&
+        write_or_report(rom, rom_layout::dialogue_routine, dialogue_patch_routine, dialogs) &&
         write_or_report(rom, dialogue_mark_byte, {&mark, 1}, dialogs);
     if (flush_or_report(rom, dialogs) && written)
         flags[dialogue_patch_flag] = true;
