@@ -90,14 +90,10 @@ const char* kind_name(ObjectKind kind) {
 
 Cell record_cell(const MapProperties& record, RecordField field) {
     const std::int64_t value = record_value(record, field);
-    switch (form_of(record_row(field))) {
-    case NumberForm::size:
-        return std::int64_t{16} << value;
-    case NumberForm::hexadecimal:
-        return HexNumber{value};
-    default:
-        return value;
-    }
+    const NumberForm form = form_of(record_row(field));
+    if (is_size(form))
+        return std::int64_t{min_layer_side} << value;
+    return form == NumberForm::hexadecimal ? Cell(HexNumber{value}) : Cell(value);
 }
 
 } // namespace veldrune::inspect
