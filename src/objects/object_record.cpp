@@ -6,7 +6,6 @@
 
 #include <span>
 #include <string>
-#include <variant>
 
 namespace veldrune {
 namespace {
@@ -25,7 +24,7 @@ using enum Coding;
 // One value of a record: the control that shows it, its bits, and the base that the text adds. A
 // value without bits is shown as 0 and not packed.
 struct FieldRow {
-    std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
+    RecordControl control;
     BitRun bits;
     std::int32_t base = 0;
     Coding coding = plain;
@@ -166,6 +165,17 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
         add_bits(record, row.bits, value.value_or(0));
     }
     return valid ? std::optional(record) : std::nullopt;
+}
+
+std::vector<RecordControl> differing_controls(ObjectKind kind, const ObjectBytes& record,
+                                              Form10 form) {
+    std::vector<RecordControl> differing;
+    SilentDialogs silent;
+    for (const FieldRow& row : fields_of(kind))
+        if (row.bits.count > 0 &&
+            read_control(kind, row, form, silent) != read_bits(record, row.bits))
+            differing.push_back(row.control);
+    return differing;
 }
 
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <variant>
+#include <vector>
 
 namespace veldrune {
 
@@ -26,6 +28,9 @@ struct MapObjects {
     SelectedObject selected_object;
 };
 
+/// A control that shows a value of a record: a text, a box or a selection.
+using RecordControl = std::variant<std::string Form10::*, bool Form10::*, int Form10::*>;
+
 /// Shows a record in the fields of its kind. For a chest without a kind of contents the selected
 /// option stays as it was; all other fields of the kind are set.
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
@@ -35,6 +40,10 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
 /// then returns nothing.
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs);
+
+/// The controls that hold another value than the record, or a text that is no number.
+std::vector<RecordControl> differing_controls(ObjectKind kind, const ObjectBytes& record,
+                                              Form10 form);
 
 /// File offset of the script of an NPC or event trigger; nothing for other kinds.
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record);
