@@ -42,20 +42,16 @@ void read_script(EditorState& state) {
     entry.dialogue_patched = has_dialogue_patch(state.rom);
     state.script.loaded = load_script(state.rom, state.objects.selected_object.script_offset,
                                       entry.dialogue_patched, state.form9.grid);
+    state.script.loaded_values = values_of(state.form9.grid);
     state.script.source = source_of(state.rom);
 }
 
 // Whether the script may be written into the open image at all; if not, it has been reported.
 bool may_save_script(EditorState& state) {
-    if (!state.script.loaded.whole) {
-        report(state, "This script can't be saved, since it was not read up to its end.");
-        return false;
-    }
-    if (is_from(state.script.source, state.rom))
-        return true;
-    report(state, "This script was read from " + state.script.source->path +
-                      " and can't be saved into the open image, " + state.rom.path() + ".");
-    return false;
+    const std::optional<std::string> refusal = script_save_refusal(state);
+    if (refusal)
+        report(state, *refusal);
+    return !refusal;
 }
 
 // A list that a load would give another number of offsets is saved only where the user wants that.
@@ -124,6 +120,15 @@ ScriptRows remembered_rows(const EditorState& state) {
         return {};
     const int first = state.script.entry.command_row;
     return {first, command_end(grid, first)};
+}
+
+std::optional<std::string> script_save_refusal(const EditorState& state) {
+    if (!state.script.loaded.whole)
+        return "This script can't be saved, since it was not read up to its end.";
+    if (is_from(state.script.source, state.rom))
+        return std::nullopt;
+    return "This script was read from " + state.script.source->path +
+           " and can't be saved into the open image, " + state.rom.path() + ".";
 }
 
 void on_script_click(EditorState& state, int row, int column) {

@@ -20,6 +20,10 @@ struct ScriptRows {
 };
 ScriptRows remembered_rows(const EditorState& state);
 
+/// Why File > Save would refuse any script from here: it was not read whole, or from another image
+/// than the open one. Nothing where it would not.
+std::optional<std::string> script_save_refusal(const EditorState& state);
+
 /// A click on a cell of the grid.
 void on_script_click(EditorState& state, int row, int column);
 /// Enter and Escape in the edit box, whose text is form9.Text2.

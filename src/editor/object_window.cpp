@@ -9,10 +9,6 @@
 namespace veldrune {
 namespace {
 
-const ObjectList& chosen_list(const EditorState& state) {
-    return state.objects.lists[chosen_kind(state.form10)];
-}
-
 bool has_row(const EditorState& state, int index) {
     return index >= 0 && index < chosen_list(state).row_count;
 }
@@ -81,6 +77,10 @@ ObjectKind chosen_kind(const Form10& form) {
     return static_cast<ObjectKind>(std::clamp(form.TabStrip1, 0, last_tab));
 }
 
+const ObjectList& chosen_list(const EditorState& state) {
+    return state.objects.lists[chosen_kind(state.form10)];
+}
+
 void open_object(EditorState& state, ObjectKind kind, int index) {
     if (chosen_kind(state.form10) != kind) {
         state.form10.TabStrip1 = static_cast<int>(kind);
@@ -145,6 +145,12 @@ void on_sprite_text(EditorState& state) {
     set_npc_sprite(object.bytes, static_cast<std::uint32_t>(sprite));
     const std::int32_t palette = typed_number(form, &Form10::Text2, state.dialogs);
     draw_preview(state.rom, object.bytes, sprite, palette, form);
+}
+
+bool preview_is_outdated(const EditorState& state) {
+    SilentDialogs silent;
+    return has_preview(state.objects.selected_object, state.form10) &&
+           typed_number(state.form10, &Form10::Text7, silent) >= first_hidden_sprite;
 }
 
 void save_object(EditorState& state) {

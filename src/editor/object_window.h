@@ -7,6 +7,8 @@ namespace veldrune {
 
 /// The kind of the tab that form10.TabStrip1 has chosen.
 ObjectKind chosen_kind(const Form10& form);
+/// The map's list of that kind.
+const ObjectList& chosen_list(const EditorState& state);
 
 /// Shows record index of a kind in the object window.
 void open_object(EditorState& state, ObjectKind kind, int index);
@@ -28,6 +30,9 @@ void on_record_scroll(EditorState& state);
 /// follows.
 void on_palette_text(EditorState& state);
 void on_sprite_text(EditorState& state);
+
+/// Whether the sprite in form10.Text7 has no picture, so that the preview shows an earlier one.
+bool preview_is_outdated(const EditorState& state);
 
 /// "Save": packs the fields and writes the record into the image at once.
 void save_object(EditorState& state);

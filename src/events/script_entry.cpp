@@ -30,8 +30,8 @@ constexpr Stage stages[] = {
 };
 // clang-format on
 
-const Stage& stage_of(ScriptEdit edit) {
-    return *std::ranges::find(stages, edit.entry.awaited, &Stage::awaited);
+const Stage& stage_of(const ScriptEntry& entry) {
+    return *std::ranges::find(stages, entry.awaited, &Stage::awaited);
 }
 
 // The spare row after the last command belongs to none.
@@ -105,8 +105,12 @@ void refuse_cell(ScriptEdit edit, const CellRefusal& refusal, const std::string&
     edit.dialogs.message(MessageKind::error, refusal.text, refusal.title);
 }
 
+bool entry_unfinished(const ScriptEntry& entry) {
+    return stage_of(entry).break_off != nullptr;
+}
+
 void end_entry(ScriptEdit edit) {
-    const Stage& stage = stage_of(edit);
+    const Stage& stage = stage_of(edit.entry);
     if (!stage.break_off)
         return;
     stage.break_off(edit);
@@ -131,7 +135,7 @@ void click_cell(ScriptEdit edit, int row, int column) {
 }
 
 void enter_text(ScriptEdit edit) {
-    const Stage& stage = stage_of(edit);
+    const Stage& stage = stage_of(edit.entry);
     if (!stage.enter)
         return;
     if (is_blank(without_breaks(edit.form.Text2)))
@@ -141,7 +145,7 @@ void enter_text(ScriptEdit edit) {
         edit.form.Text2 = without_breaks(edit.form.Text2);
     stage.enter(edit);
     edit.form.Text2.clear();
-    if (!stage_of(edit).break_off)
+    if (!stage_of(edit.entry).break_off)
         normalise_remembered_command(edit);
 }
 

@@ -10,6 +10,7 @@ namespace veldrune {
 /// The script in the Event Editor, whose grid is Form9's.
 struct OpenScript {
     LoadedScript loaded;
+    std::string loaded_values;         // of the grid as it was loaded
     std::optional<ImageSource> source; // nothing before the first loading
     ScriptEntry entry;
 };
@@ -29,6 +30,9 @@ void add_item(ScriptEdit edit);
 
 /// "Remove Item": removes the remembered command.
 void remove_item(ScriptEdit edit);
+
+/// Whether end_entry would change anything.
+bool entry_unfinished(const ScriptEntry& entry);
 
 /// Ends an entry that is unfinished: rows that were still to be filled go, and a queue gets its
 /// end.

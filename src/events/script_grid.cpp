@@ -1,7 +1,10 @@
 #include "events/script_grid.h"
 
+#include "events/command_table.h"
+
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <iterator>
 
 namespace veldrune {
@@ -48,6 +51,20 @@ bool is_long_as_an_offset(const std::string& piece) {
     const std::uint64_t value = plain_hex(piece).value_or(0);
     return piece.size() == 5 || piece.size() == 6 ||
            (piece.size() == 7 && value >= 0x1000000 && value <= highest_script_offset);
+}
+
+// Appends the lines of a cell, in upper case, less blanks and leading zeros.
+void append_lines(std::string_view cell, std::string& values) {
+    std::size_t start = values.size(); // of the line
+    for (const char c : cell) {
+        if (c == ' ' || c == '\r')
+            continue;
+        if (values.size() == start + 1 && values.back() == '0' && c != '\n')
+            values.pop_back();
+        values += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        if (c == '\n')
+            start = values.size();
+    }
 }
 
 } // namespace
@@ -120,6 +137,23 @@ int command_end(const ScriptGrid& grid, int row) {
         ++row;
     while (row < spare && !starts_command(grid, row));
     return std::min(row, spare);
+}
+
+int script_end(const ScriptGrid& grid) {
+    int row = 0;
+    while (is_row(grid, row) && command_code_at(grid, row) != return_command)
+        ++row;
+    return std::min(row + 1, static_cast<int>(grid.size()));
+}
+
+std::string values_of(const ScriptGrid& grid) {
+    std::string values;
+    for (const ScriptRow& row : grid)
+        for (const ScriptColumn column : {primary, secondary, tertiary}) {
+            append_lines(row.cells[column], values);
+            values += '\t';
+        }
+    return values;
 }
 
 void insert_row(ScriptGrid& grid, int row, ScriptRow what) {

@@ -58,6 +58,13 @@ bool starts_command(const ScriptGrid& grid, int row);
 int command_code_at(const ScriptGrid& grid, int row);
 /// The row after the last one of the command to which a row belongs; at most the spare row.
 int command_end(const ScriptGrid& grid, int row);
+/// The row after the first "Return", from which on a save leaves all out; the number of rows of a
+/// grid without one.
+int script_end(const ScriptGrid& grid);
+
+/// The values in the cells as one text, which is the same for grids that differ only in their
+/// explanations and in how the values are written: blanks, leading zeros, upper and lower case.
+std::string values_of(const ScriptGrid& grid);
 
 void insert_row(ScriptGrid& grid, int row, ScriptRow what);
 void remove_rows(ScriptGrid& grid, int first, int end);

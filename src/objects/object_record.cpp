@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <span>
 #include <string>
-#include <variant>
 
 namespace veldrune {
 namespace {
@@ -28,7 +27,7 @@ using enum ObjectField;
 // value without bits is shown as 0 and not packed.
 struct FieldRow {
     ObjectField field;
-    std::variant<std::string F::*, bool F::*, int F::*> control; // a text, a box or a selection
+    ObjectControl control;
     BitRun bits;
     std::int32_t base = 0;
     Coding coding = plain;
@@ -200,6 +199,17 @@ std::string object_text(ObjectKind kind, const ObjectBytes& record, ObjectField 
         return format_number(text_form(kind, *text), std::int64_t{value} + row->base);
     return field == contents ? format_hex(value)
                              : std::to_string(row->coding == inverted ? 1 - value : value);
+}
+
+std::vector<ObjectControl> differing_controls(ObjectKind kind, const ObjectBytes& record,
+                                              Form10 form) {
+    std::vector<ObjectControl> differing;
+    SilentDialogs silent;
+    for (const FieldRow& row : fields_of(kind))
+        if (row.bits.count > 0 &&
+            read_control(kind, row, form, silent) != read_bits(record, row.bits))
+            differing.push_back(row.control);
+    return differing;
 }
 
 std::optional<std::int64_t> script_offset(ObjectKind kind, const ObjectBytes& record) {

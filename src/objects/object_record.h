@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
+#include <vector>
 
 namespace veldrune {
 
@@ -27,6 +29,9 @@ struct MapObjects {
     SelectedObject selected_object;
 };
 
+/// A control that shows a value of a record: a text, a box or a selection.
+using ObjectControl = std::variant<std::string Form10::*, bool Form10::*, int Form10::*>;
+
 /// Shows a record in the fields of its kind. For a chest without a kind of contents the selected
 /// option stays as it was; all other fields of the kind are set.
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
@@ -36,6 +41,10 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
 /// then returns nothing.
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs);
+
+/// The controls that hold another value than the record, or a text that is no number.
+std::vector<ObjectControl> differing_controls(ObjectKind kind, const ObjectBytes& record,
+                                              Form10 form);
 
 /// The values of the records of all kinds.
 enum class ObjectField {

@@ -1,6 +1,8 @@
 #include "ui/event_window.h"
 
 #include "editor/event_editor.h"
+#include "editor/script_status.h"
+#include "ui/marks.h"
 #include "ui/menus.h"
 #include "ui/screen_place.h"
 #include "ui/script_view.h"
@@ -22,6 +24,8 @@ constexpr MenuRow menu_rows[] = {
      "Writes the script over the one at the chosen object's offset at once."},
 };
 
+constexpr int status_gap = 20;
+
 struct ScriptButton {
     const char* control;
     const char* caption;
@@ -35,6 +39,14 @@ constexpr ScriptButton script_buttons[] = {
 };
 // clang-format on
 
+QLabel* make_status_label(const char* name, const char* tip) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setToolTip(tip);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
 } // namespace
 
 EventWindow::EventWindow(EditorState& state, EditGate& gate)
@@ -47,6 +59,7 @@ EventWindow::EventWindow(EditorState& state, EditGate& gate)
     auto* column = new QVBoxLayout(panel);
     column->addLayout(make_bar());
     column->addWidget(grid_, 1);
+    column->addLayout(make_status());
     setCentralWidget(panel);
     fit_to_screen(*this);
     bindings_.on_show([this] { show_script(); });
@@ -83,6 +96,26 @@ QLayout* EventWindow::make_bar() {
     return bar;
 }
 
+QLayout* EventWindow::make_status() {
+    auto* bar = new QHBoxLayout;
+    auto* place = make_status_label("Place", "Where File > Save writes the script. Hexadecimal.");
+    bindings_.on_show([this, place] {
+        const SavePlace save = save_place(state_);
+        place->setText(QString::fromStdString(save.text));
+        show_mark(*place, save.elsewhere);
+    });
+    size_ = make_status_label("Size", "Bytes that a save would write, of those that were loaded. "
+                                      "It can't write more. Decimal.");
+    changed_ = make_status_label("Changed", "Some values of the grid are not as they were loaded.");
+    changed_->setText("* differs from what was loaded");
+    show_mark(*changed_, true);
+    for (QLabel* label : {place, size_, changed_})
+        bar->addWidget(label);
+    bar->addStretch(1);
+    bar->setSpacing(status_gap);
+    return bar;
+}
+
 // A newly loaded script is scrolled to its beginning.
 void EventWindow::show_script() {
     const Form9& form = state_.form9;
@@ -92,8 +125,16 @@ void EventWindow::show_script() {
     shown_work_ =
         gate_.busy() ? -1 : form.operation_count; // still running while a message box is open
     grid_->show_changes();
+    show_grid_status();
     if (loaded)
         grid_->show_beginning();
+}
+
+void EventWindow::show_grid_status() {
+    const GridStatus status = grid_status(state_);
+    size_->setText(QString::fromStdString(status.size));
+    show_mark(*size_, status.too_long);
+    changed_->setVisible(status.changed);
 }
 
 } // namespace veldrune

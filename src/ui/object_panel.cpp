@@ -1,7 +1,9 @@
 #include "ui/object_panel.h"
 
+#include "editor/object_status.h"
 #include "editor/object_window.h"
 #include "ui/focused_wheel.h"
+#include "ui/marks.h"
 #include "ui/pixel_picture.h"
 #include "ui/tips.h"
 
@@ -147,35 +149,63 @@ static_assert(each_number_has_one_field());
 constexpr int option_count = std::size(option_rows);
 constexpr int box_line = option_count;
 
+constexpr const char* mark_sign = " *"; // after the caption of a control that is marked
+constexpr const char* mark_tip = " * Not as in the list of records.";
+
 // The context for making controls.
 struct Panel {
     EditorState& state;
     Bindings& bindings;
     QGridLayout& grid;
+    const ObjectStatus& status; // renewed before the controls show
 
     Form10& form() const { return state.form10; }
 };
 
-// Shows or hides a control and its label and sets their texts, as the chosen tab requires.
-void show_on_tab(QWidget& control, QLabel* label, const TabEntry& tab, NumberForm number,
-                 bool enabled) {
-    control.setVisible(tab.caption);
-    control.setEnabled(enabled && !is_only_shown(number));
-    if (label) {
-        label->setVisible(tab.caption);
-        label->setText(tab.caption);
-    }
-    control.setToolTip(tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString());
-    control.setAccessibleName(tab.caption);
+// A control with what changes with the tab. value is what it shows of a record, if anything.
+struct Shown {
+    QWidget* control;
+    QLabel* label; // may be null
+    const Tabs& tabs;
+    NumberForms numbers = no_number;
+    std::optional<ObjectControl> value = {};
+};
+
+// Whether a control is to be marked; of radio buttons the pressed one.
+bool is_marked(const Shown& shown, const ObjectStatus& status) {
+    const auto* option = qobject_cast<const QRadioButton*>(shown.control);
+    return shown.value && (!option || option->isChecked()) &&
+           std::ranges::count(status.differing, *shown.value) > 0;
 }
 
-void name_control(const Panel& panel, QWidget* control, QLabel* label, const char* name,
-                  const Tabs& tabs, NumberForms numbers = no_number) {
-    control->setObjectName(name);
-    panel.bindings.on_show([control, label, &tabs, numbers, &form = panel.form()] {
-        const int tab = form.TabStrip1;
-        show_on_tab(*control, label, tabs[tab], numbers[static_cast<std::size_t>(tab)],
-                    form.fields_enabled);
+void show_caption(const Shown& shown, const QString& caption) {
+    if (shown.label)
+        shown.label->setText(caption);
+    else if (auto* button = qobject_cast<QAbstractButton*>(shown.control))
+        button->setText(caption);
+}
+
+// Shows or hides a control and its label, sets their texts and marks them, as the chosen tab and
+// the record require.
+void show_on_tab(const Shown& shown, const Form10& form, const ObjectStatus& status) {
+    const TabEntry& tab = shown.tabs[form.TabStrip1];
+    const NumberForm number = shown.numbers[static_cast<std::size_t>(form.TabStrip1)];
+    const bool marked = is_marked(shown, status);
+    shown.control->setVisible(tab.caption);
+    shown.control->setEnabled(form.fields_enabled && !is_only_shown(number));
+    if (shown.label)
+        shown.label->setVisible(tab.caption);
+    show_caption(shown, QString(tab.caption) + (marked ? mark_sign : ""));
+    show_mark(shown.label ? *shown.label : *shown.control, marked);
+    const QString tip = tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString();
+    shown.control->setToolTip(marked ? tip + mark_tip : tip);
+    shown.control->setAccessibleName(tab.caption);
+}
+
+void name_control(const Panel& panel, const char* name, const Shown& shown) {
+    shown.control->setObjectName(name);
+    panel.bindings.on_show([shown, &form = panel.form(), &status = panel.status] {
+        show_on_tab(shown, form, status);
     });
 }
 
@@ -184,20 +214,20 @@ void reserve_width(QGridLayout& grid, int column, int width) {
     grid.setColumnMinimumWidth(column, std::max(width, grid.columnMinimumWidth(column)));
 }
 
-// Adds a control to the grid with its label on its left.
-void place_control(const Panel& panel, QWidget* control, const Place& place, const char* name,
-                   const Tabs& tabs, NumberForms numbers) {
-    auto* label = new QLabel;
+// Adds a control to the grid with its label, which it gets here, on its left.
+void place_control(const Panel& panel, const Place& place, const char* name, Shown shown) {
+    QWidget* control = shown.control;
+    auto* label = shown.label = new QLabel;
     label->setObjectName(place.label);
     label->setBuddy(control);
     panel.grid.addWidget(label, place.line, 2 * place.column);
     panel.grid.addWidget(control, place.line, 2 * place.column + 1);
-    for (const TabEntry& tab : tabs)
+    for (const TabEntry& tab : shown.tabs)
         reserve_width(panel.grid, 2 * place.column,
-                      label->fontMetrics().horizontalAdvance(tab.caption));
+                      label->fontMetrics().horizontalAdvance(QString(tab.caption) + mark_sign));
     reserve_width(panel.grid, 2 * place.column + 1,
                   label->fontMetrics().horizontalAdvance(widest_number));
-    name_control(panel, control, label, name, tabs, numbers);
+    name_control(panel, name, shown);
 }
 
 void add_field(const Panel& panel, const FieldRow& row) {
@@ -205,7 +235,7 @@ void add_field(const Panel& panel, const FieldRow& row) {
     auto* field = new QLineEdit;
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     panel.bindings.text(field, panel.form().*row.text, bind_state(panel.state, row.on_change));
-    place_control(panel, field, row.place, text.control, row.tabs, text.forms);
+    place_control(panel, row.place, text.control, {field, nullptr, row.tabs, text.forms, row.text});
 }
 
 // The lines of Combo2: the directions for an NPC, the items for a chest; none without a record.
@@ -239,8 +269,8 @@ void add_list(const Panel& panel, const ListRow& row) {
             [list, &form = panel.form()] { show_lines(*list, facing_or_contents(form)); });
     }
     panel.bindings.list(list, panel.form().*row.row);
-    place_control(panel, list, row.place, row.control, row.tabs,
-                  row.numbers > 0 ? decimal_npc : no_number);
+    place_control(panel, row.place, row.control,
+                  {list, nullptr, row.tabs, row.numbers > 0 ? decimal_npc : no_number, row.row});
     reserve_width(panel.grid, 2 * row.place.column + 1, list->sizeHint().width());
 }
 
@@ -258,9 +288,7 @@ void add_boxes(const Panel& panel) {
     for (const ButtonRow& row : box_rows) {
         auto* box = new QCheckBox;
         panel.bindings.box(box, panel.form().*row.value);
-        panel.bindings.on_show(
-            [box, &row, &tab = panel.form().TabStrip1] { box->setText(row.tabs[tab].caption); });
-        name_control(panel, box, nullptr, row.control, row.tabs);
+        name_control(panel, row.control, {box, nullptr, row.tabs, no_number, row.value});
         boxes->addWidget(box);
     }
     boxes->addStretch();
@@ -272,13 +300,25 @@ void add_options(const Panel& panel) {
     auto* group = new QButtonGroup(&panel.grid);
     for (int option = 0; option < option_count; ++option) {
         const ButtonRow& row = option_rows[option];
-        auto* button = new QRadioButton(row.tabs[chest_tab].caption);
+        auto* button = new QRadioButton;
         panel.bindings.option(button, panel.form().option, option);
-        name_control(panel, button, nullptr, row.control, row.tabs);
+        name_control(panel, row.control, {button, nullptr, row.tabs, no_number, &Form10::option});
         group->addButton(button);
         panel.grid.addWidget(button, option, 2, 1, 2);
     }
     panel.bindings.tab_stop(group);
+}
+
+// Says that the preview is not of the sprite that is typed.
+QLabel* make_preview_line(const Panel& panel) {
+    auto* line = new QLabel("Shows the last sprite that has a picture.");
+    line->setObjectName("PreviewLine");
+    line->setWordWrap(true);
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // as wide as the picture
+    show_mark(*line, true);
+    panel.bindings.on_show(
+        [line, &status = panel.status] { line->setVisible(status.preview_outdated); });
+    return line;
 }
 
 void add_preview(const Panel& panel) {
@@ -291,21 +331,22 @@ void add_preview(const Panel& panel) {
         picture->show_height(form.Picture1_height);
         picture->update_if_changed();
     });
-    name_control(panel, picture, nullptr, "Picture1", preview_tabs);
+    name_control(panel, "Picture1", {picture, nullptr, preview_tabs});
     auto* column = new QVBoxLayout;
     column->addWidget(picture);
+    column->addWidget(make_preview_line(panel));
     column->addStretch();
     panel.grid.addLayout(column, 0, 2 * column_count, box_line + 1, 1);
 }
 
 } // namespace
 
-QWidget* make_object_panel(EditorState& state, Bindings& bindings) {
+QWidget* make_object_panel(EditorState& state, Bindings& bindings, const ObjectStatus& status) {
     auto* frame = new QFrame;
     frame->setFrameStyle(QFrame::StyledPanel);
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(10);
-    const Panel panel{state, bindings, *grid};
+    const Panel panel{state, bindings, *grid, status};
     for (int column = 0; column < column_count; ++column)
         add_column(panel, column);
     add_options(panel);

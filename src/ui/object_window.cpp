@@ -3,6 +3,7 @@
 #include "editor/object_window.h"
 #include "ui/focused_wheel.h"
 #include "ui/main_window.h"
+#include "ui/marks.h"
 #include "ui/menus.h"
 #include "ui/object_panel.h"
 #include "ui/screen_place.h"
@@ -90,6 +91,19 @@ QLabel* make_record_number(EditorState& state, Bindings& bindings) {
     return number;
 }
 
+// Always there, so that the fields stay where they are.
+QLabel* make_list_line(const ObjectStatus& status, Bindings& bindings) {
+    auto* line = new QLabel;
+    line->setObjectName("ListLine");
+    bindings.on_show([line, &status] {
+        line->setText(status.list_outdated ? "The image has the saved values, the list the old "
+                                             "ones until the next build."
+                                           : "");
+        show_mark(*line, status.list_outdated);
+    });
+    return line;
+}
+
 } // namespace
 
 ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& main_window)
@@ -105,6 +119,7 @@ ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& ma
 }
 
 void ObjectWindow::build_panel() {
+    bindings_.on_show([this] { status_ = object_status(state_); });
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     auto* record = new QHBoxLayout;
@@ -112,7 +127,8 @@ void ObjectWindow::build_panel() {
     record->addWidget(make_record_bar(state_, bindings_), 1);
     record->addWidget(make_record_number(state_, bindings_));
     column->addLayout(record);
-    column->addWidget(make_object_panel(state_, bindings_), 1);
+    column->addWidget(make_object_panel(state_, bindings_, status_), 1);
+    column->addWidget(make_list_line(status_, bindings_));
     setCentralWidget(new ScrolledPanel(panel));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/object_status.h"
 #include "ui/side_window.h"
 
 namespace veldrune {
@@ -11,6 +12,8 @@ class ObjectWindow : public SideWindow {
 
   private:
     void build_panel();
+
+    ObjectStatus status_;
 };
 
 } // namespace veldrune

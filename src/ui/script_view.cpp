@@ -1,6 +1,7 @@
 #include "ui/script_view.h"
 
 #include "editor/event_editor.h"
+#include "ui/marks.h"
 #include "ui/tips.h"
 
 #include <QAccessible>
@@ -32,6 +33,10 @@ constexpr std::pair<const char*, NumberForm> column_tips[script_column_count] = 
 
 QFont value_font() {
     return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+}
+
+QBrush pale_text() {
+    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
 }
 
 std::size_t fingerprint(const ScriptRow& row) {
@@ -82,11 +87,8 @@ int ScriptModel::columnCount(const QModelIndex& parent) const {
 QBrush ScriptModel::background(int row) const {
     const ScriptRows marked = remembered_rows(state_);
     const QPalette colours = QGuiApplication::palette();
-    if (row + 1 >= marked.first && row + 1 < marked.end) {
-        QColor mark = colours.color(QPalette::Highlight);
-        mark.setAlpha(60);
-        return mark;
-    }
+    if (row + 1 >= marked.first && row + 1 < marked.end)
+        return mark_colour(colours);
     return starts_command(state_.form9.grid, row + 1) ? colours.brush(QPalette::Window) : QBrush();
 }
 
@@ -106,6 +108,8 @@ QVariant ScriptModel::data(const QModelIndex& index, int role) const {
         return index.column() == explanation ? QVariant() : value_font();
     case Qt::BackgroundRole:
         return background(index.row());
+    case Qt::ForegroundRole:
+        return index.row() < saved_rows_ ? QVariant() : pale_text();
     default:
         return {};
     }
@@ -151,6 +155,7 @@ ScriptModel::Range ScriptModel::update_rows() {
     const auto old_end = static_cast<int>(std::ssize(shown_) - tail);
     const auto end = static_cast<int>(std::ssize(rows) - tail);
     replace_rows(std::move(rows), old_end, end);
+    saved_rows_ = script_end(state_.form9.grid) - 1;
     if (const int changed_end = std::min(old_end, end); first < changed_end)
         emit dataChanged(index(first, 0), index(changed_end - 1, explanation));
     return {first, end};
@@ -158,7 +163,8 @@ ScriptModel::Range ScriptModel::update_rows() {
 
 // The edit box
 
-CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_(std::move(enter)) {
+CellBox::CellBox(QWidget* parent, const ScriptEntry& entry, Action enter)
+    : QPlainTextEdit(parent), enter_(std::move(enter)), codes_(*this, entry) {
     const TextRow<Form9>& row = text_row(&Form9::Text2);
     setObjectName(row.control);
     setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
@@ -173,20 +179,39 @@ CellBox::CellBox(QWidget* parent, Action enter) : QPlainTextEdit(parent), enter_
     hide();
 }
 
+// Escape is a shortcut of the window, too.
+bool CellBox::event(QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride || !codes_.takes(static_cast<QKeyEvent&>(*event)))
+        return QPlainTextEdit::event(event);
+    event->accept();
+    return true;
+}
+
+void CellBox::hideEvent(QHideEvent* event) {
+    codes_.close();
+    QPlainTextEdit::hideEvent(event);
+}
+
 void CellBox::keyPressEvent(QKeyEvent* event) {
+    if (codes_.takes(*event))
+        return event->ignore(); // the list acts on what the box leaves
+    const QString text = toPlainText();
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !(event->modifiers() & Qt::ShiftModifier))
-        enter_();
-    else
-        QPlainTextEdit::keyPressEvent(event);
+    if (enter && !(event->modifiers() & Qt::ShiftModifier)) {
+        codes_.close();
+        return enter_();
+    }
+    QPlainTextEdit::keyPressEvent(event);
+    if (toPlainText() != text)
+        codes_.offer();
 }
 
 // The view
 
 ScriptView::ScriptView(EditorState& state, Bindings& bindings)
-    : form_(state.form9), model_(state), box_(new CellBox(viewport(), [&state, &bindings] {
-          bindings.edit([&] { on_script_enter(state); });
-      })) {
+    : form_(state.form9), model_(state),
+      box_(new CellBox(viewport(), state.script.entry,
+                       [&state, &bindings] { bindings.edit([&] { on_script_enter(state); }); })) {
     setObjectName("grid");
     setAccessibleName("Script");
     setModel(&model_);
@@ -274,6 +299,7 @@ void ScriptView::show_changes() {
 void ScriptView::show_beginning() {
     scrollToTop();
     setCurrentIndex(model_.index(0, 0));
+    setFocus();
 }
 
 void ScriptView::show_heights(ScriptModel::Range rows) {

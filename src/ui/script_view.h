@@ -2,6 +2,7 @@
 
 #include "editor/editor_state.h"
 #include "ui/bindings.h"
+#include "ui/code_list.h"
 
 #include <QAbstractTableModel>
 #include <QPlainTextEdit>
@@ -40,18 +41,23 @@ class ScriptModel : public QAbstractTableModel {
 
     const EditorState& state_;
     std::vector<std::size_t> shown_; // fingerprints of the rows that the views know
+    int saved_rows_ = 0;             // those after them are left out by a save
 };
 
-/// Text2: Enter accepts the text, Shift and Enter begin a new line.
+/// Text2: Enter accepts the text, Shift and Enter begin a new line. While it awaits a code, it
+/// offers those that go with what is typed.
 class CellBox : public QPlainTextEdit {
   public:
-    CellBox(QWidget* parent, Action enter);
+    CellBox(QWidget* parent, const ScriptEntry& entry, Action enter);
 
   protected:
+    bool event(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     Action enter_;
+    CodeList codes_;
 };
 
 /// The grid of the Event Editor, with the edit box over its current cell.
@@ -60,6 +66,7 @@ class ScriptView : public QTableView {
     ScriptView(EditorState& state, Bindings& bindings);
     /// Shows what an operation has changed. Scrolls only to a new edit box outside the view.
     void show_changes();
+    /// Shows the first row, which gets the focus.
     void show_beginning();
     QSize sizeHint() const override;
 

@@ -1,6 +1,7 @@
 // Opening, reopening and saving a script in place.
 
 #include "editor/save.h"
+#include "editor/script_status.h"
 #include "support/script_fixture.h"
 #include "support/write_failures.h"
 
@@ -102,6 +103,44 @@ TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
     EXPECT_TRUE(editor.dialogs.questions.empty());
     editor.act("@11,0 - @5,0 - save");
     EXPECT_EQ(editor.dialogs.asked(), "Row 4; ");
+}
+
+TEST(ScriptStatus, CountsWhatASaveWouldWriteWithoutAMessage) {
+    const std::tuple<const char*, const char*, bool, bool, int> cases[] = {
+        {"", "4 of 4 bytes", false, false, 5},
+        {"@2,1 9", "4 of 4 bytes", false, true, 5},
+        {"@2,1 9 save", "4 of 4 bytes", false, true, 5},
+        {"@2,1 9 @2,1 7", "4 of 4 bytes", false, false, 5},
+        {"+ 39", "5 of 4 bytes", true, true, 6},
+        {"@1,0 -", "2 of 4 bytes", false, true, 3},
+        {"@1,0 FE", "1 of 4 bytes", false, true, 2},
+        {"@2,1 100", "- of 4 bytes", false, true, 5},
+        {"@4,0 -", "- of 4 bytes", false, true, 5},
+        {"@2,1 @1,3", "4 of 4 bytes", false, false, 5},
+        // A save ends these entries first.
+        {"+", "4 of 4 bytes", false, true, 6},
+        {"+ 5", "7 of 4 bytes", true, true, 7},
+        {"+ 37 1", "- of 4 bytes", false, true, 8}};
+    for (const auto& [steps, size, too_long, changed, end] : cases) {
+        ScriptEditor editor(script);
+        editor.act(steps);
+        const std::string rows = editor.rows();
+        const GridStatus status = grid_status(*editor.state);
+        EXPECT_EQ(std::tuple(status.size, status.too_long, status.changed),
+                  std::tuple(size, too_long, changed))
+            << steps;
+        EXPECT_EQ(script_end(editor.window.grid), end) << steps;
+        EXPECT_TRUE(editor.dialogs.silent() && editor.rows() == rows) << steps;
+    }
+    ScriptEditor editor(script);
+    editor.cell(2, 1) = "G"; // a save takes it for 0, with a warning
+    EXPECT_EQ(grid_status(*editor.state).size, "4 of 4 bytes");
+    EXPECT_EQ(save_place(*editor.state).text, "Save writes to 30000");
+    editor.state->objects.selected_object.script_offset = 0xA08F7;
+    EXPECT_EQ(save_place(*editor.state).text, "Save writes to A08F7, loaded from 30000");
+    EXPECT_TRUE(editor.dialogs.silent() && save_place(*editor.state).elsewhere);
+    editor.state->script.loaded.whole = false;
+    EXPECT_EQ(save_place(*editor.state).text, "Can't be saved");
 }
 
 TEST(EventEditor, AWriteThatFailsLeavesABeginningOfTheScript) {

@@ -1,4 +1,5 @@
 #include "editor/object_lists.h"
+#include "editor/object_status.h"
 #include "editor/object_window.h"
 #include "editor/overlays.h"
 #include "editor/save.h"
@@ -164,6 +165,39 @@ TEST(Objects, WhatTheDiskRefusesToGiveCantBeSaved) {
                              editor.click(9, 9);
                              EXPECT_EQ(editor.index(), 2);
                          });
+}
+
+TEST(ObjectStatus, FollowsTheListTheImageAndTheSprite) {
+    ObjectEditor editor;
+    const auto status = [&] { return object_status(editor.s); };
+    const auto expect = [&](std::size_t differing, bool outdated) {
+        EXPECT_EQ(status().differing.size(), differing);
+        EXPECT_EQ(status().list_outdated, outdated);
+    };
+    expect(0, false);
+    for (const ObjectKind kind : all_kinds) {
+        open_object(editor.s, kind, 0);
+        expect(0, false);
+        editor.window.Text2 = "7";
+        expect(1, false);
+        save_object(editor.s);
+        expect(1, true);
+    }
+    editor.scroll(2);
+    open_object(editor.s, npc, 1);
+    expect(0, false);
+    EXPECT_TRUE(status().preview_outdated); // 73
+    open_object(editor.s, npc, 0);
+    expect(0, true);
+    for (const auto& [sprite, outdated] : {std::pair("72", false), {"73", true}, {"", false}}) {
+        editor.window.Text7 = sprite;
+        EXPECT_EQ(status().preview_outdated, outdated) << sprite;
+    }
+    editor.disk["other.smc"] = objects_image();
+    open_image_file(editor.s, "other.smc");
+    EXPECT_FALSE(status().list_outdated); // not of this image
+    refresh_map(editor.s);
+    expect(0, false);
 }
 
 TEST(ObjectWindow, SavesIntoTheImageOfItsListsAlone) {

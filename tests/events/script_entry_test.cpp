@@ -1,5 +1,6 @@
 // Entry by the keyboard: what is typed into the edit box, Enter by Enter, and what breaks it off.
 
+#include "events/code_offers.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
@@ -157,6 +158,35 @@ TEST(ScriptEntry, MessagesOfTheEditBox) {
         full.act("1"); // goes on where it was refused
     EXPECT_EQ(full.encode().bytes.size(), two_commands.size() + 130);
     EXPECT_EQ(full.encode().bytes[4], 0x80);
+}
+
+TEST(CodeOffers, FindCodesByTheirFirstDigitsOrTheirWords) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        // steps, typed, the codes offered
+        {"@1,0", "3D", "3D"},
+        {"@1,0", " 3b ", "3B"},
+        {"@1,0", "6", "06 60 61 62 63 64 65 6A 6B 6C"}, // 66 and others have no rows
+        {"+", "B", "0B B0 B1 B2 B3 B4 B5 B6 B7 B9 BA BB BC BD BE BF"},
+        {"+", "load MAP", "6A 6B"},
+        {"+", "fade", "59 5A 97 F1 F2"}, // no code has so many digits
+        {"+", "", ""},
+        {"+", "no such words", ""},
+        {"@2,1", "3D", ""}, // a value
+        {"+ 5", "3D", ""},  // a count
+        {"+ 5 3", "d5", "D5"},
+        {"+ 5 3", "disappear", "D1"},
+        {"+ 5 3 D5", "d5", ""}, // its argument
+        {"+ 5 3 80 81 @6,1", "e", "0E E0 E1 E2 E3 E4 E5 E6"},
+    };
+    for (const auto& [steps, typed, codes] : cases) {
+        ScriptEditor editor(two_commands);
+        editor.act(steps);
+        std::string offered;
+        for (const auto& offer : offered_codes(editor.state->script.entry.awaited, typed))
+            offered += (offered.empty() ? "" : " ") + code_of(offer);
+        EXPECT_EQ(offered, codes) << steps << ": " << typed;
+    }
+    EXPECT_EQ(offered_codes(Awaited::code, "3D").at(0), "3D  Create Object");
 }
 
 } // namespace

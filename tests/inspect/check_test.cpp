@@ -305,8 +305,9 @@ TEST(Room, TakesASaveThatChangesNothingElse) {
         const auto place = best_room(room_of(editor.image()), size, StreamKind::layer);
         ASSERT_TRUE(place);
         editor.form.*layer_controls[0].location = format_hex(place->offset);
-        EXPECT_TRUE(save_layers(editor.s.rom, editor.form, editor.s.map.layers,
-                                editor.s.work.compress_output, editor.dialogs));
+        const auto& layers = editor.s.map.layers;
+        const auto packed = pack_layers(editor.form, layers, editor.s.work.compress_output);
+        EXPECT_TRUE(save_layers(editor.s.rom, editor.form, layers, packed, editor.dialogs));
         EXPECT_EQ(taken(editor.image(), static_cast<std::size_t>(place->offset)).size(),
                   static_cast<std::size_t>(size));
         EXPECT_EQ(facts(), before) << map;

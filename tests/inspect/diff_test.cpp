@@ -7,7 +7,7 @@
 #include "inspect/field_names.h"
 #include "inspect/ownership.h"
 #include "inspect/share_out.h"
-#include "rom/number_text.h"
+#include "rom/number_field.h"
 #include "support/editor_fixture.h"
 #include "support/object_image.h"
 

@@ -26,6 +26,8 @@ TEST(ObjectRecord, RandomRecordsComeBackByteForByte) {
         Form10 form;
         form.option = random.below(6) - 1;
         unpack_object(kind, record, form);
+        const auto differing = differing_controls(kind, record, form);
+        const ObjectBytes former = record;
         if (kind == chest) {
             const int bits = record[3] & 0xF8;
             const int pressed = bits != 0 ? bits & -bits : form.option < 0 ? 0 : 8 << form.option;
@@ -33,8 +35,42 @@ TEST(ObjectRecord, RandomRecordsComeBackByteForByte) {
         }
         const auto packed = pack_object(kind, record, form, dialogs);
         ASSERT_EQ(packed, record) << static_cast<int>(kind);
+        ASSERT_EQ(differing == std::vector<ObjectControl>{&Form10::option}, record != former);
+        ASSERT_EQ(differing.empty(), record == former);
     }
     EXPECT_TRUE(dialogs.silent());
+}
+
+TEST(ObjectRecord, AControlDiffersOnceItHoldsAnotherValue) {
+    using F = Form10;
+    const std::tuple<std::string F::*, const char*, bool> typed[] = {
+        {&F::Text5, "05", false},   {&F::Text5, " 5", false},    {&F::Text5, "105", true},
+        {&F::Text5, "", true},      {&F::Text2, "9", false}, // three of its bits are kept
+        {&F::Text2, "2", true},     {&F::Text1, "A0201", false}, {&F::Text1, "0A0201", true},
+        {&F::Text4, "1EE0:1", true}};
+    const ObjectBytes record{1, 0, 0x24, 0x10, 5, 0xC6, 3, 0, 0xF8};
+    Form10 same;
+    unpack_object(npc, record, same);
+    const auto expect = [&](const Form10& form, ObjectControl control, bool differs) {
+        const auto controls = std::vector(differs ? 1u : 0u, control);
+        EXPECT_EQ(differing_controls(npc, record, form), controls);
+    };
+    for (const auto& [field, text, differs] : typed) {
+        Form10 form = same;
+        form.*field = text;
+        SCOPED_TRACE(text);
+        expect(form, field, differs);
+    }
+    for (bool F::*const box : {&F::Check1, &F::Check2, &F::Check3}) {
+        Form10 form = same;
+        form.*box = !(form.*box);
+        expect(form, box, true);
+    }
+    for (int F::*const list : {&F::Combo1, &F::Combo2, &F::Combo3, &F::Combo4}) {
+        Form10 form = same;
+        form.*list ^= 1;
+        expect(form, list, true);
+    }
 }
 
 // The bytes that the numbers in the fields make, each of them a plain sum. n holds the number of

@@ -156,6 +156,61 @@ TEST_F(EventWindowTest, TheBoxFollowsTheGridAndTheViewStaysWhereItIs) {
     EXPECT_EQ(bar.value(), 0);
 }
 
+TEST_F(EventWindowTest, TheListOfCodesTakesEnterOnARowThatWasMovedToAlone) {
+    // Keys go to the window, and from there to the list while it is open.
+    const auto keys = [](std::initializer_list<int> codes) {
+        for (const int code : codes)
+            QTest::keyClick(visible_window("Form9")->windowHandle(), static_cast<Qt::Key>(code));
+    };
+    const auto offers = [] {
+        auto* shown = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+        QStringList rows;
+        for (int row = 0; shown && row < shown->model()->rowCount(); ++row)
+            rows << shown->model()->index(row, 0).data().toString();
+        return rows.join('|').toStdString();
+    };
+    load(hex_bytes("3D 07 38 FE"));
+    EXPECT_TRUE(grid().hasFocus());
+    click(2, secondary);
+    keys({Qt::Key_3});
+    EXPECT_EQ(offers(), ""); // a value
+    click(1, primary);
+    keys({Qt::Key_3, Qt::Key_9});
+    EXPECT_EQ(offers(), "39  Free Screen");
+    keys({Qt::Key_Escape});
+    EXPECT_EQ(offers(), "");
+    EXPECT_EQ(box().toPlainText(), "39");
+    keys({Qt::Key_Backspace, Qt::Key_9, Qt::Key_Return}); // open again, not moved to
+    EXPECT_EQ(shown(1, primary) + offers(), "39");
+    click(1, primary);
+    keys({Qt::Key_H, Qt::Key_O, Qt::Key_L, Qt::Key_D, Qt::Key_Down, Qt::Key_Return});
+    EXPECT_EQ(offers() + box().toPlainText().toStdString() + form9.Text2, "3838");
+    keys({Qt::Key_Return});
+    EXPECT_EQ(shown(1, primary), "38");
+    click(1, primary);
+    keys({Qt::Key_3, Qt::Key_Escape, Qt::Key_Escape});
+    EXPECT_FALSE(box().isVisible());
+    EXPECT_TRUE(answers.boxes.empty());
+}
+
+TEST_F(EventWindowTest, TheLinesSayWhatASaveWouldWrite) {
+    const auto pale = [](int row) {
+        return grid().model()->index(row - 1, 0).data(Qt::ForegroundRole).isValid();
+    };
+    load(hex_bytes("3D 07 38 FE"));
+    EXPECT_EQ(editor().text("Place") + ", " + editor().text("Size"),
+              "Save writes to C0000, 4 of 4 bytes");
+    EXPECT_FALSE(editor().find("Changed").isVisible());
+    click(3, primary);
+    enter("FE");
+    EXPECT_EQ(editor().text("Size"), "3 of 4 bytes");
+    EXPECT_TRUE(editor().find("Changed").isVisible());
+    EXPECT_TRUE(!pale(3) && pale(4));
+    open_object(*state, ObjectKind::npc, 1);
+    user.click("Option5"); // any edit shows the state
+    EXPECT_TRUE(editor().find("Place").autoFillBackground());
+}
+
 TEST_F(EventWindowTest, TheWindowStaysUntilTheUserClosesIt) {
     QWidget* window_9 = visible_window("Form9");
     EXPECT_EQ(window_9->windowTitle(), "Event Editor");

@@ -112,6 +112,24 @@ TEST_F(ObjectWindowTest, ThePreviewFollowsWhatIsTyped) {
     EXPECT_TRUE(answers.boxes.empty());
 }
 
+TEST_F(ObjectWindowTest, MarksWhatIsNotAsInTheList) {
+    const auto marked = [] { return captions().split(", ").filter("*").join(", ").toStdString(); };
+    EXPECT_EQ(marked() + info().text("ListLine"), "");
+    info().type("Text5", "c");
+    info().click("Check1");
+    EXPECT_EQ(marked(), "X Pos *=Text5, Walk Over *");
+    EXPECT_TRUE(info().find("Text5").toolTip().endsWith("list of records."));
+    info().choose("Save");
+    EXPECT_TRUE(info().text("ListLine").starts_with("The image has the saved values"));
+    info().type("Text7", "73");
+    EXPECT_TRUE(info().find("PreviewLine").isVisible());
+    user.click("Command3");
+    EXPECT_EQ(marked() + info().text("ListLine"), "Sprite *=Text7");
+    choose_tab(1);
+    info().click("Option1");
+    EXPECT_EQ(marked(), "Empty *");
+}
+
 TEST_F(ObjectWindowTest, WithoutARecordTheFieldsRestAndAClickOnTheTabLoadsOne) {
     choose_tab(2);
     EXPECT_FALSE(info().find("Text1").isEnabled() || info().find("HScroll1").isEnabled());
