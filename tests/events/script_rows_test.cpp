@@ -162,6 +162,10 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
             EXPECT_EQ(editor.window.Text2, editor.cell(c.refused_row, editor.window.grid_column));
         }
     }
+    ScriptEditor editor(script); // a value alone below the end of a queue
+    editor.cell(11, 1) = "2";
+    std::swap(editor.cell(14, 1), editor.cell(14, 2));
+    EXPECT_EQ(editor.encode().refusal.value().row, 14);
 }
 
 TEST(ScriptRows, ACellThatIsNotHexadecimalIsReportedAndCountsAsTheParserSays) {
