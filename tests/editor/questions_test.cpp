@@ -29,11 +29,13 @@ TEST(NamelessFile, IsAskedAboutOnceForEachOpeningAndNothingIsWrittenOnCancel) {
     for (void (*const run)(EditorState&) : {save, save_object, expand_rom, apply_dialogue_patch}) {
         Town editor(true);
         open_object(editor.s, ObjectKind::event_trigger, 0);
+        editor.s.form10.Text4 = "a0200 ";
         editor.disk.rename("a.smc", "moved.smc");
         Bytes& image = editor.disk["moved.smc"];
         editor.dialogs.answers = {false, true};
         run(editor.s);
         EXPECT_TRUE(image == demo_bytes());
+        EXPECT_EQ(editor.s.form10.Text4, "a0200 ");
         run(editor.s);
         run(editor.s);
         EXPECT_EQ(editor.dialogs.asked(), "a.smc is; a.smc is; ");
