@@ -63,7 +63,11 @@ TEST(Painting, ThatASaveLeavesOutIsAskedAbout) {
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting); // given up
     paint(editor);
     EXPECT_TRUE(editor.s.map.unsaved_painting);
+    editor.s.world.unsaved_painting = true; // but it could not be saved
+    editor.s.world.source.reset();
+    editor.dialogs.questions.clear();
     save(editor.s);
+    EXPECT_EQ(editor.dialogs.asked(), "");
     EXPECT_TRUE(!editor.s.map.unsaved_painting && editor.s.changes_saved);
 }
 
@@ -84,6 +88,12 @@ TEST(Painting, OfAWorldIsAskedAboutBeforeAnotherOneOpens) {
     EXPECT_EQ(editor.s.objects.lists.map, 0);
     save(editor.s);
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting);
+    paint(editor);
+    editor.s.world.source.reset(); // it could not be saved
+    editor.dialogs.questions.clear();
+    open_world_of_dusk(editor.s);
+    EXPECT_EQ(editor.dialogs.asked().find("The painting"), std::string::npos);
+    EXPECT_TRUE(editor.s.world.world == World::dusk);
 }
 
 TEST(Doubts, NameTheLayersThatASaveWouldLoseOrThatWouldDestroyOthers) {
