@@ -2,6 +2,7 @@
 
 #include "editor/open_image.h"
 #include "rom/number_field.h"
+#include "rom/number_text.h"
 #include "rom/reported_access.h"
 #include "saving/save_doubts.h"
 #include "saving/save_layers.h"
@@ -71,7 +72,8 @@ bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> strea
     const NumberForm form = text_row(&Form1::Text24).form;
     const int offset = parse_number_text(form, location, silent).value;
     const std::string why = doubts_about_world(offset, stream.size());
-    return is_meant(state, why.empty() ? "" : "The world map at " + location + ": " + why + "\n");
+    return is_meant(
+        state, why.empty() ? "" : "The world map at " + format_hex(offset) + ": " + why + "\n");
 }
 
 bool refuse(EditorState& state, const std::string& why) {

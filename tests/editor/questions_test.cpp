@@ -117,6 +117,7 @@ TEST(Doubts, NameTheLayersThatASaveWouldLoseOrThatWouldDestroyOthers) {
         {field(2, "310200"),                                          save_as, "Layer 3 at 310200: its pointer"},
         {[](Editor& editor) { editor.form.Text2 = "48"; },            save,    "Layer 1 at "}, // keeps its old size
         {[](Editor& editor) { editor.form.Text12 = editor.form.Text14; }, save,    "Layer 1 at "},
+        {[](Editor& editor) { open_world_of_dawn(editor.s); editor.form.Text24 = ""; }, save, "The world map at 0: its pointer"},
     };
     // clang-format on
     for (const auto& [spoil, run, named] : cases) {
