@@ -173,6 +173,7 @@ TEST(RealFiles, WhatCannotBeAnImageIsNeitherOpenedNorReplaced) {
 }
 
 TEST(RealFiles, SaveAsKeepsPermissionsAndOtherFiles) {
+    const mode_t former_mask = ::umask(022); // which forbids what the file there allows
     RealEditor editor;
     std::string longest;
     while (longest.size() < 254)
@@ -181,14 +182,15 @@ TEST(RealFiles, SaveAsKeepsPermissionsAndOtherFiles) {
         const std::string path = editor.folder.file(name), taken = path.substr(0, 240) + ".part";
         put_contents(path, {1});
         put_contents(taken, {2});
-        ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+        ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
         const std::size_t count = editor.folder.file_count();
         editor.dialogs.file_names = {path};
         save_as(editor.s);
         EXPECT_TRUE(editor.dialogs.silent() && contents(path) == demo_bytes());
-        EXPECT_EQ(fs::status(path).permissions(), fs::perms{0640});
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms{0666});
         EXPECT_TRUE(contents(taken) == Bytes{2} && editor.folder.file_count() == count);
     }
+    ::umask(former_mask);
 }
 
 TEST(RealFiles, AVanishedImageIsAskedAboutAndWrittenOnlyOnOk) {

@@ -125,7 +125,7 @@ Plan plan_of_world(const EditorState& state) {
     if (nameable)
         plan.writes.push_back({map_pointers[static_cast<int>(state.world.world)], 3, 3});
     ask_for_source(state, *state.world.source, plan);
-    ask_for_painting(state.map.unsaved_painting, plan);
+    ask_for_painting(state.map.unsaved_painting && state.map.source, plan);
     return plan;
 }
 
@@ -137,7 +137,7 @@ Plan plan_of_layers(const EditorState& state) {
     for (const LayerFields& pass : passes)
         plan.writes.push_back(planned_layer(state, pass));
     ask_for_source(state, *state.map.source, plan);
-    ask_for_painting(state.world.unsaved_painting, plan);
+    ask_for_painting(state.world.unsaved_painting && state.world.source, plan);
     return plan;
 }
 

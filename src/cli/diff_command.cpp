@@ -42,7 +42,7 @@ Action declare_diff(CLI::App& app) {
     return [options] {
         const OpenedImage a(options->image);
         const OpenedImage b(options->other);
-        const std::vector<Finding> findings = diff_images(a.reading(), b.reading());
+        const std::vector<Difference> findings = diff_images(a.reading(), b.reading());
         if (!options->pictures.empty())
             put_pictures(a.image(), b.image(), make_folder(options->pictures));
         print_listing(*options, "diff", "findings",

@@ -161,12 +161,14 @@ void save_object(EditorState& state) {
         return state.dialogs.error("This object was read from another image than the open one. "
                                    "Build the map of the open image first. Nothing is written.");
     const ObjectKind kind = chosen_kind(state.form10);
-    const auto record = pack_object(kind, object.bytes, state.form10, state.dialogs);
+    Form10 packed = state.form10;
+    const auto record = pack_object(kind, object.bytes, packed, state.dialogs);
     if (!record)
         return;
     const auto size = static_cast<std::size_t>(object_kind_row(kind).record_size);
     if (!may_write(state.rom, state.dialogs))
         return;
+    state.form10 = packed;
     write_or_report(state.rom, object_offset(kind, chosen_list(state), *object.index),
                     std::span(*record).first(size), state.dialogs);
     flush_or_report(state.rom, state.dialogs);

@@ -3,6 +3,7 @@
 #include "editor/open_image.h"
 #include "editor/save_status.h"
 #include "rom/number_field.h"
+#include "rom/number_text.h"
 #include "rom/reported_access.h"
 #include "saving/save_doubts.h"
 #include "saving/save_layers.h"
@@ -33,10 +34,13 @@ std::string name_of_world(const EditorState& state) {
     return std::string("the ") + world_row(state.world.world).name;
 }
 
-// After a save everything counts as saved, although it writes the map or the world alone.
+// After a save everything counts as saved, although it writes the map or the world alone. What
+// could not be saved either is not asked about.
 bool may_leave_painting(EditorState& state) {
     const bool world = state.world_map_open;
-    if (!(world ? state.map.unsaved_painting : state.world.unsaved_painting))
+    const bool leaves_map = state.map.unsaved_painting && state.map.source;
+    const bool leaves_world = state.world.unsaved_painting && state.world.source;
+    if (!(world ? leaves_map : leaves_world))
         return true;
     const std::string saved = world ? name_of_world(state) : name_of_map(state);
     const std::string left = world ? name_of_map(state) : name_of_world(state);
@@ -69,7 +73,8 @@ bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> strea
     const NumberForm form = text_row(&Form1::Text24).form;
     const int offset = parse_number_text(form, location, silent).value;
     const std::string why = doubts_about_world(offset, stream.size());
-    return is_meant(state, why.empty() ? "" : "The world map at " + location + ": " + why + "\n");
+    return is_meant(
+        state, why.empty() ? "" : "The world map at " + format_hex(offset) + ": " + why + "\n");
 }
 
 bool refuse(EditorState& state, const std::string& why) {

@@ -43,7 +43,7 @@ void show_world_again(EditorState& state) {
 
 bool may_drop_painting(EditorState& state, World world) {
     const std::string held = world_row(state.world.world).name;
-    return !state.world.unsaved_painting ||
+    return !state.world.unsaved_painting || !state.world.source || // could not be saved either
            state.dialogs.question("The painting on the " + held +
                                   " has not been saved. Opening the " + world_row(world).name +
                                   " drops it. Continue? Cancel shows the " + held + " again.");

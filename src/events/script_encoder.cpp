@@ -131,7 +131,22 @@ class Encoder {
             if (!encode_action(row, end))
                 return false;
         }
-        return next_row(end) < 0 || refuse_queue(count_row);
+        const int surplus = next_row(end);
+        return surplus < 0 || refuse_surplus(surplus, end, count_row);
+    }
+
+    // Below the end of a queue an action makes its number of bytes wrong; a value alone is refused
+    // at its own row.
+    bool refuse_surplus(int first, int end, int count_row) {
+        int value_row = -1;
+        for (int row = end; row-- > first;) {
+            if (!is_blank(cell_at(row, secondary)))
+                return refuse_queue(count_row);
+            if (!is_blank(cell_at(row, tertiary)))
+                value_row = row;
+        }
+        return value_row < 0 ? refuse_queue(count_row)
+                             : refuse(value_row, tertiary, "it belongs to no action");
     }
 
     bool encode_action(int row, int end) {

@@ -47,10 +47,10 @@ std::vector<std::string> pieces_of(std::string_view cell) {
     return pieces;
 }
 
-bool is_long_as_an_offset(const std::string& piece) {
-    const std::uint64_t value = plain_hex(piece).value_or(0);
-    return piece.size() == 5 || piece.size() == 6 ||
-           (piece.size() == 7 && value >= 0x1000000 && value <= highest_script_offset);
+bool is_one_offset(const std::string& piece) {
+    const std::optional<std::uint64_t> value = plain_hex(piece);
+    return value && (piece.size() == 5 || piece.size() == 6 ||
+                     (piece.size() == 7 && *value >= 0x1000000 && *value <= highest_script_offset));
 }
 
 // Appends the lines of a cell, in upper case, less blanks and leading zeros.
@@ -166,7 +166,7 @@ void remove_rows(ScriptGrid& grid, int first, int end) {
 
 std::optional<std::vector<std::string>> offsets_in(std::string_view cell) {
     std::vector<std::string> offsets = pieces_of(cell);
-    if (std::ranges::all_of(offsets, is_long_as_an_offset))
+    if (std::ranges::all_of(offsets, is_one_offset))
         return offsets;
     const std::string digits = without_breaks(cell);
     if (digits.size() % 6 != 0)

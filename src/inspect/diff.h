@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inspect/finding.h"
+#include "inspect/difference.h"
 #include "inspect/listing.h"
 #include "inspect/reading.h"
 
@@ -12,10 +12,10 @@ namespace veldrune::inspect {
 /// that are packed otherwise or lie elsewhere, rows of scripts, and then bytes that mean nothing
 /// known. What only follows from another finding, such as a script to which nothing leads any more,
 /// is left out where its own bytes are the same.
-std::vector<Finding> diff_images(const ImageReading& a, const ImageReading& b);
+std::vector<Difference> diff_images(const ImageReading& a, const ImageReading& b);
 
 /// The findings in columns, and as lines of text.
-Listing finding_table(const std::vector<Finding>& findings);
-Listing finding_lines(const std::vector<Finding>& findings);
+Listing finding_table(const std::vector<Difference>& findings);
+Listing finding_lines(const std::vector<Difference>& findings);
 
 } // namespace veldrune::inspect

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "inspect/finding.h"
+#include "inspect/difference.h"
 #include "inspect/owner_kind.h"
 #include "inspect/reading.h"
 
@@ -16,7 +16,7 @@ namespace veldrune::inspect {
 struct Comparison {
     const ImageReading& a;
     const ImageReading& b;
-    std::vector<Finding> findings{};
+    std::vector<Difference> findings{};
     std::set<std::pair<OwnerKind, std::int64_t>> named{}; // owners that findings speak of
 
     void add(std::string thing, std::string what, std::string before = "", std::string after = "") {

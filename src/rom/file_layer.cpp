@@ -5,6 +5,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,14 +33,15 @@ int open_descriptor(const std::string& path, int flags, unsigned permissions = 0
         uninterrupted([&] { return ::open(path.c_str(), flags, permissions); }));
 }
 
-// Whether a flush or close that has failed may have lost something. Other errors say that the
-// system can't flush such a file.
+// Whether a flush or close that has failed may have lost something. The other errors say that the
+// system can't flush such a file, or that a signal came while it was closed.
 bool may_have_lost(int error) {
-    return error == EIO || error == ENOSPC || error == EDQUOT;
+    constexpr int harmless[] = {EINVAL, ENOSYS, EOPNOTSUPP, ENOTSUP, EROFS, EINTR};
+    return std::ranges::find(harmless, error) == std::end(harmless);
 }
 
 bool flush_descriptor(int descriptor) {
-    return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || !may_have_lost(errno);
+    return uninterrupted([&] { return ::fsync(descriptor); }) == 0;
 }
 
 unsigned permissions_of(const struct stat& status) {
@@ -76,7 +78,7 @@ class DiskFile final : public File {
         return true;
     }
 
-    bool flush() override { return flush_descriptor(descriptor_); }
+    bool flush() override { return flush_descriptor(descriptor_) || !may_have_lost(errno); }
 
     bool close() override {
         return descriptor_ < 0 || ::close(std::exchange(descriptor_, -1)) == 0 ||
@@ -95,6 +97,8 @@ class DiskFile final : public File {
             return std::nullopt;
         return FileStatus{identity_from(status), status.st_size, permissions_of(status)};
     }
+
+    void set_permissions(unsigned permissions) override { ::fchmod(descriptor_, permissions); }
 
   private:
     int descriptor_;
@@ -139,14 +143,18 @@ class Disk : public FileLayer {
         const std::filesystem::path folder = std::filesystem::path(path).parent_path();
         const int descriptor = open_descriptor(folder.empty() ? "." : folder.string(),
                                                O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (descriptor < 0)
-            return true;
-        const bool flushed = flush_descriptor(descriptor);
-        ::close(descriptor);
+        const bool flushed =
+            (descriptor >= 0 && flush_descriptor(descriptor)) || !may_have_lost_names(errno);
+        if (descriptor >= 0)
+            ::close(descriptor);
         return flushed;
     }
 
   private:
+    // A folder may also be closed to reading or to flushes.
+    static bool may_have_lost_names(int error) {
+        return may_have_lost(error) && error != EBADF && error != EACCES;
+    }
     static bool leads_nowhere(int error) {
         return error == ENOENT || error == ENOTDIR || error == ELOOP;
     }
@@ -197,6 +205,8 @@ PartFile create_part(FileLayer& files, const std::string& path, unsigned permiss
     PartFile part;
     for (int number = 0; !part.file && number < most_tries; ++number) {
         part.path = part_name(path, number);
+        if (std::filesystem::path(part.path) == path)
+            continue; // a half copy must not have that name
         part.file = files.create(part.path, permissions);
         if (!part.file && files.status_of(part.path).kind == NameStatus::nothing)
             break; // not because the name is taken
@@ -226,10 +236,12 @@ std::optional<std::string> replace_file(FileLayer& files, const std::string& pat
     if (const char* why = why_not_replaced(there))
         return why;
     const std::string to = files.target_of(path);
-    PartFile part =
-        create_part(files, to, there.kind == NameStatus::nothing ? permissions : there.permissions);
+    const bool replaces = there.kind != NameStatus::nothing;
+    PartFile part = create_part(files, to, replaces ? there.permissions : permissions);
     if (!part.file)
         return "";
+    if (replaces)
+        part.file->set_permissions(there.permissions);
     const bool filled = fill(*part.file) && part.file->close();
     part.file.reset();
     if (!filled || !files.rename(part.path, to)) {

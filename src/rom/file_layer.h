@@ -51,6 +51,8 @@ class File {
     virtual Answer lock() = 0;
     /// Nothing if the disk does not report it.
     virtual std::optional<FileStatus> status() = 0;
+    /// Gives the file these permissions (bits as in FileStatus), as far as the system can.
+    virtual void set_permissions(unsigned) {}
 };
 
 /// What the program needs of a disk. Tests replace it with one that fails on demand.
@@ -62,8 +64,8 @@ class FileLayer {
     /// An existing regular file for reading alone, which needs no permission to write. Null where
     /// that can't be had.
     virtual std::unique_ptr<File> open_to_read(const std::string& path) { return open(path); }
-    /// Creates an empty file with these permissions (bits as in FileStatus). Null if the name is
-    /// taken or the file can't be created.
+    /// Creates an empty file with these permissions (bits as in FileStatus), less those that the
+    /// system keeps from new files. Null if the name is taken or the file can't be created.
     virtual std::unique_ptr<File> create(const std::string& path, unsigned permissions) = 0;
     /// The final target of a symbolic link; any other path unchanged.
     virtual std::string target_of(const std::string& path) { return path; }

@@ -36,39 +36,48 @@ PointerTable wide_pointers(const RomImage& rom) {
     return wide;
 }
 
-// Whether maps or worlds have their data in the added area.
-bool has_moved_maps(const RomImage& rom) {
+// Whether maps or worlds have their data in the added area before end.
+bool has_moved_maps(const RomImage& rom, std::int64_t end) {
+    const auto is_in_area = [end](std::int64_t offset) {
+        return offset >= rom_layout::added_area && offset < end;
+    };
     for (int number = 0; number < rom_layout::layer_data_pointer_count; ++number)
-        if (rom_layout::layer_data + rom.read_pointer24(data_pointer_offset(number)) >=
-            rom_layout::added_area)
+        if (is_in_area(rom_layout::layer_data + rom.read_pointer24(data_pointer_offset(number))))
             return true;
     for (const WorldRow& row : world_rows)
-        if (offset_of_address(rom.read_pointer24(row.map_pointer)) >= rom_layout::added_area)
+        if (is_in_area(offset_of_address(rom.read_pointer24(row.map_pointer))))
             return true;
     return false;
 }
 
-// What is known to be in the added area.
-std::string known_contents(const RomImage& rom) {
+// What is known to be in the added area before end.
+std::string known_contents(const RomImage& rom, std::int64_t end) {
     std::string known;
     if (has_dialogue_patch(rom))
         known = "the dialogue table of the Dialogue Patch";
-    if (has_moved_maps(rom))
+    if (has_moved_maps(rom, end))
         known += std::string(known.empty() ? "" : " and ") + "the data of moved maps";
     return known.empty() ? "data that this editor does not know" : known;
 }
 
-// Whether bytes of the added area may be overwritten: asks where one is neither erased nor zero and
-// would change.
-bool may_overwrite(const RomImage& rom, std::span<const std::uint8_t> bytes, Dialogs& dialogs) {
+// The question before bytes overwrite the beginning of the added area; an empty text where what
+// would change is erased or zero.
+std::string question_before(const RomImage& rom, std::span<const std::uint8_t> bytes) {
+    const std::int64_t end = rom_layout::added_area + std::ssize(bytes);
     std::vector<std::uint8_t> held(bytes.size());
     rom.read(rom_layout::added_area, held);
     for (std::size_t i = 0; i < held.size(); ++i)
         if (held[i] != 0x00 && held[i] != 0xFF && held[i] != bytes[i])
-            return dialogs.question("The image holds " + known_contents(rom) + " from " +
-                                    format_hex(rom_layout::added_area) +
-                                    " on. It would be overwritten. Continue?");
-    return true;
+            return "The image holds " + known_contents(rom, end) + " from " +
+                   format_hex(rom_layout::added_area) + " on. It would be overwritten. Continue?";
+    return "";
+}
+
+// Ends what a command reads before its first write.
+bool may_go_on(RomImage& rom, const ReadWatch& reads, const std::string& question,
+               Dialogs& dialogs) {
+    return !report_refused_reads(reads, "Nothing has been changed.", dialogs) &&
+           may_write(rom, dialogs) && (question.empty() || dialogs.question(question));
 }
 
 } // namespace
@@ -83,8 +92,7 @@ void expand_rom(RomImage& rom, Dialogs& dialogs) {
                              "changed.");
     const std::vector<std::uint8_t> zeros(rom_layout::expanded_image_size - rom_layout::added_area);
     const ReadWatch reads(rom);
-    if (!may_write(rom, dialogs) || !may_overwrite(rom, zeros, dialogs) ||
-        report_refused_reads(reads, "Nothing has been changed.", dialogs))
+    if (!may_go_on(rom, reads, question_before(rom, zeros), dialogs))
         return;
     write_or_report(rom, rom_layout::added_area, zeros, dialogs);
     flush_or_report(rom, dialogs);
@@ -95,9 +103,7 @@ void apply_dialogue_patch(RomImage& rom, PatchFlags& flags, Dialogs& dialogs) {
     // The mark is read before the table makes a short file longer.
     const auto mark = static_cast<std::uint8_t>(rom.read_byte(dialogue_mark_byte) & ~dialogue_mark);
     const PointerTable pointers = wide_pointers(rom);
-    if (report_refused_reads(reads, "Nothing has been changed.", dialogs))
-        return;
-    if (!may_write(rom, dialogs) || !may_overwrite(rom, pointers, dialogs))
+    if (!may_go_on(rom, reads, question_before(rom, pointers), dialogs))
         return;
     const bool written =
         write_or_report(rom, rom_layout::new_dialogue_pointers, pointers, dialogs) &&

@@ -91,8 +91,7 @@ std::string covered(const RomImage& before, const ChosenMap& map, int index,
     for (const int number : used_data_numbers(before)) {
         const std::int64_t other = stream_offset(before, number);
         if (number != own && other >= layer.location && other < layer.end())
-            return "it would cover the layer data at " + format_hex(other) +
-                   ", which other maps use.";
+            return "it would cover the layer data at " + format_hex(other) + ", which maps use.";
     }
     return "";
 }

@@ -3,7 +3,9 @@
 #include "ui/override_cursor.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -12,12 +14,23 @@ namespace veldrune {
 
 namespace {
 
+// Texts of boxes hold the names of files, which may look like markup. Qt's file dialogs show boxes
+// too.
+class PlainBoxes : public QObject {
+  public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Polish) // before the first layout
+            if (auto* box = qobject_cast<QMessageBox*>(watched))
+                box->setTextFormat(Qt::PlainText);
+        return false;
+    }
+};
+
 // tick_box, if any, is shown below the text and belongs to the box from then on.
 int ask(QWidget* window, QMessageBox::Icon icon, const std::string& text, const QString& title,
         QMessageBox::StandardButtons buttons, QCheckBox* tick_box = nullptr) {
     const OverrideCursor cursor(Qt::ArrowCursor);
     QMessageBox box(icon, title, QString::fromStdString(text), buttons, window);
-    box.setTextFormat(Qt::PlainText);
     if (tick_box)
         box.setCheckBox(tick_box);
     if (buttons & QMessageBox::Cancel)
@@ -46,6 +59,10 @@ std::optional<std::string> file_name(QFileDialog& dialog) {
 }
 
 } // namespace
+
+QtDialogs::QtDialogs() : plain_boxes_(std::make_unique<PlainBoxes>()) {
+    QCoreApplication::instance()->installEventFilter(plain_boxes_.get());
+}
 
 void QtDialogs::begin_operation() {
     number_warnings_ = 0;

@@ -3,6 +3,10 @@
 #include "forms/dialogs.h"
 #include "ui/bindings.h"
 
+#include <QObject>
+
+#include <memory>
+
 class QWidget;
 
 namespace veldrune {
@@ -10,6 +14,8 @@ namespace veldrune {
 /// Message boxes and file dialogs, modal to the window whose edit opens them.
 class QtDialogs : public Dialogs {
   public:
+    /// From now on all message boxes, Qt's own included, show plain text. Needs the application.
+    QtDialogs();
     /// before_box is called before a box or dialog opens, to update the windows.
     void attach(Action before_box) { before_box_ = std::move(before_box); }
     /// Message boxes are modal to window from now on.
@@ -29,6 +35,7 @@ class QtDialogs : public Dialogs {
     bool keeps_back_numbers_ = false;
     QWidget* window_ = nullptr;
     Action before_box_ = [] {};
+    std::unique_ptr<QObject> plain_boxes_;
 };
 
 } // namespace veldrune

@@ -29,11 +29,13 @@ TEST(NamelessFile, IsAskedAboutOnceForEachOpeningAndNothingIsWrittenOnCancel) {
     for (void (*const run)(EditorState&) : {save, save_object, expand_rom, apply_dialogue_patch}) {
         Town editor(true);
         open_object(editor.s, ObjectKind::event_trigger, 0);
+        editor.s.form10.Text4 = "a0200 ";
         editor.disk.rename("a.smc", "moved.smc");
         Bytes& image = editor.disk["moved.smc"];
         editor.dialogs.answers = {false, true};
         run(editor.s);
         EXPECT_TRUE(image == demo_bytes());
+        EXPECT_EQ(editor.s.form10.Text4, "a0200 ");
         run(editor.s);
         run(editor.s);
         EXPECT_EQ(editor.dialogs.asked(), "a.smc is; a.smc is; ");
@@ -61,7 +63,11 @@ TEST(Painting, ThatASaveLeavesOutIsAskedAbout) {
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting); // given up
     paint(editor);
     EXPECT_TRUE(editor.s.map.unsaved_painting);
+    editor.s.world.unsaved_painting = true; // but it could not be saved
+    editor.s.world.source.reset();
+    editor.dialogs.questions.clear();
     save(editor.s);
+    EXPECT_EQ(editor.dialogs.asked(), "");
     EXPECT_TRUE(!editor.s.map.unsaved_painting && editor.s.changes_saved);
 }
 
@@ -82,6 +88,12 @@ TEST(Painting, OfAWorldIsAskedAboutBeforeAnotherOneOpens) {
     EXPECT_EQ(editor.s.objects.lists.map, 0);
     save(editor.s);
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting);
+    paint(editor);
+    editor.s.world.source.reset(); // it could not be saved
+    editor.dialogs.questions.clear();
+    open_world_of_dusk(editor.s);
+    EXPECT_EQ(editor.dialogs.asked().find("The painting"), std::string::npos);
+    EXPECT_TRUE(editor.s.world.world == World::dusk);
 }
 
 TEST(Doubts, NameTheLayersThatASaveWouldLoseOrThatWouldDestroyOthers) {
@@ -105,6 +117,7 @@ TEST(Doubts, NameTheLayersThatASaveWouldLoseOrThatWouldDestroyOthers) {
         {field(2, "310200"),                                          save_as, "Layer 3 at 310200: its pointer"},
         {[](Editor& editor) { editor.form.Text2 = "48"; },            save,    "Layer 1 at "}, // keeps its old size
         {[](Editor& editor) { editor.form.Text12 = editor.form.Text14; }, save,    "Layer 1 at "},
+        {[](Editor& editor) { open_world_of_dawn(editor.s); editor.form.Text24 = ""; }, save, "The world map at 0: its pointer"},
     };
     // clang-format on
     for (const auto& [spoil, run, named] : cases) {

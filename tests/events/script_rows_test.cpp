@@ -93,7 +93,7 @@ TEST(ScriptRows, ListsAndMapDataAreRegroupedOrRefused) {
         // Seven digits that no pointer can hold, and pieces of no offset's length: all digits together.
         {options,  4, "0A02001",                    ""}, {options, 4, "10A0200", ""}, {options, 4, "0FFFFFF", ""},
         {options,  4, "0A02001 A0201",              ".0A0200/ 1A0201/.@500"},
-        {counted,  3, "A0203A0204",                 ""},
+        {options,  4, "A02G3 A0204",                ""}, {counted, 3, "A0203A0204", ""},
         {counted,  3, "A0203A0204A0205A0206A0207A0208", ".A0203A/ 0204A0/ 205A02/ 06A020/ 7A0208/.@1250"},
         {map_data, 6, "0a1B 2C03\r\ne4F5",          ".0a1B/ 2C03/ e4F5/.@750"},
         {map_data, 6, "0A1B2C03E4",                 ""},
@@ -162,6 +162,10 @@ TEST(ScriptRows, WhatCanNotBeEncodedIsRefusedAtItsCell) {
             EXPECT_EQ(editor.window.Text2, editor.cell(c.refused_row, editor.window.grid_column));
         }
     }
+    ScriptEditor editor(script); // a value alone below the end of a queue
+    editor.cell(11, 1) = "2";
+    std::swap(editor.cell(14, 1), editor.cell(14, 2));
+    EXPECT_EQ(editor.encode().refusal.value().row, 14);
 }
 
 TEST(ScriptRows, ACellThatIsNotHexadecimalIsReportedAndCountsAsTheParserSays) {

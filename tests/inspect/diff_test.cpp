@@ -36,7 +36,7 @@ struct Named {
     std::string what;
 };
 
-bool names(const Finding& finding, const Named& named) {
+bool names(const Difference& finding, const Named& named) {
     if (named.thing == "script") // any of them
         return finding.thing.starts_with("script ") && finding.what.starts_with("row at ");
     const std::string_view rest =
@@ -191,7 +191,7 @@ void expect_named(Edit edit, unsigned seed) {
     Editor editor;
     const std::vector<Named> edits = edit(editor, random);
     const MemoryImage after{"b.smc", editor.image()};
-    const std::vector<Finding> findings = diff_images(demo_reading(), read_whole(after));
+    const std::vector<Difference> findings = diff_images(demo_reading(), read_whole(after));
     std::vector<Named> owners;
     for (const std::string& owner : changed_owners(after.bytes))
         owners.push_back({owner, ""});
@@ -207,7 +207,7 @@ void expect_named(Edit edit, unsigned seed) {
         EXPECT_TRUE(owner.thing.find(" of map ") != std::string::npos ||
                     owner.thing.starts_with("script") || is_found(owner))
             << seed << ' ' << owner.thing << all;
-    for (const Finding& finding : findings) {
+    for (const Difference& finding : findings) {
         const auto is_named = [&](const Named& named) { return names(finding, named); };
         EXPECT_TRUE(std::ranges::any_of(edits, is_named) || std::ranges::any_of(owners, is_named))
             << seed << ' ' << finding.thing << ": " << finding.what << all;
@@ -256,7 +256,7 @@ TEST(Diff, ComparesScriptsRowByRow) {
     for (const auto& row : rows) {
         const MemoryImage before = with_script(row.before), after = with_script(row.after);
         std::string lines;
-        for (const Finding& f : diff_images(read_whole(before), read_whole(after)))
+        for (const Difference& f : diff_images(read_whole(before), read_whole(after)))
             if (f.thing == "script A1200")
                 lines += f.what.substr(7) + ' ' + (f.before.empty() ? "nothing" : f.before) +
                          " -> " + (f.after.empty() ? "nothing" : f.after) + "; ";

@@ -46,6 +46,9 @@ TEST(RomImage, ACopyIsWholeOrNotThere) {
               MemoryDisk::Fault{}); // the disk stops giving bytes
     EXPECT_TRUE(rom.copy_to("b"));
     EXPECT_EQ(disk["b"], Bytes{1});
+    disk.fail(0, 0);
+    const std::string name = std::string(32, 'b') + ".part"; // looks like its own temporary name
+    EXPECT_TRUE(!rom.copy_to(name) && disk.exists(name));
 }
 
 } // namespace

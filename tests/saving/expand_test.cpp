@@ -69,13 +69,29 @@ TEST(Expansion, AFailedWriteLeavesAPrefixOfTheWrites) {
     expect_prefixes_of_writes(make, expand);
     expect_prefixes_of_writes(make, patch);
     // What can't be read is not copied, and half a patch is none.
-    for (const auto& [reading, writing] : {std::pair(1, 0), std::pair(2, 0), std::pair(0, 3)}) {
-        Editor editor(noise(0x300200));
+    for (const auto& [reading, writing] :
+         {std::pair(1, 0), std::pair(2, 0), std::pair(3, 0), std::pair(0, 3)}) {
+        Editor editor(noise(0x301000));
         editor.disk.fail(reading, writing);
         patch(editor);
         EXPECT_EQ(editor.disk.writes, writing == 0 ? 0 : writing + 1); // and the flush
         EXPECT_EQ(editor.dialogs.messages.size(), 1u);
+        EXPECT_EQ(editor.dialogs.questions.empty(), writing == 0);
         EXPECT_FALSE(has_dialogue_patch(editor.state->rom) || editor.state->patch_flags[8]);
+    }
+}
+
+TEST(Expansion, NamesOnlyTheMapsThatItWouldOverwrite) {
+    for (const auto& [run, place, named] :
+         {std::tuple(+patch, 0x3028FC, true), std::tuple(+patch, 0x3028FD, false),
+          std::tuple(+expand, 0x3028FD, true)}) {
+        Bytes image(0x302900);
+        put_word(image, 0x300300, 1);
+        put_word(image, 0x19CF90, static_cast<std::size_t>(place - 0x19D3B0) & 0xFFFF);
+        image[0x19CF92] = static_cast<std::uint8_t>((place - 0x19D3B0) >> 16);
+        Editor editor(std::move(image));
+        run(editor);
+        EXPECT_EQ(editor.dialogs.questions.at(0).find("moved maps") != std::string::npos, named);
     }
 }
 

@@ -61,6 +61,25 @@ TEST_F(MainWindowTest, OpensWhatTheDialogNamesAndSavesACopyOfIt) {
     EXPECT_EQ(answers.boxes.back(), (Message{file_filter, "Save As"}));
 }
 
+TEST_F(MainWindowTest, FileNamesInBoxesArePlainText) {
+    const QTemporaryDir folder;
+    const QString markup = "<img src=x>";
+    answers.file_name = folder.filePath(markup + ".smc");
+    ASSERT_TRUE(QFile(*answers.file_name).open(QIODevice::WriteOnly));
+    int plain = 0;
+    const auto look = [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        plain += box && box->text().contains(markup) && box->textFormat() == Qt::PlainText;
+        if (box && box->button(QMessageBox::Yes))
+            box->button(QMessageBox::Yes)->click(); // replace the file
+    };
+    answers.meanwhile = look;
+    dialogs.question(markup.toStdString());
+    answers.meanwhile = [&] { QTimer::singleShot(0, look); }; // when the file dialog asks
+    EXPECT_EQ(dialogs.save_file_name("a.smc"), answers.file_name->toStdString());
+    EXPECT_EQ(plain, 2);
+}
+
 TEST_F(TownWindowTest, WarningsAboutNumbersCanBeKeptBackFromTheThirdOn) {
     form.Text18 = form.Text23 = form.Text8 = form.Text9 = form.Text13 = "x";
     std::string tick_boxes;
