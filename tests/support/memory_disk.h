@@ -132,14 +132,11 @@ class MemoryDisk : public FileLayer {
                 return;
             bytes.resize(most_dense);
             sparse_end = std::max(sparse_end, end);
+            beyond.erase(beyond.lower_bound(offset + static_cast<std::int64_t>(dense)),
+                         beyond.lower_bound(end));
             for (std::size_t i = dense; i < from.size(); ++i)
-                put_beyond(offset + static_cast<std::int64_t>(i), from[i]);
-        }
-        void put_beyond(std::int64_t offset, std::uint8_t byte) {
-            if (byte != 0)
-                beyond[offset] = byte;
-            else if (!beyond.empty())
-                beyond.erase(offset);
+                if (from[i] != 0)
+                    beyond[offset + static_cast<std::int64_t>(i)] = from[i];
         }
     };
     static constexpr std::int64_t most_dense = 0x800000;
