@@ -18,6 +18,7 @@ void show_mark(QWidget& widget, bool marked) {
     if (marked)
         palette.setColor(QPalette::Window, mark_colour(widget.palette()));
     widget.setPalette(palette);
+    widget.setBackgroundRole(QPalette::Window);
     widget.setAutoFillBackground(marked);
 }
 
