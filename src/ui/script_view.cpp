@@ -163,8 +163,8 @@ ScriptModel::Range ScriptModel::update_rows() {
 
 // The edit box
 
-CellBox::CellBox(QWidget* parent, const ScriptEntry& entry, Action enter)
-    : QPlainTextEdit(parent), enter_(std::move(enter)), codes_(*this, entry) {
+CellBox::CellBox(QWidget* parent, const EditorState& state, Action enter)
+    : QPlainTextEdit(parent), enter_(std::move(enter)), codes_(*this, state) {
     const TextRow<Form9>& row = text_row(&Form9::Text2);
     setObjectName(row.control);
     setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
@@ -209,9 +209,9 @@ void CellBox::keyPressEvent(QKeyEvent* event) {
 // The view
 
 ScriptView::ScriptView(EditorState& state, Bindings& bindings)
-    : form_(state.form9), model_(state),
-      box_(new CellBox(viewport(), state.script.entry,
-                       [&state, &bindings] { bindings.edit([&] { on_script_enter(state); }); })) {
+    : form_(state.form9), model_(state), box_(new CellBox(viewport(), state, [&state, &bindings] {
+          bindings.edit([&] { on_script_enter(state); });
+      })) {
     setObjectName("grid");
     setAccessibleName("Script");
     setModel(&model_);
