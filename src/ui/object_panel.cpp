@@ -2,8 +2,8 @@
 
 #include "editor/object_status.h"
 #include "editor/object_window.h"
+#include "ui/emphasis.h"
 #include "ui/focused_wheel.h"
-#include "ui/marks.h"
 #include "ui/pixel_picture.h"
 #include "ui/tips.h"
 
@@ -196,7 +196,7 @@ void show_on_tab(const Shown& shown, const Form10& form, const ObjectStatus& sta
     if (shown.label)
         shown.label->setVisible(tab.caption);
     show_caption(shown, QString(tab.caption) + (marked ? mark_sign : ""));
-    show_mark(shown.label ? *shown.label : *shown.control, marked);
+    show_tint(shown.label ? *shown.label : *shown.control, marked);
     const QString tip = tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString();
     shown.control->setToolTip(marked ? tip + mark_tip : tip);
     shown.control->setAccessibleName(tab.caption);
@@ -321,7 +321,7 @@ void add_preview_line(const Panel& panel) {
     auto* line = new QLabel("Shows the last sprite that has a picture.");
     line->setObjectName("PreviewLine");
     keep_place(*line);
-    show_mark(*line, true);
+    show_tint(*line, true);
     panel.bindings.on_show(
         [line, &status = panel.status] { line->setVisible(status.preview_outdated); });
     panel.grid.addWidget(line, box_line + 1, 0, 1, 2 * column_count + 1, Qt::AlignRight);

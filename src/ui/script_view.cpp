@@ -1,7 +1,7 @@
 #include "ui/script_view.h"
 
 #include "editor/event_editor.h"
-#include "ui/marks.h"
+#include "ui/emphasis.h"
 #include "ui/tips.h"
 
 #include <QAccessible>
@@ -88,7 +88,7 @@ QBrush ScriptModel::background(int row) const {
     const ScriptRows marked = remembered_rows(state_);
     const QPalette colours = QGuiApplication::palette();
     if (row + 1 >= marked.first && row + 1 < marked.end)
-        return mark_colour(colours);
+        return tint_of(colours);
     return starts_command(state_.form9.grid, row + 1) ? colours.brush(QPalette::Window) : QBrush();
 }
 
