@@ -1,6 +1,6 @@
 #include "ui/code_list.h"
 
-#include "events/code_offers.h"
+#include "editor/code_offers.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -23,7 +23,7 @@ int width_of(const QAbstractItemView& list, const QWidget& window) {
 
 } // namespace
 
-CodeList::CodeList(QPlainTextEdit& box, const ScriptEntry& entry) : box_(box), entry_(entry) {
+CodeList::CodeList(QPlainTextEdit& box, const EditorState& state) : box_(box), state_(state) {
     setModel(&offers_);
     setWidget(&box);
     setMaxVisibleItems(visible_offers);
@@ -37,7 +37,7 @@ CodeList::CodeList(QPlainTextEdit& box, const ScriptEntry& entry) : box_(box), e
 
 void CodeList::offer() {
     QStringList rows;
-    for (const std::string& row : offered_codes(entry_.awaited, box_.toPlainText().toStdString()))
+    for (const std::string& row : offered_codes(state_))
         rows << QString::fromStdString(row);
     if (rows.isEmpty())
         return close();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "events/script_edit.h"
-
 #include <QCompleter>
 #include <QStringListModel>
 
@@ -10,11 +8,13 @@ class QPlainTextEdit;
 
 namespace veldrune {
 
+struct EditorState;
+
 /// A list below the edit box of the Event Editor, of the codes that go with what is typed. It does
 /// nothing by itself: a row must be moved to, or clicked, to put its code into the box.
 class CodeList : public QCompleter {
   public:
-    CodeList(QPlainTextEdit& box, const ScriptEntry& entry);
+    CodeList(QPlainTextEdit& box, const EditorState& state);
     /// Shows what goes with the text of the box, or nothing.
     void offer();
     void close();
@@ -23,7 +23,7 @@ class CodeList : public QCompleter {
 
   private:
     QPlainTextEdit& box_;
-    const ScriptEntry& entry_;
+    const EditorState& state_;
     QStringListModel offers_;
 };
 

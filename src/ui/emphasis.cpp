@@ -55,6 +55,23 @@ void emphasise(QPushButton* button, bool on, const char* why) {
     button->setAccessibleDescription(on ? why : "");
 }
 
+QColor tint_of(const QPalette& palette) {
+    QColor colour = palette.color(QPalette::Highlight);
+    colour.setAlpha(60);
+    return colour;
+}
+
+void show_tint(QWidget& widget, bool on) {
+    if (widget.autoFillBackground() == on)
+        return;
+    QPalette palette;
+    if (on)
+        palette.setColor(QPalette::Window, tint_of(widget.palette()));
+    widget.setPalette(palette);
+    widget.setBackgroundRole(QPalette::Window);
+    widget.setAutoFillBackground(on);
+}
+
 void mark_field(QLineEdit* field, const std::string& sentence) {
     MarkAction* mark = mark_of(field);
     const QString tip = QString::fromStdString(sentence);

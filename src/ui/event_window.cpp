@@ -2,7 +2,7 @@
 
 #include "editor/event_editor.h"
 #include "editor/script_status.h"
-#include "ui/marks.h"
+#include "ui/emphasis.h"
 #include "ui/menus.h"
 #include "ui/screen_place.h"
 #include "ui/script_view.h"
@@ -102,13 +102,13 @@ QLayout* EventWindow::make_status() {
     bindings_.on_show([this, place] {
         const SavePlace save = save_place(state_);
         place->setText(QString::fromStdString(save.text));
-        show_mark(*place, save.elsewhere);
+        show_tint(*place, save.elsewhere);
     });
     size_ = make_status_label("Size", "Bytes that a save would write, of those that were loaded. "
                                       "It can't write more. Decimal.");
     changed_ = make_status_label("Changed", "Some values of the grid are not as they were loaded.");
     changed_->setText("* differs from what was loaded");
-    show_mark(*changed_, true);
+    show_tint(*changed_, true);
     for (QLabel* label : {place, size_, changed_})
         bar->addWidget(label);
     bar->addStretch(1);
@@ -133,7 +133,7 @@ void EventWindow::show_script() {
 void EventWindow::show_grid_status() {
     const GridStatus status = grid_status(state_);
     size_->setText(QString::fromStdString(status.size));
-    show_mark(*size_, status.too_long);
+    show_tint(*size_, status.too_long);
     changed_->setVisible(status.changed);
 }
 

@@ -2,8 +2,8 @@
 
 #include "editor/object_status.h"
 #include "editor/object_window.h"
+#include "ui/emphasis.h"
 #include "ui/focused_wheel.h"
-#include "ui/marks.h"
 #include "ui/pixel_picture.h"
 #include "ui/tips.h"
 
@@ -196,7 +196,7 @@ void show_on_tab(const Shown& shown, const Form10& form, const ObjectStatus& sta
     if (shown.label)
         shown.label->setVisible(tab.caption);
     show_caption(shown, QString(tab.caption) + (marked ? mark_sign : ""));
-    show_mark(shown.label ? *shown.label : *shown.control, marked);
+    show_tint(shown.label ? *shown.label : *shown.control, marked);
     const QString tip = tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString();
     shown.control->setToolTip(marked ? tip + mark_tip : tip);
     shown.control->setAccessibleName(tab.caption);
@@ -309,24 +309,28 @@ void add_options(const Panel& panel) {
     panel.bindings.tab_stop(group);
 }
 
-// Says that the preview is not of the sprite that is typed.
-QLabel* make_preview_line(const Panel& panel) {
+// Keeps the room of a control while it is hidden.
+void keep_place(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
+// Says below the preview that it is not of the sprite that is typed.
+void add_preview_line(const Panel& panel) {
     auto* line = new QLabel("Shows the last sprite that has a picture.");
     line->setObjectName("PreviewLine");
-    line->setWordWrap(true);
-    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // as wide as the picture
-    show_mark(*line, true);
+    keep_place(*line);
+    show_tint(*line, true);
     panel.bindings.on_show(
         [line, &status = panel.status] { line->setVisible(status.preview_outdated); });
-    return line;
+    panel.grid.addWidget(line, box_line + 1, 0, 1, 2 * column_count + 1, Qt::AlignRight);
 }
 
 void add_preview(const Panel& panel) {
     Form10& form = panel.form();
     auto* picture = new PixelPicture(ScreenPicture(form.Picture1));
-    QSizePolicy keeps_its_place = picture->sizePolicy();
-    keeps_its_place.setRetainSizeWhenHidden(true);
-    picture->setSizePolicy(keeps_its_place);
+    keep_place(*picture);
     panel.bindings.on_show([picture, &form] {
         picture->show_height(form.Picture1_height);
         picture->update_if_changed();
@@ -334,7 +338,6 @@ void add_preview(const Panel& panel) {
     name_control(panel, "Picture1", {picture, nullptr, preview_tabs});
     auto* column = new QVBoxLayout;
     column->addWidget(picture);
-    column->addWidget(make_preview_line(panel));
     column->addStretch();
     panel.grid.addLayout(column, 0, 2 * column_count, box_line + 1, 1);
 }
@@ -352,12 +355,13 @@ QWidget* make_object_panel(EditorState& state, Bindings& bindings, const ObjectS
     add_options(panel);
     add_boxes(panel);
     add_preview(panel);
+    add_preview_line(panel);
     grid->setColumnStretch(2 * column_count - 1, 1);
     // All tabs have the same line heights.
     grid->setVerticalSpacing(0);
     for (int line = 0; line <= box_line; ++line)
         grid->setRowMinimumHeight(line, QComboBox().sizeHint().height() + line_gap);
-    grid->setRowStretch(box_line + 1, 1);
+    grid->setRowStretch(box_line + 2, 1);
     return frame;
 }
 

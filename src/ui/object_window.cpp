@@ -1,9 +1,9 @@
 #include "ui/object_window.h"
 
 #include "editor/object_window.h"
+#include "ui/emphasis.h"
 #include "ui/focused_wheel.h"
 #include "ui/main_window.h"
-#include "ui/marks.h"
 #include "ui/menus.h"
 #include "ui/object_panel.h"
 #include "ui/screen_place.h"
@@ -99,7 +99,7 @@ QLabel* make_list_line(const ObjectStatus& status, Bindings& bindings) {
         line->setText(status.list_outdated ? "The image has the saved values, the list the old "
                                              "ones until the next build."
                                            : "");
-        show_mark(*line, status.list_outdated);
+        show_tint(*line, status.list_outdated);
     });
     return line;
 }

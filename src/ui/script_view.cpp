@@ -1,7 +1,7 @@
 #include "ui/script_view.h"
 
 #include "editor/event_editor.h"
-#include "ui/marks.h"
+#include "ui/emphasis.h"
 #include "ui/tips.h"
 
 #include <QAccessible>
@@ -88,7 +88,7 @@ QBrush ScriptModel::background(int row) const {
     const ScriptRows marked = remembered_rows(state_);
     const QPalette colours = QGuiApplication::palette();
     if (row + 1 >= marked.first && row + 1 < marked.end)
-        return mark_colour(colours);
+        return tint_of(colours);
     return starts_command(state_.form9.grid, row + 1) ? colours.brush(QPalette::Window) : QBrush();
 }
 
@@ -163,8 +163,8 @@ ScriptModel::Range ScriptModel::update_rows() {
 
 // The edit box
 
-CellBox::CellBox(QWidget* parent, const ScriptEntry& entry, Action enter)
-    : QPlainTextEdit(parent), enter_(std::move(enter)), codes_(*this, entry) {
+CellBox::CellBox(QWidget* parent, const EditorState& state, Action enter)
+    : QPlainTextEdit(parent), enter_(std::move(enter)), codes_(*this, state) {
     const TextRow<Form9>& row = text_row(&Form9::Text2);
     setObjectName(row.control);
     setToolTip(number_tip("Enter takes the value, Escape leaves it; Shift and Enter begin a line.",
@@ -209,9 +209,9 @@ void CellBox::keyPressEvent(QKeyEvent* event) {
 // The view
 
 ScriptView::ScriptView(EditorState& state, Bindings& bindings)
-    : form_(state.form9), model_(state),
-      box_(new CellBox(viewport(), state.script.entry,
-                       [&state, &bindings] { bindings.edit([&] { on_script_enter(state); }); })) {
+    : form_(state.form9), model_(state), box_(new CellBox(viewport(), state, [&state, &bindings] {
+          bindings.edit([&] { on_script_enter(state); });
+      })) {
     setObjectName("grid");
     setAccessibleName("Script");
     setModel(&model_);

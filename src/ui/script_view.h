@@ -48,7 +48,7 @@ class ScriptModel : public QAbstractTableModel {
 /// offers those that go with what is typed.
 class CellBox : public QPlainTextEdit {
   public:
-    CellBox(QWidget* parent, const ScriptEntry& entry, Action enter);
+    CellBox(QWidget* parent, const EditorState& state, Action enter);
 
   protected:
     bool event(QEvent* event) override;

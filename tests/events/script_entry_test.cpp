@@ -1,6 +1,6 @@
 // Entry by the keyboard: what is typed into the edit box, Enter by Enter, and what breaks it off.
 
-#include "events/code_offers.h"
+#include "editor/code_offers.h"
 #include "support/script_fixture.h"
 
 #include <gtest/gtest.h>
@@ -181,12 +181,12 @@ TEST(CodeOffers, FindCodesByTheirFirstDigitsOrTheirWords) {
     for (const auto& [steps, typed, codes] : cases) {
         ScriptEditor editor(two_commands);
         editor.act(steps);
+        editor.window.Text2 = typed;
         std::string offered;
-        for (const auto& offer : offered_codes(editor.state->script.entry.awaited, typed))
+        for (const auto& offer : offered_codes(*editor.state))
             offered += (offered.empty() ? "" : " ") + code_of(offer);
         EXPECT_EQ(offered, codes) << steps << ": " << typed;
     }
-    EXPECT_EQ(offered_codes(Awaited::code, "3D").at(0), "3D  Create Object");
 }
 
 } // namespace

@@ -172,6 +172,7 @@ TEST_F(FieldsTest, OfTheEventEditorAndTheLayerPalette) {
     show_object(ObjectKind::npc);
     driver("Form10").choose("Event_Editor");
     on_script_click(*state, 1, primary);
+    state->script.entry.awaited = Awaited::value; // for which no list opens
     user.click("Command1");
     const std::vector<Field> script = {FIELD(state->form9, Text2), FIELD(state->form9, Text3)};
     const std::vector<Field> palette = {{"Option1 Option2 Option3", state->form2.layer}};

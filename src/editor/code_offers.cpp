@@ -1,4 +1,4 @@
-#include "events/code_offers.h"
+#include "editor/code_offers.h"
 
 #include "rom/number_text.h"
 
@@ -40,9 +40,9 @@ bool is_found(const std::string& offer, std::uint8_t code, const std::string& wo
 
 } // namespace
 
-std::vector<std::string> offered_codes(Awaited awaited, std::string_view typed) {
-    const Table table = awaited_table(awaited);
-    const std::string words = plain_words(typed);
+std::vector<std::string> offered_codes(const EditorState& state) {
+    const Table table = awaited_table(state.script.entry.awaited);
+    const std::string words = plain_words(state.form9.Text2);
     std::vector<std::string> offers;
     for (int code = 0; table && !words.empty() && code <= 0xFF; ++code) {
         const ScriptCommand& command = table(static_cast<std::uint8_t>(code));
