@@ -113,8 +113,9 @@ class SharingTip : public QObject {
   protected:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::ToolTip)
-            field_->setToolTip(meaning_ + QString::fromStdString(
-                                              " " + sharing_maps(state_.rom, state_.map, layer_)));
+            field_->setToolTip(
+                meaning_ + ' ' +
+                QString::fromStdString(sharing_maps(state_.rom, state_.map, layer_)));
         return false;
     }
 
