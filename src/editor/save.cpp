@@ -68,10 +68,7 @@ bool map_save_is_meant(EditorState& state, const std::optional<PackedLayers>& pa
 bool world_save_is_meant(EditorState& state, std::span<const std::uint8_t> stream) {
     if (stream.empty()) // is refused when its turn comes
         return true;
-    SilentDialogs silent;
-    std::string location = state.form1.Text24;
-    const NumberForm form = text_row(&Form1::Text24).form;
-    const int offset = parse_number_text(form, location, silent).value;
+    const int offset = field_number(state.form1, &Form1::Text24).value;
     const std::string why = doubts_about_world(offset, stream.size());
     return is_meant(
         state, why.empty() ? "" : "The world map at " + format_hex(offset) + ": " + why + "\n");
