@@ -61,6 +61,8 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
         {"inspect pictures a.smc a.smc", 2, ""},
         {"inspect dump a.smc > /dev/full", 2, ""},
         {"inspect --help > /dev/full", 2, ""},
+        {"inspect check --help", 0,
+         "\nstream-overlap    fault    a save of one changes the other\n"},
         {"inspect check a.smc", 0, "Nothing found."},
         {"inspect check a.smc --strict", 1, "map-size"},
         {"inspect check a.smc --strict --against a.smc", 0, "Nothing found."},
