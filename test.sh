@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh
 
-need "${build_packages[@]}" clang-format
+need "${build_packages[@]}" clang-format git
 tools/check_layers
 sources=(bench demo fuzz src tests tools)
 find "${sources[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror

@@ -54,6 +54,7 @@ void add_render_figures(Figures& figures);
 void add_map_figures(Figures& figures);
 void add_object_figures(Figures& figures);
 void add_event_figures(Figures& figures);
+void add_inspect_figures(Figures& figures); ///< nothing without veldrune-inspect
 void add_window_figures(Figures& figures); ///< nothing in a build without the windows
 // clang-format on
 

@@ -190,6 +190,7 @@ int main(int argc, char** argv) {
     add_map_figures(all);
     add_object_figures(all);
     add_event_figures(all);
+    add_inspect_figures(all);
     add_window_figures(all);
     const int missed =
         print_table(all.figures,

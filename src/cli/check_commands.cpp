@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/standard_output.h"
+#include "cli/text_output.h"
 #include "inspect/check.h"
 #include "inspect/room.h"
 
@@ -29,6 +30,7 @@ std::vector<inspect::Finding> findings_of(const CheckOptions& options) {
 }
 
 Action declare_check(CLI::App& app) {
+    app.footer(text_of(inspect::list_checks()) + '\n' + app.get_footer());
     const auto options = std::make_shared<CheckOptions>();
     add_report_options(app, *options);
     app.add_flag("--strict", options->strict, "Also what is only unusual");

@@ -1,5 +1,7 @@
 #include "cli/commands.h"
+#include "cli/json_output.h"
 #include "cli/picture_files.h"
+#include "cli/standard_output.h"
 #include "inspect/diff.h"
 #include "inspect/share_out.h"
 
@@ -31,6 +33,25 @@ void put_pictures(const MemoryImage& a, const MemoryImage& b, const std::string&
     });
 }
 
+// Prints findings as they come, since images that have nothing in common have millions; returns
+// whether there is one.
+bool put_differences(const Options& options, const ImageReading& a, const ImageReading& b) {
+    BlockedOut out;
+    bool any = false;
+    const std::vector<Column> columns = difference_columns();
+    if (options.json)
+        out.add(json_begin(options.image, "diff", "findings"));
+    diff_images(a, b, [&](const Difference& finding) {
+        out.add(options.json ? json_row(columns, difference_row(finding), !any)
+                             : difference_line(finding) + '\n');
+        any = true;
+    });
+    if (options.json)
+        out.add(json_end);
+    out.finish();
+    return any;
+}
+
 Action declare_diff(CLI::App& app) {
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
@@ -42,12 +63,9 @@ Action declare_diff(CLI::App& app) {
     return [options] {
         const OpenedImage a(options->image);
         const OpenedImage b(options->other);
-        const std::vector<Difference> findings = diff_images(a.reading(), b.reading());
         if (!options->pictures.empty())
             put_pictures(a.image(), b.image(), make_folder(options->pictures));
-        print_listing(*options, "diff", "findings",
-                      options->json ? finding_table(findings) : finding_lines(findings));
-        return findings.empty() ? fine : found;
+        return put_differences(*options, a.reading(), b.reading()) ? found : fine;
     };
 }
 

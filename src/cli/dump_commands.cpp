@@ -7,11 +7,13 @@
 namespace veldrune::cli {
 namespace {
 
-std::string text_of(const std::vector<inspect::Fact>& facts) {
-    std::string text;
-    for (const inspect::Fact& fact : facts)
-        text.append(fact.key).append(" ").append(fact.value).append("\n");
-    return text;
+void put_facts(const inspect::ImageReading& reading) {
+    BlockedOut out;
+    dump_image(reading, [&](const std::vector<inspect::Fact>& facts) {
+        for (const inspect::Fact& fact : facts)
+            out.add(fact.key + ' ' + fact.value + '\n');
+    });
+    out.finish();
 }
 
 Action declare_dump(CLI::App& app) {
@@ -19,7 +21,7 @@ Action declare_dump(CLI::App& app) {
     add_image(app, *path);
     return [path] {
         const OpenedImage opened(*path);
-        put_out(text_of(inspect::dump_image(opened.reading())));
+        put_facts(opened.reading());
         return fine;
     };
 }

@@ -73,21 +73,26 @@ std::string utf8_text(std::string_view bytes) {
     return text;
 }
 
-std::string json_of(const std::string& image, const char* command, const char* array,
-                    const Listing& listing) {
+std::string json_begin(const std::string& image, const char* command, const char* array) {
     std::string text = "{\"format\": " + std::to_string(json_format);
     text += ", \"image\": " + Json(utf8_text(image)).dump();
     text += ", \"command\": " + Json(command).dump();
-    text += ", " + Json(array).dump() + ": [";
-    const char* between = "\n";
-    for (const std::vector<Cell>& row : listing.rows) {
-        Json object = Json::object();
-        for (std::size_t i = 0; i < row.size(); ++i)
-            object[listing.columns[i].key] = json_cell(row[i]);
-        text += between + object.dump();
-        between = ",\n";
-    }
-    return text + "\n]}\n";
+    return text + ", " + Json(array).dump() + ": [";
+}
+
+std::string json_row(const std::vector<Column>& columns, const std::vector<Cell>& row, bool first) {
+    Json object = Json::object();
+    for (std::size_t i = 0; i < row.size(); ++i)
+        object[columns[i].key] = json_cell(row[i]);
+    return (first ? "\n" : ",\n") + object.dump();
+}
+
+std::string json_of(const std::string& image, const char* command, const char* array,
+                    const Listing& listing) {
+    std::string text = json_begin(image, command, array);
+    for (const std::vector<Cell>& row : listing.rows)
+        text += json_row(listing.columns, row, &row == listing.rows.data());
+    return text + json_end;
 }
 
 } // namespace veldrune::cli

@@ -11,7 +11,6 @@ namespace {
 
 int run(int argc, char** argv) {
     CLI::App app;
-    app.name("veldrune-inspect");
     const std::vector<DeclaredCommand> commands = declare_commands(app);
     try {
         app.parse(argc, argv);

@@ -13,8 +13,7 @@ namespace {
 
 using namespace inspect;
 
-struct Options {
-    std::string image;
+struct Options : ReportOptions {
     std::string out; // a file or a folder
     int picture = 0;
     PictureOptions drawn;
@@ -52,9 +51,29 @@ void add_drawing(CLI::App& app, PictureOptions& drawn) {
     app.add_flag("--grid", drawn.grid, "Draw the grid");
 }
 
+// A written file, as JSON names it.
+struct Written {
+    int picture;
+    std::string path;
+    PictureSize size;
+};
+
+Listing list_written(const std::vector<Written>& all) {
+    using enum CellForm;
+    Listing listing{{{"picture", "", words},
+                     {"file", "", words},
+                     {"width", "", decimal},
+                     {"height", "", decimal}},
+                    {}};
+    for (const Written& written : all)
+        listing.rows.push_back(
+            {picture_name(written.picture), written.path, written.size.width, written.size.height});
+    return listing;
+}
+
 Action declare_picture(CLI::App& app) {
     const auto options = std::make_shared<Options>();
-    add_image(app, options->image);
+    add_report_options(app, *options);
     app.add_option_function<std::string>(
            "WHAT", [options](const std::string& text) { options->picture = read_what(text); },
            "A map's number, decimal, or \"dawn\" or \"dusk\"")
@@ -63,29 +82,33 @@ Action declare_picture(CLI::App& app) {
     add_drawing(app, options->drawn);
     return [options] {
         const OpenedImage opened(options->image);
-        put_picture(*std::make_unique<MapPainter>(opened.image(), options->drawn), options->picture,
-                    options->out);
+        const auto painter = std::make_unique<MapPainter>(opened.image(), options->drawn);
+        const PictureSize size = put_picture(*painter, options->picture, options->out);
+        if (options->json)
+            print_listing(*options, "picture", "pictures",
+                          list_written({{options->picture, options->out, size}}));
         return fine;
     };
 }
 
-// How many pictures have been written; shown where someone may look.
+// What has been written; shown where someone may look.
 class Progress {
   public:
-    void add(const PictureSize& size) {
+    void add(const Written& written) {
         const std::lock_guard lock(adding_);
-        ++pictures_;
-        pixels_ += size.pixels();
-        put_progress(std::to_string(pictures_) + " of " + std::to_string(picture_count));
+        written_.push_back(written);
+        put_progress(std::to_string(written_.size()) + " of " + std::to_string(picture_count));
     }
-    std::string total() const {
-        return std::to_string(pictures_) + " pictures, " + std::to_string(pixels_) + " pixels\n";
+    // By number, after the last one.
+    const std::vector<Written>& all() {
+        put_progress("");
+        std::ranges::sort(written_, {}, &Written::picture);
+        return written_;
     }
 
   private:
     std::mutex adding_;
-    int pictures_ = 0;
-    std::int64_t pixels_ = 0;
+    std::vector<Written> written_;
 };
 
 // The worlds, which are the largest, first.
@@ -94,14 +117,22 @@ void put_all(const MemoryImage& image, const PictureOptions& drawn, const std::s
     share_out(picture_count, [&] {
         return [&, painter = std::make_shared<MapPainter>(image, drawn)](int index) {
             const int picture = picture_count - 1 - index;
-            progress.add(put_picture(*painter, picture, folder + picture_name(picture) + ".png"));
+            const std::string path = folder + picture_name(picture) + ".png";
+            progress.add({picture, path, put_picture(*painter, picture, path)});
         };
     });
 }
 
+std::string total(const std::vector<Written>& all) {
+    std::int64_t pixels = 0;
+    for (const Written& written : all)
+        pixels += written.size.pixels();
+    return std::to_string(all.size()) + " pictures, " + std::to_string(pixels) + " pixels\n";
+}
+
 Action declare_pictures(CLI::App& app) {
     const auto options = std::make_shared<Options>();
-    add_image(app, options->image);
+    add_report_options(app, *options);
     app.add_option("DIR", options->out, "The folder for the PNG files; made where there is none")
         ->required();
     add_drawing(app, options->drawn);
@@ -109,8 +140,10 @@ Action declare_pictures(CLI::App& app) {
         const OpenedImage opened(options->image);
         Progress progress;
         put_all(opened.image(), options->drawn, make_folder(options->out), progress);
-        put_progress("");
-        put_out(progress.total());
+        if (options->json)
+            print_listing(*options, "pictures", "pictures", list_written(progress.all()));
+        else
+            put_out(total(progress.all()));
         return fine;
     };
 }

@@ -53,6 +53,10 @@ void mark_commands(CheckGround& ground) {
         ground.commands[command.offset].counts = command.sure;
 }
 
+const char* grade_name(Grade grade) {
+    return grade == Grade::fault ? "fault" : "unusual";
+}
+
 auto identity(const Finding& finding) {
     return std::tuple(std::string_view(finding.check), finding.grade,
                       std::string_view(finding.place), std::string_view(finding.why));
@@ -90,6 +94,17 @@ std::vector<Finding> check_image(const ImageReading& reading) {
     return findings;
 }
 
+Listing list_checks() {
+    using enum CellForm;
+    Listing listing{
+        {{"check", "Check", words}, {"grade", "Grade", words}, {"effect", "In the editor", words}},
+        {}};
+    for (const auto subject : subjects)
+        for (const Check& check : subject())
+            listing.rows.push_back({check.name, grade_name(check.grade), check.effect});
+    return listing;
+}
+
 void remove_known(std::vector<Finding>& findings, const std::vector<Finding>& old) {
     std::set<decltype(identity(old[0]))> known;
     for (const Finding& finding : old)
@@ -119,7 +134,7 @@ Listing list_findings(const std::vector<Finding>& findings, std::size_t most) {
             std::vector<const Finding*>& kind = kinds[{finding.check, finding.grade}];
             if (finding.grade != grade || kind.front() != &finding)
                 continue; // the first of a kind stands for all of them
-            const char* name = grade == Grade::fault ? "fault" : "unusual";
+            const char* name = grade_name(grade);
             for (std::size_t i = 0; i < std::min(kind.size(), most); ++i)
                 listing.rows.push_back(
                     {name, kind[i]->check, 1, kind[i]->place, kind[i]->why, kind[i]->effect});

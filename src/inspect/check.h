@@ -20,6 +20,9 @@ struct Finding {
 /// All that is wrong or unusual with an image, by check.
 std::vector<Finding> check_image(const ImageReading& reading);
 
+/// The checks: a row each, with its name, its grade and what its findings do in the editor.
+Listing list_checks();
+
 /// Takes away the findings that an older state of the image had as well.
 void remove_known(std::vector<Finding>& findings, const std::vector<Finding>& old);
 

@@ -4,42 +4,32 @@
 
 namespace veldrune::inspect {
 
-std::vector<Difference> diff_images(const ImageReading& a, const ImageReading& b) {
-    Comparison comparison{a, b};
+void diff_images(const ImageReading& a, const ImageReading& b, const TakeDifference& take) {
     if (a.image.bytes == b.image.bytes)
-        return {};
+        return;
+    Comparison comparison{a, b, take};
     compare_facts(comparison);
     compare_streams(comparison);
     compare_scripts(comparison);
     compare_bytes(comparison);
-    return std::move(comparison.findings);
 }
 
-Listing finding_table(const std::vector<Difference>& findings) {
+std::vector<Column> difference_columns() {
     using enum CellForm;
-    Listing listing{
-        {{"thing", "", words}, {"what", "", words}, {"before", "", words}, {"after", "", words}},
-        {}};
-    const auto value = [](const std::string& text) { return text.empty() ? Cell() : Cell(text); };
-    for (const Difference& finding : findings)
-        listing.rows.push_back(
-            {finding.thing, finding.what, value(finding.before), value(finding.after)});
-    return listing;
+    return {{"thing", "", words}, {"what", "", words}, {"before", "", words}, {"after", "", words}};
 }
 
-Listing finding_lines(const std::vector<Difference>& findings) {
-    Listing listing{{{"line", "", CellForm::words}}, {}};
+std::vector<Cell> difference_row(const Difference& finding) {
+    const auto value = [](const std::string& text) { return text.empty() ? Cell() : Cell(text); };
+    return {finding.thing, finding.what, value(finding.before), value(finding.after)};
+}
+
+std::string difference_line(const Difference& finding) {
     const auto value = [](const std::string& text) { return text.empty() ? "nothing" : text; };
-    for (const Difference& finding : findings) {
-        std::string line = finding.thing + ": " + finding.what;
-        if (!finding.before.empty() || !finding.after.empty())
-            line.append(": ")
-                .append(value(finding.before))
-                .append(" -> ")
-                .append(value(finding.after));
-        listing.rows.push_back({std::move(line)});
-    }
-    return listing;
+    const std::string line = finding.thing + ": " + finding.what;
+    if (finding.before.empty() && finding.after.empty())
+        return line;
+    return line + ": " + value(finding.before) + " -> " + value(finding.after);
 }
 
 } // namespace veldrune::inspect

@@ -61,11 +61,15 @@ class FactComparison {
     explicit FactComparison(Comparison& c) : c_(c) {}
 
     void run() {
-        const std::vector<Fact> a = dump_values(c_.a);
-        const std::vector<Fact> b = dump_values(c_.b);
-        collect(a, b);
-        for (const auto& [place, facts] : changes_)
-            report(place.second, facts);
+        for (int part = 0; part < value_part_count; ++part) {
+            const std::vector<Fact> a = dump_values(c_.a, part);
+            const std::vector<Fact> b = dump_values(c_.b, part);
+            collect(a, b);
+            for (const auto& [place, facts] : changes_)
+                report(place.second, facts);
+            changes_.clear();
+            sections_.clear(); // which points into the part
+        }
     }
 
   private:
@@ -154,7 +158,7 @@ class FactComparison {
 
     Comparison& c_;
     std::unordered_map<std::string_view, std::size_t> sections_; // by their first word
-    Changes changes_;
+    Changes changes_;                                            // of the present part
 };
 
 } // namespace

@@ -16,12 +16,11 @@ namespace veldrune::inspect {
 struct Comparison {
     const ImageReading& a;
     const ImageReading& b;
-    std::vector<Difference> findings{};
+    const TakeDifference& take;
     std::set<std::pair<OwnerKind, std::int64_t>> named{}; // owners that findings speak of
 
     void add(std::string thing, std::string what, std::string before = "", std::string after = "") {
-        findings.push_back(
-            {std::move(thing), std::move(what), std::move(before), std::move(after)});
+        take({std::move(thing), std::move(what), std::move(before), std::move(after)});
     }
     /// Whether any of the bytes differs, or is only in one of the files.
     bool differs(std::int64_t begin, std::int64_t end) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace veldrune::inspect {
@@ -11,5 +12,6 @@ struct Difference {
     std::string before; // its value in the first image, as a dump has it; empty where it has none
     std::string after;  // and in the second
 };
+using TakeDifference = std::function<void(const Difference&)>;
 
 } // namespace veldrune::inspect

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace veldrune::inspect {
 namespace {
@@ -66,28 +67,32 @@ class Dumper {
   public:
     explicit Dumper(const ImageReading& reading) : reading_(reading), image_(reading.image) {}
 
-    void dump_values() {
-        add("image size", std::to_string(image_.size()));
-        for (const EntryTable& table : entry_tables)
-            add_rows(table.key,
-                     image_.at(table.offset, std::int64_t{table.entry_size} * table.count),
-                     table.entry_size, 5);
-        add_items();
-        for (int map = 0; map < map_count; ++map)
-            add_map(map);
-        for (std::size_t i = 0; i < reading_.dialogues.size(); ++i)
-            add_dialogue("dialogue " + padded_number(static_cast<std::int64_t>(i), 4),
-                         reading_.dialogues[i]);
+    void dump_values(int part) {
+        if (part == 0)
+            add_tables();
+        else if (part <= map_count)
+            add_map(part - 1);
+        else
+            add_dialogue(part - 1 - map_count);
     }
-    void dump_streams() {
-        for (const AnyStream& stream : all_streams(reading_))
-            add_stream(stream);
+    void dump_stream(const AnyStream& stream) {
+        add(stream.key + " location", format_hex(stream.packed->offset));
+        add(stream.key + " packed-size", std::to_string(stream.packed->packed_size));
+        add_rows(stream.key + " row", stream.packed->bytes, stream.width, 3);
     }
-    void dump_scripts() {
-        for (const WalkedScript& script : reading_.scripts.scripts)
-            add_script(script);
+    void dump_script(const WalkedScript& script) {
+        const std::string key = "script " + hex_digits(script.offset, 6) + ' ';
+        for (const WalkedCommand& command : reading_.scripts.commands_of(script))
+            add(key + "at " + hex_digits(command.offset, 6),
+                (command.sure ? "" : "perhaps ") +
+                    hex_text(image_.at(command.offset, command.size)));
+        if (script.goes_on_at)
+            add(key + "goes-on-at", format_hex(*script.goes_on_at));
+        else if (!script.length)
+            add(key + "end", "none");
     }
-    std::vector<Fact> facts() { return std::move(facts_); }
+    // Those that have been added since the last time.
+    std::vector<Fact> take_facts() { return std::exchange(facts_, {}); }
 
   private:
     void add(std::string key, std::string value) {
@@ -99,6 +104,15 @@ class Dumper {
         for (std::size_t at = 0; at < bytes.size(); at += row_size)
             add(key + ' ' + padded_number(static_cast<std::int64_t>(at / row_size), digits),
                 hex_text(bytes.subspan(at, std::min(row_size, bytes.size() - at))));
+    }
+
+    void add_tables() {
+        add("image size", std::to_string(image_.size()));
+        for (const EntryTable& table : entry_tables)
+            add_rows(table.key,
+                     image_.at(table.offset, std::int64_t{table.entry_size} * table.count),
+                     table.entry_size, 5);
+        add_items();
     }
 
     // Bytes that are no letters leave no trace in the name.
@@ -146,29 +160,13 @@ class Dumper {
             add(key + "other-bits", hex_text(unshown_bits(object.kind, object.bytes)));
     }
 
-    void add_stream(const AnyStream& stream) {
-        add(stream.key + " location", format_hex(stream.packed->offset));
-        add(stream.key + " packed-size", std::to_string(stream.packed->packed_size));
-        add_rows(stream.key + " row", stream.packed->bytes, stream.width, 3);
-    }
-
-    void add_dialogue(const std::string& key, const DialogueAt& dialogue) {
+    void add_dialogue(int number) {
+        const std::string key = "dialogue " + padded_number(number, 4);
+        const DialogueAt& dialogue = reading_.dialogues[static_cast<std::size_t>(number)];
         add(key + " location", dialogue.offset < 0 ? "none" : format_hex(dialogue.offset));
         add(key + " text", quoted(image_.at(dialogue.offset, dialogue.size - dialogue.whole)));
         if (!dialogue.whole)
             add(key + " end", "none");
-    }
-
-    void add_script(const WalkedScript& script) {
-        const std::string key = "script " + hex_digits(script.offset, 6) + ' ';
-        for (const WalkedCommand& command : reading_.scripts.commands_of(script))
-            add(key + "at " + hex_digits(command.offset, 6),
-                (command.sure ? "" : "perhaps ") +
-                    hex_text(image_.at(command.offset, command.size)));
-        if (script.goes_on_at)
-            add(key + "goes-on-at", format_hex(*script.goes_on_at));
-        else if (!script.length)
-            add(key + "end", "none");
     }
 
     const ImageReading& reading_;
@@ -188,18 +186,25 @@ std::string hex_text(std::span<const std::uint8_t> bytes) {
     return text;
 }
 
-std::vector<Fact> dump_values(const ImageReading& reading) {
+std::vector<Fact> dump_values(const ImageReading& reading, int part) {
     Dumper dumper(reading);
-    dumper.dump_values();
-    return dumper.facts();
+    dumper.dump_values(part);
+    return dumper.take_facts();
 }
 
-std::vector<Fact> dump_image(const ImageReading& reading) {
+void dump_image(const ImageReading& reading,
+                const std::function<void(const std::vector<Fact>&)>& take) {
     Dumper dumper(reading);
-    dumper.dump_values();
-    dumper.dump_streams();
-    dumper.dump_scripts();
-    return dumper.facts();
+    for (int part = 0; part < value_part_count; ++part)
+        take(dump_values(reading, part));
+    for (const AnyStream& stream : all_streams(reading)) {
+        dumper.dump_stream(stream);
+        take(dumper.take_facts());
+    }
+    for (const WalkedScript& script : reading.scripts.scripts) {
+        dumper.dump_script(script);
+        take(dumper.take_facts());
+    }
 }
 
 } // namespace veldrune::inspect

@@ -3,14 +3,13 @@
 #include "cli/json_output.h"
 #include "cli/number_argument.h"
 #include "support/editor_fixture.h"
+#include "support/shell.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sys/wait.h>
 
 namespace veldrune::test {
 namespace {
@@ -31,19 +30,9 @@ struct Program : testing::Test {
         std::ofstream(folder / name, std::ios::binary) << bytes;
     }
     /// Runs a line of the shell in the folder; "inspect" is the program. Errors go to file "err".
-    struct Result {
-        int code;
-        std::string out;
-    };
-    Result run(const std::string& line) const {
-        const std::string command = "cd '" + folder.string() + "' && inspect() { '" +
-                                    VELDRUNE_INSPECT "' \"$@\" 2>>err; } && " + line;
-        FILE* pipe = popen(command.c_str(), "r");
-        std::string out;
-        char block[4096];
-        while (const std::size_t count = fread(block, 1, sizeof block, pipe))
-            out.append(block, count);
-        return {WEXITSTATUS(pclose(pipe)), out};
+    ShellResult run(const std::string& line) const {
+        return run_shell("cd '" + folder.string() +
+                         "' && inspect() { '" VELDRUNE_INSPECT "' \"$@\" 2>>err; } && " + line);
     }
 };
 
@@ -72,6 +61,8 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
         {"inspect pictures a.smc a.smc", 2, ""},
         {"inspect dump a.smc > /dev/full", 2, ""},
         {"inspect --help > /dev/full", 2, ""},
+        {"inspect check --help", 0,
+         "\nstream-overlap    fault    a save of one changes the other\n"},
         {"inspect check a.smc", 0, "Nothing found."},
         {"inspect check a.smc --strict", 1, "map-size"},
         {"inspect check a.smc --strict --against a.smc", 0, "Nothing found."},
@@ -91,7 +82,7 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
     };
     for (const auto& row : rows) {
         fs::remove(folder / "err");
-        const Result result = run(row.line);
+        const ShellResult result = run(row.line);
         EXPECT_EQ(result.code, row.code) << row.line;
         EXPECT_NE(result.out.find(row.out), std::string::npos) << row.line << result.out;
         EXPECT_EQ(fs::is_empty(folder / "err"), row.code == 0 || *row.out != '\0') << row.line;
@@ -110,6 +101,10 @@ TEST_F(Program, PrintsJsonWithThePathAndWholeNumbers) {
     EXPECT_EQ(maps["maps"][0]["location3"], 0x19D3B0);
     const auto nothing = nlohmann::json::parse(run("inspect map --json \xFF.smc 3").out);
     EXPECT_EQ(nothing["image"], "\uEFFF.smc");
+    EXPECT_NE(run("inspect picture --json a.smc dawn \xFF.png")
+                  .out.find("\n{\"picture\":\"world-dawn\",\"file\":\"\uEFFF.png\",\"width\":4096,"
+                            "\"height\":4096}\n"),
+              std::string::npos);
 }
 
 TEST_F(Program, ShowsADifferenceAndDrawsItBeforeAndAfter) {
@@ -118,12 +113,24 @@ TEST_F(Program, ShowsADifferenceAndDrawsItBeforeAndAfter) {
     for (std::size_t i = 0; i < 256; ++i)
         changed[0x12EE00 + i] ^= 1; // the colours that the World of Dawn alone has
     write("b.smc", changed);
-    const Result text = run("inspect diff a.smc b.smc --pictures out");
+    const ShellResult text = run("inspect diff a.smc b.smc --pictures out");
     EXPECT_EQ(text.code, 1);
     EXPECT_NE(text.out.find("\nmap 7: song: "), std::string::npos) << text.out;
     EXPECT_EQ(run("cd out && ls").out, "world-dawn-after.png\nworld-dawn-before.png\n");
     const auto json = nlohmann::json::parse(run("inspect diff --json a.smc b.smc").out);
     EXPECT_EQ(json["findings"].back()["what"], "song");
+}
+
+TEST_F(Program, ShowsInGitWhatHasChanged) {
+    const ShellResult diff = run(
+        "export GIT_CONFIG_GLOBAL=/dev/null && git init -q && git add a.smc && "
+        "git config diff.veldrune.textconv \"'" VELDRUNE_INSPECT "' dump\" && "
+        "echo '*.smc diff=veldrune' > .gitattributes && "
+        "printf '\\001' | dd of=a.smc bs=1 seek=$((0x2D9100 + 33 * 7 + 28)) conv=notrunc 2>err && "
+        "git diff -U0 | grep '^[-+] *map'");
+    EXPECT_EQ(diff.code, 0);
+    EXPECT_TRUE(diff.out.starts_with("-map 007 song ")) << diff.out;
+    EXPECT_NE(diff.out.find("\n+map 007 song 1\n"), std::string::npos) << diff.out;
 }
 
 TEST(Numbers, AreReadInTheStyleOfTheirPlace) {

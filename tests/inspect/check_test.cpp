@@ -1,11 +1,11 @@
 #include "inspect/check.h"
-#include "inspect/dump.h"
 #include "inspect/room.h"
 #include "map/chosen_map.h"
 #include "rom/number_text.h"
 #include "saving/expand.h"
 #include "saving/save_layers.h"
 #include "support/editor_fixture.h"
+#include "support/image_reports.h"
 
 #include <gtest/gtest.h>
 
@@ -295,7 +295,7 @@ TEST(Room, TakesASaveThatChangesNothingElse) {
         const auto facts = [&] {
             const MemoryImage image{"a.smc", editor.image()};
             std::vector<std::string> lines;
-            for (const Fact& fact : dump_image(read_whole(image)))
+            for (const Fact& fact : test::facts_of(read_whole(image)))
                 lines.push_back(fact.key + fact.value);
             return lines;
         };

@@ -3,12 +3,12 @@
 #include "editor/object_window.h"
 #include "editor/save.h"
 #include "editor/world_map.h"
-#include "inspect/diff.h"
 #include "inspect/field_names.h"
 #include "inspect/ownership.h"
 #include "inspect/share_out.h"
 #include "rom/number_field.h"
 #include "support/editor_fixture.h"
+#include "support/image_reports.h"
 #include "support/object_image.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,8 @@ bool names(const Difference& finding, const Named& named) {
         return finding.thing.starts_with("script ") && finding.what.starts_with("row at ");
     const std::string_view rest =
         std::string_view(finding.thing).substr(std::min(named.thing.size(), finding.thing.size()));
-    return finding.thing.starts_with(named.thing) && (rest.empty() || rest[0] == ',') &&
+    return finding.thing.starts_with(named.thing) &&
+           (rest.empty() || rest[0] == ',' || named.thing.back() == ' ') &&
            finding.what.starts_with(named.what);
 }
 
@@ -52,6 +53,15 @@ std::string thing_of(const OwnedRange& range) {
         return "formation-set " + std::to_string(range.number);
     case OwnerKind::world_map:
         return range.number == 0 ? "world dawn map" : "world dusk map";
+    case OwnerKind::npcs:
+    case OwnerKind::chests:
+    case OwnerKind::triggers:
+    case OwnerKind::entrances:
+    case OwnerKind::long_entrances: { // objects are named one by one
+        const auto kind = static_cast<int>(range.kind) - static_cast<int>(OwnerKind::npcs);
+        return "map " + std::to_string(range.number) + ' ' +
+               kind_name(static_cast<ObjectKind>(kind)) + ' ';
+    }
     default:
         return owner_name(range);
     }
@@ -191,22 +201,21 @@ void expect_named(Edit edit, unsigned seed) {
     Editor editor;
     const std::vector<Named> edits = edit(editor, random);
     const MemoryImage after{"b.smc", editor.image()};
-    const std::vector<Difference> findings = diff_images(demo_reading(), read_whole(after));
+    const std::vector<Difference> findings =
+        test::differences_of(demo_reading(), read_whole(after));
     std::vector<Named> owners;
     for (const std::string& owner : changed_owners(after.bytes))
         owners.push_back({owner, ""});
     std::string all = "\n";
-    for (const auto& line : finding_lines(findings).rows)
-        all += line[0].text.substr(0, 200) + '\n';
+    for (const Difference& finding : findings)
+        all += difference_line(finding).substr(0, 200) + '\n';
     const auto is_found = [&](const Named& named) {
         return std::ranges::any_of(findings, [&](auto& finding) { return names(finding, named); });
     };
     for (const Named& named : edits)
         EXPECT_TRUE(is_found(named)) << seed << ' ' << named.thing << ": " << named.what << all;
-    for (const Named& owner : owners) // objects and scripts are named one by one
-        EXPECT_TRUE(owner.thing.find(" of map ") != std::string::npos ||
-                    owner.thing.starts_with("script") || is_found(owner))
-            << seed << ' ' << owner.thing << all;
+    for (const Named& owner : owners)
+        EXPECT_TRUE(is_found(owner)) << seed << ' ' << owner.thing << all;
     for (const Difference& finding : findings) {
         const auto is_named = [&](const Named& named) { return names(finding, named); };
         EXPECT_TRUE(std::ranges::any_of(edits, is_named) || std::ranges::any_of(owners, is_named))
@@ -256,7 +265,7 @@ TEST(Diff, ComparesScriptsRowByRow) {
     for (const auto& row : rows) {
         const MemoryImage before = with_script(row.before), after = with_script(row.after);
         std::string lines;
-        for (const Difference& f : diff_images(read_whole(before), read_whole(after)))
+        for (const Difference& f : test::differences_of(read_whole(before), read_whole(after)))
             if (f.thing == "script A1200")
                 lines += f.what.substr(7) + ' ' + (f.before.empty() ? "nothing" : f.before) +
                          " -> " + (f.after.empty() ? "nothing" : f.after) + "; ";
