@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing and runs every check: layers, formatting, unit tests, window tests,
 # the same tests under the address and undefined-behaviour sanitizers, and with --tidy static analysis.
-# Usage: ./test.sh [--tidy]
+# Usage: ./test.sh [--no-install] [--tidy]
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh
