@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
 # Builds the editor and starts it on an image, or on a freshly made demo image where none is named.
 # Where there is no display, the main window is drawn into a PNG instead.
-# Usage: ./run.sh [IMAGE]
+# Usage: ./run.sh [--no-install] [IMAGE]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 source "$here/tools/setup.sh"
 
-need "${build_packages[@]}"
+need "${program_packages[@]}" fonts-dejavu-core
 build=$here/build/release
-(cd "$here" && cmake --preset release >/dev/null && cmake --build --preset release)
+(cd "$here" && cmake --preset release >/dev/null &&
+    cmake --build --preset release --target veldrune make_demo_image make_screenshots)
 
 image=${1:-}
 if [ -z "$image" ]; then

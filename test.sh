@@ -1,26 +1,53 @@
 #!/usr/bin/env bash
-# Installs what is missing and runs every check: layers, formatting, unit tests, window tests,
-# the same tests under the address and undefined-behaviour sanitizers, and with --tidy static analysis.
-# Usage: ./test.sh [--tidy]
+# Installs what is missing, after saying what, and runs every check, or only the stages that are named:
+#   style     the layers of the includes, the formatting
+#   release   all tests, built by GCC
+#   clang     all tests, built by Clang
+#   sanitize  all tests under the address and undefined-behaviour sanitizers
+#   tidy      static analysis, after the stage clang
+#   package   Debian's package, installed, tried and purged
+# Usage: ./test.sh [--no-install] [STAGE ...]
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/setup.sh
 
-need "${build_packages[@]}" clang-format git
-tools/check_layers
 sources=(bench demo fuzz src tests tools)
-find "${sources[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
 
-for preset in release sanitize; do
-    echo "== $preset =="
-    cmake --preset "$preset" >/dev/null
-    cmake --build --preset "$preset"
-    QT_QPA_PLATFORM=offscreen ctest --test-dir "build/$preset" -j "$(nproc)" --output-on-failure
+stage_style() {
+    need clang-format
+    tools/check_layers
+    find "${sources[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
+}
+
+build_and_test() {
+    need "${build_packages[@]}" "${@:2}"
+    cmake --preset "$1" >/dev/null
+    cmake --build --preset "$1"
+    ctest --preset "$1" -j "$(nproc)"
+}
+
+stage_release() { build_and_test release; }
+stage_clang() { build_and_test clang clang; }
+stage_sanitize() { build_and_test sanitize; }
+
+stage_tidy() {
+    need clang-tidy
+    # What it counts of warnings in the system's headers is left out.
+    find "${sources[@]}" -name '*.cpp' |
+        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/clang 2>/dev/null
+}
+
+stage_package() {
+    tools/debian/make_package
+    build/release/bin/make_demo_image build/demo.smc >/dev/null
+    as_root tools/debian/try_package build/package/veldrune_*.deb build/demo.smc
+}
+
+stages=("$@")
+[ $# -gt 0 ] || stages=(style release clang sanitize tidy package)
+for stage in "${stages[@]}"; do
+    echo "== $stage =="
+    started=$SECONDS
+    "stage_$stage"
+    echo "== $stage: $((SECONDS - started)) s =="
 done
-
-[ "${1:-}" = --tidy ] || exit 0
-echo "== clang-tidy =="
-need clang-tidy
-# What it counts of warnings in the system's headers is left out.
-find "${sources[@]}" -name '*.cpp' |
-    xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/release 2>/dev/null

@@ -1,19 +1,36 @@
-# Installs what is missing of the packages named by the caller. Sourced by run.sh and test.sh.
+# Installs what is missing of the packages named by the caller. Sourced by the scripts that build; takes
+# --no-install out of their arguments, which then build with what is there.
+
+may_install=yes
+command -v apt-get >/dev/null || may_install=no
+arguments=()
+for argument in "$@"; do
+    if [ "$argument" = --no-install ]; then
+        may_install=no
+    else
+        arguments+=("$argument")
+    fi
+done
+set -- "${arguments[@]}"
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
 
 need() {
+    [ "$may_install" = yes ] || return 0
     local missing=() package
     for package in "$@"; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
             missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return
-    echo "Installing ${missing[*]} ..."
-    local as_root=()
-    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-    "${as_root[@]}" apt-get update -qq
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    echo "About to install with apt: ${missing[*]}"
+    echo "(--no-install builds with what is there.)"
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libgl-dev libgtest-dev fonts-dejavu-core
-    libcli11-dev nlohmann-json3-dev libpng-dev)
+program_packages=(g++ cmake ninja-build qt6-base-dev libgl-dev libcli11-dev nlohmann-json3-dev libpng-dev)
+build_packages=("${program_packages[@]}" libgtest-dev fonts-dejavu-core git)

@@ -54,7 +54,7 @@ bool answer_command_line(int& argc, char** argv) {
     Parser parser;
     parser.parse(QCoreApplication::arguments());
     if (parser.isSet(parser.version))
-        std::puts("Veldrune Map Editor 1.00");
+        std::puts("Veldrune Map Editor " VELDRUNE_VERSION);
     else if (parser.isSet(parser.help))
         std::fputs(qPrintable(parser.helpText()), stdout);
     return parser.isSet(parser.version) || parser.isSet(parser.help);

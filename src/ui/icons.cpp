@@ -84,59 +84,34 @@ constexpr Drawing drawings[] = {
         "...xx..xx...",
         "...xx..xx..."},
 };
-constexpr Drawing window_drawing = {
-    "gggggggggggg",
-    "ggrrrrgggggg",
-    "grrrrrrggtgg",
-    "rrrrrrrrtttg",
-    "gwwwwwwgtttg",
-    "gwbwwbwggnbg",
-    "gwwwwwwggngg",
-    "gwwnnwwggggg",
-    "gggppgggbbbb",
-    "ggppggggbwbb",
-    "gpppppppbbbb",
-    "gpppppppbbwb"};
 // clang-format on
-
-struct Paint {
-    char letter;
-    QColor colour;
-};
-
-QIcon drawn(const Drawing& drawing, std::initializer_list<Paint> paints) {
-    QImage image(side, side, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            for (const Paint& paint : paints)
-                if (drawing[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] ==
-                    paint.letter)
-                    image.setPixelColor(x, y, paint.colour);
-    QIcon icon;
-    for (const int factor : {1, 2, 4})
-        icon.addPixmap(QPixmap::fromImage(image.scaled(side * factor, side * factor)));
-    return icon;
-}
 
 } // namespace
 
 QIcon tool_icon(Icon icon, const QPalette& colours) {
     if (icon == Icon::none)
         return {};
-    return drawn(
-        drawings[static_cast<std::size_t>(icon) - 1],
-        {{'x', colours.color(QPalette::ButtonText)}, {'o', colours.color(QPalette::Highlight)}});
+    const Drawing& drawing = drawings[static_cast<std::size_t>(icon) - 1];
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x) {
+            const char pixel = drawing[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
+            if (pixel != '.')
+                image.setPixelColor(
+                    x, y, colours.color(pixel == 'x' ? QPalette::ButtonText : QPalette::Highlight));
+        }
+    QIcon drawn;
+    for (const int factor : {1, 2, 4})
+        drawn.addPixmap(QPixmap::fromImage(image.scaled(side * factor, side * factor)));
+    return drawn;
 }
 
 QIcon window_icon() {
-    return drawn(window_drawing, {{'g', QColor(0x58A848)},
-                                  {'r', QColor(0xB84030)},
-                                  {'t', QColor(0x286830)},
-                                  {'w', QColor(0xF0E8D0)},
-                                  {'n', QColor(0x704828)},
-                                  {'p', QColor(0xD8B878)},
-                                  {'b', QColor(0x4878C8)}});
+    QIcon icon;
+    for (const int width : {16, 32, 48, 256})
+        icon.addFile(QString(":/veldrune-%1.png").arg(width));
+    return icon;
 }
 
 } // namespace veldrune

@@ -43,6 +43,7 @@ int main(int argc, char** argv) {
     // Painting needs every position of the mouse: events must not be merged.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(VELDRUNE_APP_ID);
     const std::optional<CommandLine> named = read_command_line(QCoreApplication::arguments());
     if (!named)
         return wrong_arguments;

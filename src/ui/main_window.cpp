@@ -64,7 +64,7 @@ MainWindow::MainWindow(EditorState& state, EditGate& gate)
     : state_(state), gate_(gate), bindings_(gate.gate(*this)), controls_{state, bindings_},
       picture_(new MapPicture(state, bindings_)), status_(new StatusLine(state)) {
     setObjectName("Form1");
-    setWindowTitle("Veldrune Map Editor 1.00");
+    setWindowTitle("Veldrune Map Editor " VELDRUNE_VERSION);
     setWindowIcon(window_icon());
     setAcceptDrops(true);
     build_menus(*this, menu_rows, state, bindings_);
