@@ -4,7 +4,8 @@ namespace veldrune::cli {
 namespace {
 
 // In the order of --help.
-constexpr CommandGroup (*groups[])() = {map_commands, dump_commands, diff_commands, check_commands,
+constexpr CommandGroup (*groups[])() = {map_commands,    text_commands, uses_commands,
+                                        dump_commands,   diff_commands, check_commands,
                                         picture_commands};
 
 constexpr char notes[] =

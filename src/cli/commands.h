@@ -12,6 +12,8 @@ CommandGroup dump_commands();    // dump
 CommandGroup picture_commands(); // picture, pictures
 CommandGroup diff_commands();    // diff
 CommandGroup check_commands();   // check, room
+CommandGroup uses_commands();    // uses, tiles
+CommandGroup text_commands();    // objects, scripts, script, dialogue
 
 /// A command of the parser's tree, and what it does.
 struct DeclaredCommand {

@@ -3,6 +3,7 @@
 #include "rom/number_text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace veldrune::cli {
@@ -10,6 +11,30 @@ namespace {
 
 using namespace inspect;
 using Line = std::vector<std::string>;
+
+// Long lists are broken into lines.
+std::string shown_text(const Cell& cell, CellForm form) {
+    constexpr std::size_t width = 40;
+    std::string text = cell_text(cell, form);
+    for (std::size_t line = 0;
+         cell.kind == Cell::numbers && cell.text.empty() && text.size() - line > width;) {
+        const std::size_t blank = text.rfind(' ', line + width);
+        if (blank == std::string::npos || blank < line)
+            break;
+        text[blank] = '\r';
+        line = blank + 1;
+    }
+    return text;
+}
+
+// Takes the first line off a text. "\r\n" and "\r" end one.
+std::string take_line(std::string& text) {
+    const std::size_t end = std::min(text.find('\r'), text.size());
+    const std::size_t next = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+    std::string line = text.substr(0, end);
+    text.erase(0, next);
+    return line;
+}
 
 std::vector<Line> lines_of(const Listing& listing) {
     std::vector<Line> lines;
@@ -20,9 +45,13 @@ std::vector<Line> lines_of(const Listing& listing) {
             lines.back().emplace_back(column.heading);
     }
     for (const std::vector<Cell>& row : listing.rows) {
-        lines.emplace_back();
+        std::vector<std::string> rest; // of the cells, after the lines so far
         for (std::size_t i = 0; i < row.size(); ++i)
-            lines.back().push_back(cell_text(row[i], listing.columns[i].form));
+            rest.push_back(shown_text(row[i], listing.columns[i].form));
+        do {
+            lines.emplace_back();
+            std::ranges::transform(rest, std::back_inserter(lines.back()), take_line);
+        } while (!std::ranges::all_of(rest, &std::string::empty));
     }
     return lines;
 }

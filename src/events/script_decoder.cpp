@@ -1,6 +1,7 @@
 #include "events/script_decoder.h"
 
 #include "dialogue/dialogue_text.h"
+#include "events/row_bytes.h"
 #include "events/script_reader.h"
 #include "rom/number_text.h"
 #include "rom/patch_marks.h"
@@ -40,14 +41,17 @@ class Decoder {
             const auto size = static_cast<std::size_t>(command_.size);
             if (size > rest.size()) // cut: it is no command
                 break;
-            for (const ScriptItem& item : command_.items)
+            for (const ScriptItem& item : command_.items) {
                 add_item(rest.subspan(static_cast<std::size_t>(item.at)), item);
+                rows_.push_back({static_cast<int>(index) + item.at, item.size});
+            }
             index += size;
             if (rest[0] == return_command)
                 return {index, true};
         }
         return {bytes_.size(), false};
     }
+    std::vector<RowBytes> rows() { return std::move(rows_); }
 
   private:
     struct ShownDialogue {
@@ -128,17 +132,30 @@ class Decoder {
     std::map<int, ShownDialogue> dialogues_;
     ScriptContext context_;
     CommandItems command_; // the present one
+    std::vector<RowBytes> rows_;
 };
 
 // Lays bytes out in the grid as the script that they begin with.
 Decoder::Decoded decode_script(const RomImage& rom, bool dialogue_patched,
-                               std::span<const std::uint8_t> bytes, ScriptGrid& grid) {
+                               std::span<const std::uint8_t> bytes, ScriptGrid& grid,
+                               std::vector<RowBytes>& rows) {
     grid = empty_script_grid();
     grid.pop_back();
     grid.reserve(bytes.size() + 2); // about a row a byte
-    const Decoder::Decoded script = Decoder(rom, dialogue_patched, bytes, grid).decode();
+    Decoder decoder(rom, dialogue_patched, bytes, grid);
+    const Decoder::Decoded script = decoder.decode();
+    rows = decoder.rows();
     grid.push_back(blank_script_row());
     return script;
+}
+
+LoadedScript load_rows(const RomImage& rom, std::int64_t offset, bool dialogue_patched,
+                       ScriptGrid& grid, std::vector<RowBytes>& rows) {
+    std::array<std::uint8_t, max_script_bytes> bytes;
+    const std::size_t count = rom.read(offset, bytes);
+    const Decoder::Decoded script =
+        decode_script(rom, dialogue_patched, std::span(bytes).first(count), grid, rows);
+    return {offset, {bytes.data(), bytes.data() + script.length}, script.whole};
 }
 
 // The cell of a 0xB6 and how many offsets it holds.
@@ -164,11 +181,15 @@ std::vector<OptionList> option_lists(const ScriptGrid& grid) {
 
 LoadedScript load_script(const RomImage& rom, std::int64_t offset, bool dialogue_patched,
                          ScriptGrid& grid) {
-    std::array<std::uint8_t, max_script_bytes> bytes;
-    const std::size_t count = rom.read(offset, bytes);
-    const Decoder::Decoded script =
-        decode_script(rom, dialogue_patched, std::span(bytes).first(count), grid);
-    return {offset, {bytes.data(), bytes.data() + script.length}, script.whole};
+    std::vector<RowBytes> rows;
+    return load_rows(rom, offset, dialogue_patched, grid, rows);
+}
+
+std::vector<RowBytes> lay_out_script(const RomImage& rom, std::int64_t offset,
+                                     bool dialogue_patched, ScriptGrid& grid) {
+    std::vector<RowBytes> rows;
+    load_rows(rom, offset, dialogue_patched, grid, rows);
+    return rows;
 }
 
 // Before the first list that differs the bytes hold the same commands as the grid: its partner is
@@ -180,7 +201,8 @@ std::optional<int> row_of_misread_list(const RomImage& rom, std::span<const std:
         return std::nullopt;
     const ReadWatch reads(rom);
     ScriptGrid loaded;
-    decode_script(rom, has_dialogue_patch(rom), bytes, loaded);
+    std::vector<RowBytes> rows;
+    decode_script(rom, has_dialogue_patch(rom), bytes, loaded, rows);
     const std::vector<OptionList> read = option_lists(loaded);
     const auto first =
         std::ranges::mismatch(held, read, {}, &OptionList::offsets, &OptionList::offsets).in1;

@@ -75,11 +75,6 @@ std::string CheckGround::command_place(std::int64_t offset) const {
     return "script " + format_hex(commands.at(offset).script) + " at " + format_hex(offset);
 }
 
-std::string object_place(const ObjectAt& object) {
-    return "map " + std::to_string(object.map) + ' ' + kind_name(object.kind) + ' ' +
-           std::to_string(object.index);
-}
-
 std::vector<Finding> check_image(const ImageReading& reading) {
     const CheckGround ground(reading);
     std::vector<Finding> findings;

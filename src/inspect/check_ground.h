@@ -67,15 +67,9 @@ std::span<const Check> value_checks();
 /// Whether the image is marked as patched, and the patch's table of dialogues is not there.
 bool patch_table_is_missing(const ImageReading& reading);
 
-/// Whether a command loads the map of its first value, at the place of the two after it.
-bool loads_map(std::uint8_t code);
-
 /// Why a place lies beyond the largest layer of a map, or an empty text. The worlds have room for
 /// any; so has a number that is no map's.
 std::string beyond_map(const ImageReading& reading, std::int64_t map, std::int64_t column,
                        std::int64_t row);
-
-/// "map 12 npc 3"
-std::string object_place(const ObjectAt& object);
 
 } // namespace veldrune::inspect

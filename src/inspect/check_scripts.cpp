@@ -1,4 +1,5 @@
 #include "inspect/check_ground.h"
+#include "inspect/field_names.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -131,10 +132,6 @@ constexpr Check checks[] = {
 
 std::span<const Check> script_checks() {
     return checks;
-}
-
-bool loads_map(std::uint8_t code) {
-    return code == 0x6A || code == 0x6B;
 }
 
 } // namespace veldrune::inspect

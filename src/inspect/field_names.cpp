@@ -88,6 +88,11 @@ const char* kind_name(ObjectKind kind) {
     return names[static_cast<std::size_t>(kind)];
 }
 
+std::string object_place(const ObjectAt& object) {
+    return "map " + std::to_string(object.map) + ' ' + kind_name(object.kind) + ' ' +
+           std::to_string(object.index);
+}
+
 Cell record_cell(const MapProperties& record, RecordField field) {
     const std::int64_t value = record_value(record, field);
     const NumberForm form = form_of(record_row(field));

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "inspect/listing.h"
-#include "map/map_properties.h"
-#include "objects/object_record.h"
+#include "inspect/reading.h"
 
 namespace veldrune::inspect {
 
@@ -12,6 +11,9 @@ const char* field_name(ObjectField field);
 
 /// "npc", "chest", "trigger", "entrance" or "long-entrance".
 const char* kind_name(ObjectKind kind);
+
+/// "map 12 npc 3"
+std::string object_place(const ObjectAt& object);
 
 /// A value of a record: a size in tiles, layer data by its number; hexadecimal where the window
 /// shows it so.

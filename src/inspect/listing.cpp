@@ -14,6 +14,8 @@ std::string cell_text(const Cell& cell, CellForm form) {
     case Cell::hex_number:
         return format_hex(cell.value);
     case Cell::numbers: {
+        if (!cell.text.empty())
+            return cell.text;
         std::string text;
         for (const std::int64_t value : cell.values)
             (text += text.empty() ? "" : form == CellForm::size ? "x" : " ") += number(value);

@@ -40,7 +40,9 @@ struct Cell {
     Cell(HexNumber hex) : kind(hex_number), value(hex.value) {}
     Cell(std::string the_words) : kind(words), text(std::move(the_words)) {}
     Cell(const char* the_words) : kind(words), text(the_words) {}
-    Cell(std::vector<std::int64_t> all) : kind(numbers), values(std::move(all)) {}
+    /// Text shows the numbers one after the other, or these words in their place.
+    Cell(std::vector<std::int64_t> all, std::string shown = {})
+        : kind(numbers), text(std::move(shown)), values(std::move(all)) {}
 };
 
 /// A cell as text shows it in a column of this form.

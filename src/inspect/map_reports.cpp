@@ -1,9 +1,12 @@
 #include "inspect/map_reports.h"
 
 #include "inspect/field_names.h"
+#include "inspect/script_ways.h"
 #include "map/chosen_map.h"
+#include "rom/number_text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace veldrune::inspect {
 namespace {
@@ -63,6 +66,7 @@ class MapRows {
             add(std::string(kind_name(kind)) + " count", reading_.objects_of(map_, kind).size());
         for (const ObjectAt& object : reading_.objects)
             add_way(object);
+        add_script_ways();
         return std::move(listing_);
     }
 
@@ -110,6 +114,46 @@ class MapRows {
         else if (target == map_)
             listing_.rows.push_back(
                 {"from: " + name + std::to_string(object.index), object.map, place, goal});
+    }
+
+    // The commands by which an object of this map leads out, and those that lead here.
+    void add_script_ways() {
+        const ScriptWays ways(reading_);
+        ScriptWays::Commands loads;
+        std::vector<ScriptWays::Commands> loads_here; // each alone
+        for (const WalkedCommand& command : reading_.scripts.commands)
+            if (loads_map(command.code)) {
+                loads.push_back(command.offset);
+                if (read_load(command).items[1].value == static_cast<std::uint32_t>(map_))
+                    loads_here.push_back({command.offset});
+            }
+        for (const std::int64_t offset : ways.met_from(map_, loads))
+            add_load(ways, offset, "exit: ", std::nullopt);
+        std::vector<MapSet> maps(loads_here.size());
+        ways.visit_objects(loads_here, [&](std::size_t load, const ObjectAt& object) {
+            maps[load].set(static_cast<std::size_t>(object.map));
+        });
+        for (std::size_t i = 0; i < maps.size(); ++i)
+            add_load(ways, loads_here[i].front(), "from: ", map_numbers(maps[i]));
+    }
+
+    CommandItems read_load(const WalkedCommand& command) const {
+        CommandItems items;
+        read_items(reading_.image, command, items);
+        return items;
+    }
+
+    // maps are those that it leads from; of an exit it is the target that is shown.
+    void add_load(const ScriptWays& ways, std::int64_t offset, std::string what,
+                  std::optional<std::vector<std::int64_t>> maps) {
+        const WalkedCommand& command = *ways.command_at(offset);
+        const std::vector<ScriptItem> items = read_load(command).items;
+        what.append(command.sure ? "" : "perhaps ").append("script ");
+        what.append(format_hex(ways.script_of(offset))).append(" at ").append(format_hex(offset));
+        listing_.rows.push_back({what,
+                                 maps ? Cell(*maps) : Cell(items[1].value),
+                                 {},
+                                 std::vector<std::int64_t>{items[2].value, items[3].value}});
     }
 
     const ImageReading& reading_;

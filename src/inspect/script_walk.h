@@ -74,6 +74,11 @@ ScriptWalk walk_scripts(const MemoryImage& image, bool dialogue_patched,
 /// 10001 bytes and the file.
 bool is_surely_endless(const MemoryImage& image, bool dialogue_patched, std::int64_t offset);
 
+/// Whether a command loads the map of its first value, at the place of the two after it.
+constexpr bool loads_map(std::uint8_t code) {
+    return code == 0x6A || code == 0x6B;
+}
+
 /// The values of a walked command.
 void read_items(const MemoryImage& image, const WalkedCommand& command, CommandItems& items);
 

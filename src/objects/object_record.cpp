@@ -187,7 +187,7 @@ std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& rec
     const FieldRow* row = row_of(kind, field);
     if (row == nullptr)
         return std::nullopt;
-    return std::int64_t{read_bits(record, row->bits)} + (field == event ? row->base : 0);
+    return std::int64_t{read_bits(record, row->bits)} + row->base;
 }
 
 std::string object_text(ObjectKind kind, const ObjectBytes& record, ObjectField field) {

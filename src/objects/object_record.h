@@ -72,8 +72,8 @@ enum class ObjectField {
     width, // of a long entrance: tiles beyond the first, bit 7: down the column
     count,
 };
-/// A value of a record as the image holds it; of an event, the file offset of the script. Nothing
-/// where the kind has no such field.
+/// A value of a record: of an event the file offset of the script, of an NPC's flag 8 * byte + bit,
+/// else as the image holds it. Nothing where the kind has no such field.
 std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& record,
                                          ObjectField field);
 /// The same as the object window shows it; what it has in a list or a box, as a decimal number.

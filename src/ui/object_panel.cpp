@@ -2,6 +2,7 @@
 
 #include "editor/object_status.h"
 #include "editor/object_window.h"
+#include "forms/object_names.h"
 #include "ui/emphasis.h"
 #include "ui/focused_wheel.h"
 #include "ui/pixel_picture.h"
@@ -29,8 +30,6 @@ constexpr int chest_tab = 1;
 constexpr int contents_length = 16; // characters of a line of a chest's contents
 
 constexpr const char* widest_number = "0000000000";
-constexpr const char* vehicle_names[] = {"None", "Runbird", "Gearcore Armor", "Raft"};
-constexpr const char* speed_names[] = {"Slowest", "Slow", "Fast", "Fastest"};
 constexpr int movement_count = 16; // Combo4 lists the numbers, decimal
 
 // A control on one tab: its caption, null where the control is hidden, and its meaning for the tool
@@ -121,11 +120,11 @@ constexpr ButtonRow box_rows[] = {
 };
 
 constexpr ButtonRow option_rows[] = {
-    {"Option1", nullptr, {{}, {"Empty",            "There is nothing in the chest."}}},
-    {"Option2", nullptr, {{}, {"Unknown",          "Bit 4 of the chest's byte 3."}}},
-    {"Option3", nullptr, {{}, {"Monster in a Box", "Whoever opens the chest has to fight."}}},
-    {"Option4", nullptr, {{}, {"Item",             "The contents are an item."}}},
-    {"Option5", nullptr, {{}, {"GP",               "The contents are money."}}},
+    {"Option1", nullptr, {{}, {contents_kind_names[0], "There is nothing in the chest."}}},
+    {"Option2", nullptr, {{}, {contents_kind_names[1], "Bit 4 of the chest's byte 3."}}},
+    {"Option3", nullptr, {{}, {contents_kind_names[2], "Whoever opens the chest has to fight."}}},
+    {"Option4", nullptr, {{}, {contents_kind_names[3], "The contents are an item."}}},
+    {"Option5", nullptr, {{}, {contents_kind_names[4], "The contents are money."}}},
 };
 constexpr Tabs preview_tabs = {{"Sprite", "The sprite, six times its size."}};
 // clang-format on
@@ -240,7 +239,7 @@ void add_field(const Panel& panel, const FieldRow& row) {
 
 // The lines of Combo2: the directions for an NPC, the items for a chest; none without a record.
 const std::vector<std::string>& facing_or_contents(const Form10& form) {
-    static const std::vector<std::string> facings = {"Up", "Right", "Down", "Left"};
+    static const std::vector<std::string> facings(std::begin(facing_names), std::end(facing_names));
     return form.TabStrip1 == npc_tab && form.fields_enabled ? facings : form.Combo2_lines;
 }
 
