@@ -124,9 +124,9 @@ QIcon drawn(const Drawing& drawing, std::initializer_list<Paint> paints) {
 QIcon tool_icon(Icon icon, const QPalette& colours) {
     if (icon == Icon::none)
         return {};
-    return drawn(
-        drawings[static_cast<std::size_t>(icon) - 1],
-        {{'x', colours.color(QPalette::ButtonText)}, {'o', colours.color(QPalette::Highlight)}});
+    return drawn(drawings[static_cast<std::size_t>(icon) - 1],
+                 {{'x', colours.color(QPalette::Active, QPalette::ButtonText)},
+                  {'o', colours.color(QPalette::Active, QPalette::Highlight)}});
 }
 
 QIcon window_icon() {
