@@ -183,6 +183,7 @@ bool take_objects(const QString& image, const QString& folder) {
         std::fputs("no object shows in the town\n", stderr);
         return false;
     }
+    window->resize(window->sizeHint()); // whatever the screen
     auto& tabs = *window->findChild<QTabBar*>();
     bool written = true;
     for (int tab = 0; tab < object_tab_count; ++tab) {

@@ -71,7 +71,7 @@ class OpenEventEditor {
     QWidget* window_ = nullptr;
 };
 
-// The main window with the demo's town, the pencil on layer 1.
+// The main window with the demo's town, the pencil on layer 1, and the tile chooser if wanted.
 class OpenMap {
   public:
     OpenMap() {
@@ -79,31 +79,64 @@ class OpenMap {
         windows_.main_window().open_file("a.smc");
         const test::WindowDriver user(windows_.main_window());
         user.show();
+        windows_.main_window().resize(windows_.main_window().sizeHint()); // all of it is in view
         user.choose_map(demo::demo_map::town);
         user.click("Command3");
         picture_ = &user.find("Picture1");
-        wait();
+        wait(windows_.main_window());
     }
     // A move of the mouse to the next place, and all drawing that follows.
     void move(Qt::MouseButtons held, QPoint by) {
         at_ = {(at_.x() + by.x()) % 500, (at_.y() + by.y()) % 500};
         test::WindowDriver::move(*picture_, test::WindowDriver::on_picture(at_), held);
-        wait();
+        wait(windows_.main_window());
     }
     void press() {
         QTest::mousePress(picture_, Qt::LeftButton, {}, test::WindowDriver::on_picture(at_));
-        wait();
+        wait(windows_.main_window());
+    }
+    void scroll() {
+        auto& bar = test::WindowDriver(windows_.main_window()).find<QScrollBar>("HScroll1");
+        bar.setValue((bar.value() + 1) % bar.maximum());
+        wait(windows_.main_window());
+    }
+    // Another digit in the place of the former one.
+    void type() {
+        QWidget& field = test::WindowDriver(windows_.main_window()).find("Text13");
+        QTest::keyClick(&field, Qt::Key_Backspace);
+        QTest::keyClick(&field, digit_ = digit_ == '3' ? '5' : '3');
+        wait(windows_.main_window());
+    }
+    void choose_tile() {
+        test::WindowDriver(windows_.main_window()).click("Command1");
+        chooser_ = test::visible_window("Form8");
+        test::WindowDriver(*chooser_).activate();
+        wait(*chooser_);
+    }
+    // The cursor of the chooser, there and back.
+    void step() {
+        key_ = key_ == Qt::Key_Right ? Qt::Key_Left : Qt::Key_Right;
+        QTest::keyClick(&test::WindowDriver(*chooser_).find("Picture1"), key_);
+        wait(*chooser_);
     }
 
   private:
-    static void wait() { QCoreApplication::processEvents(); }
+    // A window draws what has changed when it is asked to, at the latest some milliseconds later.
+    static void wait(QWidget& window) {
+        QCoreApplication::processEvents();
+        QEvent draw(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(&window, &draw);
+    }
 
     test::MemoryDisk disk_;
     QtDialogs dialogs_;
     std::unique_ptr<EditorState> state_ = std::make_unique<EditorState>(disk_, dialogs_);
     Windows windows_{*state_, dialogs_};
     QWidget* picture_ = nullptr;
+    QWidget* chooser_ = nullptr;
     QPoint at_{8, 8};
+    char digit_ = '3';
+    Qt::Key key_ = Qt::Key_Left;
 };
 
 // The application lives as long as the figures are measured.
@@ -199,16 +232,27 @@ void add_window_figures(Figures& figures) {
                            [](OpenMap& map) {
                                map.move({}, {0, 0});
                            }));
-    add("move the mouse to another cell", {},
-        in_window<OpenMap>([](OpenMap&) {},
-                           [](OpenMap& map) {
-                               map.move({}, {37, 21});
-                           }));
-    add("paint a cell, from the move to the drawn window", {Goal::worst_milliseconds, 16},
-        in_window<OpenMap>([](OpenMap& map) { map.press(); },
-                           [](OpenMap& map) {
-                               map.move(Qt::LeftButton, {37, 21});
-                           }));
+    const auto within_a_frame = [&](const char* name, const std::function<void(OpenMap&)>& prepare,
+                                    const std::function<void(OpenMap&)>& step) {
+        add(name, {Goal::worst_milliseconds, 16}, in_window<OpenMap>(prepare, step));
+    };
+    const auto as_it_is = [](OpenMap&) {};
+    within_a_frame("move the mouse to another cell, to the drawn window", as_it_is,
+                   [](OpenMap& map) {
+                       map.move({}, {37, 21});
+                   });
+    within_a_frame(
+        "paint a cell, from the move to the drawn window", [](OpenMap& map) { map.press(); },
+        [](OpenMap& map) {
+            map.move(Qt::LeftButton, {37, 21});
+        });
+    within_a_frame("scroll the map by a tile, to the drawn window", as_it_is,
+                   [](OpenMap& map) { map.scroll(); });
+    within_a_frame("type into a field, to the drawn window", as_it_is,
+                   [](OpenMap& map) { map.type(); });
+    within_a_frame(
+        "move the cursor of the tile chooser, to the drawn window",
+        [](OpenMap& map) { map.choose_tile(); }, [](OpenMap& map) { map.step(); });
     const auto nothing = [](OpenEventEditor&) {};
     const auto at_most = [](double milliseconds) { return Goal{Goal::milliseconds, milliseconds}; };
     add("draw the Event Editor", at_most(20),

@@ -87,6 +87,7 @@ void build_tileset(EditorState& state) {
     display.source = source_of(state.rom);
     state.picture.numbers = numbers;
     state.picture.tiles_drawn = false;
+    state.picture.strips = {};
     if (report_refused_reads(reads, "The tiles are not drawn as the image holds them.",
                              state.dialogs))
         display.source.reset();

@@ -4,6 +4,9 @@
 #include "editor/view_place.h"
 #include "objects/markers.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace veldrune {
 namespace {
 
@@ -16,11 +19,18 @@ void draw_shown(const Form1& form, ObjectKinds kinds, ViewPlace place, ObjectLis
 
 } // namespace
 
+MarkerKinds shown_markers(const Form1& form) {
+    MarkerKinds kinds{};
+    for (const ObjectKind kind : map_object_kinds)
+        kinds[static_cast<std::size_t>(kind)] = form.*object_kind_row(kind).shown;
+    return kinds;
+}
+
 void draw_objects(EditorState& state) {
     read_object_lists(state, map_object_kinds, state.form1.Combo1);
-    for (const ObjectKind kind : map_object_kinds)
-        state.picture.markers[static_cast<std::size_t>(kind)] |=
-            state.form1.*object_kind_row(kind).shown;
+    const MarkerKinds drawn = shown_markers(state.form1);
+    std::ranges::transform(drawn, state.picture.markers, state.picture.markers.begin(),
+                           std::logical_or());
     draw_shown(state.form1, marker_order, map_place(state.form1, state.zoom), state.objects.lists,
                state.display.picture);
 }

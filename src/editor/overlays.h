@@ -4,6 +4,9 @@
 
 namespace veldrune {
 
+/// The kinds of object of which a drawing of a map shows the markers.
+MarkerKinds shown_markers(const Form1& form);
+
 /// The last step of every drawing of a map: reads the object lists again and outlines the objects
 /// of the kinds that are shown.
 void draw_objects(EditorState& state);

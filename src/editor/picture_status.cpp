@@ -1,18 +1,11 @@
 #include "editor/picture_status.h"
 
 #include "editor/build.h"
+#include "editor/overlays.h"
 #include "editor/view.h"
 
 namespace veldrune {
 namespace {
-
-bool same_image(const std::optional<ImageSource>& a, const std::optional<ImageSource>& b) {
-    return a.has_value() == b.has_value() && (!a || a->identity == b->identity);
-}
-
-bool is_of_chosen_map(const MapOrigin& origin, const ChosenMap& map) {
-    return origin.map_index == map.map_index && same_image(origin.source, map.source);
-}
 
 bool tiles_are_stale(const EditorState& state) {
     const PictureOrigin& origin = state.picture;
@@ -23,17 +16,8 @@ bool tiles_are_stale(const EditorState& state) {
 
 bool view_is_stale(const EditorState& state) {
     const PictureOrigin& origin = state.picture;
-    const MapView view = map_view(state.map, state.form1, state.zoom);
-    return view.stack != origin.view.stack || view.widths != origin.view.widths ||
-           view.heights != origin.view.heights;
-}
-
-bool markers_are_stale(const EditorState& state) {
-    for (const ObjectKind kind : map_object_kinds)
-        if (state.picture.markers[static_cast<std::size_t>(kind)] !=
-            state.form1.*object_kind_row(kind).shown)
-            return true;
-    return false;
+    return !same_layers(origin.view, map_view(state.map, state.form1, state.zoom)) ||
+           origin.strips_differ || origin.markers != shown_markers(state.form1);
 }
 
 std::string map_name(int map_index) {
@@ -71,10 +55,9 @@ PictureStatus picture_status(const EditorState& state) {
     if (!state.rom_open || state.form1.Combo1 < 0 || state.world_map_mode)
         return status;
     const PictureOrigin& origin = state.picture;
-    const bool other_map = origin.world || !is_of_chosen_map(origin.cells, state.map);
+    const bool other_map = origin.world || !same_map(origin.cells, chosen_origin(state));
     const bool tiles = tiles_are_stale(state);
-    if (!other_map && !tiles && origin.tiles_drawn && !view_is_stale(state) &&
-        !markers_are_stale(state))
+    if (!other_map && !tiles && origin.tiles_drawn && !view_is_stale(state))
         return status;
     const Command build = tiles ? Command::build_tileset : Command::refresh_map;
     status.shown = name_of_shown(state, other_map);

@@ -92,7 +92,8 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
     const ImageSource copy = source_of(state.rom);
     for (auto* source :
          {&state.map.source, &state.world.source, &state.script.source, &state.objects.lists.source,
-          &state.display.source, &state.picture.tiles.source, &state.picture.cells.source})
+          &state.display.source, &state.picture.tiles.source, &state.picture.cells.source,
+          &state.picture.strips.cells.source})
         if (*source && (*source)->identity == original)
             *source = copy;
     return true;

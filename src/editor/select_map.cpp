@@ -55,8 +55,10 @@ void select_map(EditorState& state) {
     form.Picture3.fill(0);
     enable_map_fields(form);
     const ReadWatch reads(state.rom);
-    if (painted) // the picture shows what is dropped
+    if (painted) { // the picture shows what is dropped
         state.picture.cells.source.reset();
+        state.picture.strips = {};
+    }
     load_map(state.rom, form.Combo1, state.work.decompress_buffer, state.map);
     show_byte27_high(state.map.map_properties, form);
     read_object_counts(state);

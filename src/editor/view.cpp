@@ -29,15 +29,6 @@ void set_maximum(ScrollBar& bar, int maximum) {
     bar.value = std::min(bar.value, bar.maximum);
 }
 
-void remember_composition(EditorState& state) {
-    PictureOrigin& origin = state.picture;
-    origin.tiles_drawn = true;
-    origin.world.reset();
-    origin.cells = {state.map.source, state.map.map_index};
-    origin.view = map_view(state.map, state.form1, state.zoom);
-    origin.markers = {};
-}
-
 void on_zoom_change(EditorState& state) {
     if (!map_ready(state))
         return;
@@ -49,7 +40,10 @@ void scroll_view(EditorState& state) {
     MapDisplay& display = state.display;
     const MapView view = map_view(state.map, state.form1, state.zoom);
     if (scroll_picture(display.bitmaps, view, display.last_h, display.last_v, display.picture))
-        remember_composition(state);
+        remember_whole(state.picture, chosen_origin(state), view);
+    else
+        remember_strip(state.picture, chosen_origin(state), view, shown_markers(state.form1),
+                       view.h - display.last_h, view.v - display.last_v);
     display.last_h = view.h;
     display.last_v = view.v;
 }
@@ -85,6 +79,10 @@ void scroll_bar_to(EditorState& state, ScrollBar& bar, std::int64_t value,
 
 } // namespace
 
+MapOrigin chosen_origin(const EditorState& state) {
+    return {state.map.source, state.map.map_index};
+}
+
 bool any_layer_shown(const Form1& form) {
     return form.Check5 || form.Check6 || form.Check7;
 }
@@ -117,7 +115,8 @@ void compose_view(const ChosenMap& map, const Form1& form, float zoom, MapDispla
 
 void compose_view(EditorState& state) {
     compose_view(state.map, state.form1, state.zoom, state.display);
-    remember_composition(state);
+    remember_whole(state.picture, chosen_origin(state),
+                   map_view(state.map, state.form1, state.zoom));
 }
 
 void set_column_maximum(Form1& form, float zoom) {

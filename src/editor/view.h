@@ -4,6 +4,9 @@
 
 namespace veldrune {
 
+/// The chosen map, as what is drawn of it remembers it.
+MapOrigin chosen_origin(const EditorState& state);
+
 /// What the next composition will show of a map, from the present fields, boxes and scroll bars.
 MapView map_view(const ChosenMap& map, const Form1& form, float zoom);
 

@@ -63,7 +63,7 @@ void open_world_map(EditorState& state, World world) {
     state.form1.Text24 = format_hex(static_cast<std::uint32_t>(map));
     remember_world_location(state);
     draw_world_view(state.world, state.form1, state.display.picture);
-    state.picture.world = world;
+    remember_world(state.picture, world);
     report_refused_map_reads(reads, state.world.source, state.dialogs);
     load_world_objects(state);
     draw_world_objects(state.form1, state.objects.lists, state.display.picture);

@@ -16,7 +16,7 @@ void refresh_world_view(EditorState& state) {
     PixelBuffer& drawn = state.work.picture;
     draw_world_view(state.world, state.form1, drawn);
     draw_world_objects(state.form1, state.objects.lists, drawn);
-    state.picture.world = state.world.world;
+    remember_world(state.picture, state.world.world);
     if (drawn != state.display.picture)
         state.display.picture = drawn;
 }

@@ -4,6 +4,8 @@
 #include "ui/emphasis.h"
 #include "ui/tips.h"
 
+#include <utility>
+
 namespace veldrune {
 
 void Controls::set_up(QWidget* widget, const char* control, const QString& tip,
@@ -58,10 +60,23 @@ QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, Scroll
     return widget;
 }
 
+// An icon follows the colours of its button.
+void Controls::show_icon(QAbstractButton* button, Icon icon) const {
+    if (icon == Icon::none)
+        return;
+    const Action draw = [button, icon, drawn_for = qint64{0}]() mutable {
+        const qint64 colours = button->palette().cacheKey();
+        if (std::exchange(drawn_for, colours) != colours)
+            button->setIcon(tool_icon(icon, button->palette()));
+    };
+    draw(); // it counts in the window's first size
+    bindings.on_show(draw);
+}
+
 void Controls::button(QPushButton* button, const ButtonRow& row) const {
     set_up(button, row.control, row.tip, row.map_only);
     button->setAccessibleName(row.caption);
-    button->setIcon(tool_icon(row.icon, button->palette()));
+    show_icon(button, row.icon);
     QObject::connect(button, &QPushButton::clicked, button,
                      [edits = &bindings, this_state = &state, command = row.command] {
                          edits->edit_with_wait_cursor([&] { run_command(*this_state, command); });

@@ -73,12 +73,13 @@ struct Controls {
         auto* widget = new QRadioButton(row.caption);
         set_up(widget, row.control, row.tip, row.map_only);
         widget->setAccessibleName(row.name);
-        widget->setIcon(tool_icon(row.icon, widget->palette()));
+        show_icon(widget, row.icon);
         bindings.option(widget, state.form1.*row.value, row.own, bind_state(state, row.on_change));
         return widget;
     }
 
   private:
+    void show_icon(QAbstractButton* button, Icon icon) const;
     void set_up(QWidget* widget, const char* control, const QString& tip, bool map_only) const;
 };
 

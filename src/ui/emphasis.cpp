@@ -6,6 +6,10 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace veldrune {
 
 namespace {
@@ -37,21 +41,36 @@ QColor mark_colour(const QPalette& palette) {
     return dark ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x00, 0x20);
 }
 
+using OwnColours = std::vector<std::pair<QPalette::ColorRole, QColor>>;
+
+// Has a widget differ from the application's palette in these colours and no others.
+void give_colours(QWidget& widget, const OwnColours& colours) {
+    const QPalette& shown = widget.palette();
+    const bool has_all = std::ranges::all_of(
+        colours, [&](const auto& own) { return shown.color(own.first) == own.second; });
+    if (has_all && widget.testAttribute(Qt::WA_SetPalette) == !colours.empty())
+        return;
+    QPalette palette;
+    for (const auto& [role, colour] : colours)
+        palette.setColor(role, colour);
+    widget.setPalette(palette);
+}
+
+OwnColours emphasis(const QPalette& palette) {
+    constexpr int darker = 150; // percent: styles lighten the colour of a button
+    return {{QPalette::Button, palette.color(QPalette::Highlight).darker(darker)},
+            {QPalette::ButtonText, palette.color(QPalette::HighlightedText)}};
+}
+
 } // namespace
 
 void emphasise(QPushButton* button, bool on, const char* why) {
+    give_colours(*button, on ? emphasis(QPalette()) : OwnColours());
     if (button->font().bold() == on)
         return;
     QFont font = button->font();
     font.setBold(on);
     button->setFont(font);
-    QPalette colours;
-    if (on) {
-        constexpr int darker = 150; // percent: styles lighten the colour of a button
-        colours.setColor(QPalette::Button, colours.color(QPalette::Highlight).darker(darker));
-        colours.setColor(QPalette::ButtonText, colours.color(QPalette::HighlightedText));
-    }
-    button->setPalette(colours);
     button->setAccessibleDescription(on ? why : "");
 }
 
@@ -62,12 +81,9 @@ QColor tint_of(const QPalette& palette) {
 }
 
 void show_tint(QWidget& widget, bool on) {
+    give_colours(widget, on ? OwnColours{{QPalette::Window, tint_of(QPalette())}} : OwnColours());
     if (widget.autoFillBackground() == on)
         return;
-    QPalette palette;
-    if (on)
-        palette.setColor(QPalette::Window, tint_of(widget.palette()));
-    widget.setPalette(palette);
     widget.setBackgroundRole(QPalette::Window);
     widget.setAutoFillBackground(on);
 }
@@ -75,18 +91,17 @@ void show_tint(QWidget& widget, bool on) {
 void mark_field(QLineEdit* field, const std::string& sentence) {
     MarkAction* mark = mark_of(field);
     const QString tip = QString::fromStdString(sentence);
+    give_colours(*field, sentence.empty() ? OwnColours()
+                                          : OwnColours{{QPalette::Text, mark_colour(QPalette())}});
     if (mark ? mark->toolTip() == tip : tip.isEmpty())
         return;
-    QPalette colours;
     if (tip.isEmpty()) {
         delete mark;
     } else {
         if (!mark)
             mark = add_mark(field);
         mark->setToolTip(tip);
-        colours.setColor(QPalette::Text, mark_colour(colours));
     }
-    field->setPalette(colours);
     field->setAccessibleDescription(tip);
 }
 

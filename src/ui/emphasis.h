@@ -10,6 +10,8 @@ class QWidget;
 
 namespace veldrune {
 
+// All of these take the application's colours each time that they are called.
+
 /// Makes a button stand out, or look like any other. why, for assistive technology, says what it
 /// would do.
 void emphasise(QPushButton* button, bool on, const char* why);

@@ -74,6 +74,7 @@ QLayout* EventWindow::make_bar() {
         auto* button = new QPushButton(row.caption);
         button->setObjectName(row.control);
         button->setToolTip(row.tip);
+        button->setFocusPolicy(Qt::TabFocus); // mouse and access key leave the focus in the grid
         connect(button, &QPushButton::clicked, this,
                 [this, run = row.run] { bindings_.edit(bind_state(state_, run)); });
         bar->addWidget(button);

@@ -98,8 +98,10 @@ QIcon tool_icon(Icon icon, const QPalette& colours) {
         for (int x = 0; x < side; ++x) {
             const char pixel = drawing[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
             if (pixel != '.')
-                image.setPixelColor(
-                    x, y, colours.color(pixel == 'x' ? QPalette::ButtonText : QPalette::Highlight));
+                image.setPixelColor(x, y,
+                                    colours.color(QPalette::Active, pixel == 'x'
+                                                                        ? QPalette::ButtonText
+                                                                        : QPalette::Highlight));
         }
     QIcon drawn;
     for (const int factor : {1, 2, 4})

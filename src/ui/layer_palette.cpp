@@ -12,7 +12,7 @@ namespace veldrune {
 
 namespace {
 
-constexpr int title_width = 140; // leaves room for the title in the window's frame
+constexpr int title_width = 180; // leaves room for the title in the window's frame
 constexpr auto window_kind = Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                              Qt::WindowCloseButtonHint; // and no other button
 constexpr const char* controls[layer_count] = {"Option1", "Option2", "Option3"};
@@ -23,6 +23,7 @@ LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& parent)
     : SideWindow(state, gate, state.form2.visible, close_tile_chooser, &parent, window_kind) {
     setObjectName("Form2");
     setWindowTitle("Layer");
+    setAttribute(Qt::WA_ShowWithoutActivating); // the keys choose a tile first
     auto* panel = new QWidget;
     panel->setMinimumWidth(title_width);
     auto* column = new QVBoxLayout(panel);
@@ -39,6 +40,12 @@ LayerPalette::LayerPalette(EditorState& state, EditGate& gate, QWidget& parent)
     bindings_.tab_stop(group);
     setCentralWidget(panel);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+// The pressed button is its only tab stop: the next one is the chooser's.
+bool LayerPalette::focusNextPrevChild(bool) {
+    parentWidget()->activateWindow();
+    return true;
 }
 
 // Appears at the chooser's upper left corner. It is placed before it shows: later on the system

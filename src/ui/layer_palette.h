@@ -10,6 +10,9 @@ class LayerPalette : public SideWindow {
   public:
     LayerPalette(EditorState& state, EditGate& gate, QWidget& parent);
     void setVisible(bool visible) override;
+
+  protected:
+    bool focusNextPrevChild(bool next) override;
 };
 
 } // namespace veldrune

@@ -101,8 +101,12 @@ void MainWindow::build_map(int map) {
     });
 }
 
-// The status line shows the hints of the menus' entries.
+// The status line shows the hints of the menus' entries. New colours are shown by all windows, once
+// every widget has them.
 bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        QMetaObject::invokeMethod(
+            this, [this] { bindings_.edit([] {}); }, Qt::QueuedConnection);
     if (event->type() != QEvent::StatusTip)
         return QMainWindow::event(event);
     status_->set_hint(static_cast<QStatusTipEvent*>(event)->tip());

@@ -1,6 +1,7 @@
 #include "ui/qt_dialogs.h"
 
 #include "ui/override_cursor.h"
+#include "ui/screen_place.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -53,6 +54,7 @@ QString free_name(const QFileInfo& image) {
 std::optional<std::string> file_name(QFileDialog& dialog) {
     const OverrideCursor cursor(Qt::ArrowCursor);
     dialog.setNameFilter(image_file_filter);
+    fit_to_screen(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.selectedFiles().value(0).toStdString();

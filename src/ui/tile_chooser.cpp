@@ -130,6 +130,14 @@ bool TileChooser::event(QEvent* event) {
     return SideWindow::event(event);
 }
 
+// The picture is the only control here: the next one is in the layer palette.
+bool TileChooser::focusNextPrevChild(bool) {
+    for (auto* palette : findChildren<QMainWindow*>(Qt::FindDirectChildrenOnly))
+        if (palette->isVisible())
+            palette->activateWindow();
+    return true;
+}
+
 // What happens before a window is shown for the first time places it with its frame.
 void TileChooser::setVisible(bool visible) {
     if (visible && !isVisible()) {

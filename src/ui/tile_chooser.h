@@ -20,6 +20,7 @@ class TileChooser : public SideWindow {
 
   protected:
     bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     void fit_screen();

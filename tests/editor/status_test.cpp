@@ -211,6 +211,36 @@ TEST(PictureStatus, NamesWhatIsShownAndTheBuildThatRenewsIt) {
                   {"dropped", choose(town), shown + ", from before it was chosen again refresh"}});
 }
 
+auto scroll(int columns) {
+    return [columns](Editor& editor) {
+        editor.form.HScroll1.value += columns;
+        on_h_scroll(editor.s);
+    };
+}
+
+TEST(PictureStatus, CountsStripsThatReplaceTheWholePicture) {
+    const std::string stale = "map " + std::to_string(town) + ", not as the fields and boxes are";
+    Town editor(true);
+    const std::string width = editor.form.Text2;
+    expect_steps(editor, picture,
+                 {{"a width", type(&Form1::Text2, "32"), stale + " refresh"},
+                  {"most of it", scroll(15), stale + " refresh"},
+                  {"all of it", scroll(1), ""},
+                  {"one way", type(&Form1::Text2, width.c_str()), stale + " refresh"},
+                  {"a strip", scroll(-1), stale + " refresh"},
+                  {"and the other", type(&Form1::Text2, "32"), stale + " refresh"},
+                  {"refreshed", run(Command::refresh_map), ""},
+                  {"markers", tick(&Form1::Check1), stale + " refresh"},
+                  {"are drawn", scroll(9), ""},
+                  {"are left", tick(&Form1::Check1), stale + " refresh"},
+                  {"by most strips", scroll(15), stale + " refresh"},
+                  {"are gone", scroll(1), ""},
+                  {"a strip", scroll(-15), ""},
+                  {"a world", run(Command::open_world_of_dawn), ""},
+                  {"the town", choose(town), "World of Dawn refresh"},
+                  {"a strip over it", scroll(1), "World of Dawn refresh"}});
+}
+
 TEST(SharedData, NamesTheOtherMapsOfALayersData) {
     OpenImage image(Bytes(0x2D9100 + 414 * 33, 0xFF));
     const auto map = std::make_unique<ChosenMap>();

@@ -24,7 +24,7 @@ class BoxAnswers {
     Messages boxes;
     std::deque<bool> answers;                // OK or Cancel; OK beyond them
     std::optional<QString> file_name;        // cancels file dialogs without it
-    std::function<void()> meanwhile = [] {}; // runs while the box is up
+    std::function<void()> meanwhile = [] {}; // runs while the box is up, and may answer it
 
     BoxAnswers() {
         timer_.callOnTimeout([this] { answer(); });
@@ -38,7 +38,9 @@ class BoxAnswers {
             return;
         answered_ = modal;
         meanwhile();
-        if (auto* files = qobject_cast<QFileDialog*>(modal))
+        if (!modal->isVisible())
+            boxes.push_back({"answered", modal->windowTitle().toStdString()});
+        else if (auto* files = qobject_cast<QFileDialog*>(modal))
             answer_files(*files);
         else if (auto* box = qobject_cast<QMessageBox*>(modal))
             answer_box(*box);

@@ -86,6 +86,13 @@ TEST_F(ScreenTest, EveryControlOfEveryWindowIsInReach) {
     expect_all_in_reach("Form1");
 }
 
+TEST_F(ScreenTest, NothingScrollsWhereThereIsRoom) {
+    const auto& area = *qobject_cast<QScrollArea*>(window.centralWidget());
+    const QSize room = window.screen()->availableSize() - QSize(30, 60), size = area.sizeHint();
+    const bool has_room = size == size.boundedTo(room);
+    EXPECT_EQ(area.viewport()->size() == area.size(), has_room);
+}
+
 TEST_F(ScreenTest, RoomToSpareStaysBelow) {
     const auto place = [this](const char* control) {
         return user.find(control).mapTo(&window, QPoint(0, 0));

@@ -1,8 +1,12 @@
 #include "support/window_test.h"
 
 #include <QHelpEvent>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QStatusTipEvent>
+
+#include <algorithm>
+#include <functional>
 
 namespace veldrune::test {
 namespace {
@@ -58,6 +62,35 @@ TEST_F(StatusTest, AFieldIsMarkedWhileItIsTypedAndALocationNamesItsSharers) {
     EXPECT_TRUE(field.actions().isEmpty() && field.accessibleDescription().isEmpty());
     EXPECT_EQ(field.palette().color(QPalette::Text), plain);
     EXPECT_NE(asked_tip(user.find("Text25")).find(". Hexadecimal. Also map"), std::string::npos);
+}
+
+TEST_F(StatusTest, MarksTintsAndIconsFollowTheColoursOfTheSystem) {
+    open_map(town);
+    user.type("Text6", "131");
+    show_object(ObjectKind::npc);
+    driver("Form10").type("Text5", "7");
+    const auto colours = [&] {
+        return std::array{
+            user.find("Command3").palette().color(QPalette::Button),
+            user.find("Text6").palette().color(QPalette::Text),
+            driver("Form10").find("Label5").palette().color(QPalette::Window),
+            user.find<QPushButton>("Command4").icon().pixmap(12).toImage().pixelColor(4, 0)};
+    };
+    const auto light = colours();
+    const auto all_differ = [&] {
+        const auto now = colours();
+        return std::ranges::mismatch(now, light, std::not_equal_to()).in1 == now.end();
+    };
+    const QPalette former = QApplication::palette();
+    QPalette dark = former;
+    for (const auto& [role, colour] : {std::pair(QPalette::Base, Qt::black),
+                                       {QPalette::ButtonText, Qt::white},
+                                       {QPalette::Highlight, Qt::darkGreen}})
+        dark.setColor(role, colour);
+    QApplication::setPalette(dark);
+    EXPECT_TRUE(QTest::qWaitFor(all_differ));
+    QApplication::setPalette(former);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return colours() == light; }));
 }
 
 } // namespace
