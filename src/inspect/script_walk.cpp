@@ -220,8 +220,9 @@ class Walker {
 } // namespace
 
 std::span<const ScriptPointer> ScriptWalk::pointers_to(std::int64_t offset) const {
-    const auto found = std::ranges::equal_range(pointers, offset, {}, &ScriptPointer::target);
-    return {found.begin(), found.end()};
+    const auto first = std::ranges::lower_bound(pointers, offset, {}, &ScriptPointer::target);
+    const auto end = std::ranges::upper_bound(pointers, offset, {}, &ScriptPointer::target);
+    return {first, end};
 }
 
 const WalkedScript* ScriptWalk::script_at(std::int64_t offset) const {
