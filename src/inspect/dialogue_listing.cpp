@@ -28,7 +28,9 @@ char lower(char letter) {
 }
 
 bool holds(const std::string& text, const std::string& what) {
-    return !std::ranges::search(text, what, {}, lower, lower).empty() || what.empty();
+    const auto same = [](char a, char b) { return lower(a) == lower(b); };
+    return what.empty() ||
+           std::search(text.begin(), text.end(), what.begin(), what.end(), same) != text.end();
 }
 
 std::vector<Shown> chosen_dialogues(const ImageReading& reading, const DialogueQuery& query) {

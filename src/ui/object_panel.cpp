@@ -26,7 +26,6 @@ namespace {
 constexpr int column_count = 3; // of labels and controls
 constexpr int line_gap = 4;
 constexpr int npc_tab = 0;
-constexpr int chest_tab = 1;
 constexpr int contents_length = 16; // characters of a line of a chest's contents
 
 constexpr const char* widest_number = "0000000000";

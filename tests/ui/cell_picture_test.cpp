@@ -10,7 +10,7 @@ namespace {
 // What a widget has repainted since it was asked last.
 class Repainted : public QObject {
   public:
-    explicit Repainted(QWidget& widget) : widget_(widget) { widget.installEventFilter(this); }
+    explicit Repainted(QWidget& widget) { widget.installEventFilter(this); }
     QRegion take() {
         QTest::qWait(20); // what is to be repainted is so after a delay
         return std::exchange(region_, {});
@@ -22,7 +22,6 @@ class Repainted : public QObject {
             region_ += static_cast<QPaintEvent*>(event)->region();
         return false;
     }
-    QWidget& widget_;
     QRegion region_;
 };
 
