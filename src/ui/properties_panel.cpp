@@ -102,7 +102,7 @@ void add_headings(const Controls& controls, QGridLayout& grid) {
 }
 
 // Has the tip of a layer's "Map Data Location" name the maps that share the data. It is looked up
-// when the tip is asked for.
+// when the tip is asked for, and when the field is entered: a screen reader reads the tip then.
 class SharingTip : public QObject {
   public:
     SharingTip(QLineEdit* field, const EditorState& state, int layer)
@@ -112,7 +112,7 @@ class SharingTip : public QObject {
 
   protected:
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::ToolTip)
+        if (event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn)
             field_->setToolTip(
                 meaning_ + ' ' +
                 QString::fromStdString(sharing_maps(state_.rom, state_.map, layer_)));

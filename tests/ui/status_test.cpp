@@ -61,7 +61,11 @@ TEST_F(StatusTest, AFieldIsMarkedWhileItIsTypedAndALocationNamesItsSharers) {
     QTest::keyClick(&field, Qt::Key_Backspace);
     EXPECT_TRUE(field.actions().isEmpty() && field.accessibleDescription().isEmpty());
     EXPECT_EQ(field.palette().color(QPalette::Text), plain);
-    EXPECT_NE(asked_tip(user.find("Text25")).find(". Hexadecimal. Also map"), std::string::npos);
+    QWidget& location = user.find("Text25");
+    EXPECT_NE(asked_tip(location).find(". Hexadecimal. Also map"), std::string::npos);
+    location.setToolTip("as of another map");
+    location.setFocus();
+    EXPECT_TRUE(location.toolTip().contains(". Hexadecimal. Also map"));
 }
 
 TEST_F(StatusTest, MarksTintsAndIconsFollowTheColoursOfTheSystem) {
