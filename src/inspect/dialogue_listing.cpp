@@ -44,12 +44,6 @@ std::vector<Shown> chosen_dialogues(const ImageReading& reading, const DialogueQ
     return chosen;
 }
 
-// What stands only once is added at the end.
-void add_once(auto& list, const auto& value) {
-    if (list.empty() || list.back() != value)
-        list.push_back(value);
-}
-
 // The commands that show each of the dialogues.
 std::vector<ScriptWays::Commands> find_commands(const ImageReading& reading,
                                                 std::vector<Shown>& chosen) {
