@@ -39,6 +39,10 @@ CLI::Option* add_number(CLI::App& app, const std::string& name, NumberStyle styl
                         std::int64_t lowest, std::int64_t highest, std::int64_t& value,
                         const std::string& help);
 
+/// Adds an option that takes a path; kind is what --help calls it. An empty path is refused.
+void add_path_option(CLI::App& app, const std::string& name, const char* kind, std::string& path,
+                     const std::string& help);
+
 /// An image and all that is known of it. Throws Failure where the file can't be read.
 class OpenedImage {
   public:
@@ -54,7 +58,8 @@ class OpenedImage {
     inspect::ImageReading reading_;
 };
 
-/// Prints a listing as text or JSON; array is the key of its rows in JSON.
+/// Prints a listing as text or JSON; array is the key of its rows in JSON. In text, one without
+/// rows is "Nothing found.".
 void print_listing(const ReportOptions& options, const char* command, const char* array,
                    const inspect::Listing& listing);
 

@@ -56,10 +56,9 @@ Action declare_diff(CLI::App& app) {
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
     add_image(app, options->other, "OTHER");
-    app.add_option("--pictures", options->pictures,
-                   "A folder for PNG files, before and after, of each map that looks different, "
-                   "objects outlined")
-        ->type_name("DIR");
+    add_path_option(app, "--pictures", "DIR", options->pictures,
+                    "A folder for PNG files, before and after, of each map that looks different, "
+                    "objects outlined");
     return [options] {
         const OpenedImage a(options->image);
         const OpenedImage b(options->other);

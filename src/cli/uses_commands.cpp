@@ -1,5 +1,4 @@
 #include "cli/commands.h"
-#include "cli/standard_output.h"
 #include "inspect/tile_uses.h"
 #include "inspect/uses.h"
 #include "rom/number_text.h"
@@ -109,12 +108,8 @@ Action declare_uses(CLI::App& app) {
     app.footer(app.get_footer() + "\n\n" + help_text());
     return [options] {
         const inspect::UseQuery query = query_of(*options);
-        const inspect::Listing listing =
-            inspect::list_uses(OpenedImage(options->image).reading(), query);
-        if (listing.rows.empty() && !options->json)
-            put_out("Nothing found.\n");
-        else
-            print_listing(*options, "uses", "uses", listing);
+        const OpenedImage opened(options->image);
+        print_listing(*options, "uses", "uses", inspect::list_uses(opened.reading(), query));
         return fine;
     };
 }

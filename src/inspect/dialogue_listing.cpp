@@ -95,7 +95,7 @@ Listing list_dialogues(const ImageReading& reading, const DialogueQuery& query) 
                      {"scripts", "Scripts", hexadecimal},
                      {"maps", "Maps", decimal},
                      {"objects", "Objects", words},
-                     {"certainty", "", words}},
+                     {"certainty", "Certainty", words}},
                     {}};
     for (Shown& shown : chosen) {
         const DialogueAt& place = reading.dialogues[static_cast<std::size_t>(shown.number)];
