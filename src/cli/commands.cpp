@@ -9,9 +9,9 @@ constexpr CommandGroup (*groups[])() = {map_commands,    text_commands, uses_com
                                         picture_commands};
 
 constexpr char notes[] =
-    R"(Numbers of maps and in fields are decimal, offsets hexadecimal; 0x makes any
-number hexadecimal. --json prints one object: "format", "image", "command" and an
-array.
+    R"(Numbers of maps and in fields are decimal; offsets, flags and numbers in scripts,
+such as a dialogue's, are hexadecimal; 0x makes any number hexadecimal. --json
+prints one object: "format", "image", "command" and an array.
 
 Exit status:
   0  done

@@ -89,7 +89,7 @@ Listing list_dialogues(const ImageReading& reading, const DialogueQuery& query) 
     using enum CellForm;
     std::vector<Shown> chosen = chosen_dialogues(reading, query);
     find_objects(reading, chosen, query.all_objects ? reading.objects.size() : named_objects);
-    Listing listing{{{"dialogue", "Dialogue", decimal},
+    Listing listing{{{"dialogue", "Dialogue", hexadecimal},
                      {"at", "At", hexadecimal},
                      {"text", "Text", words},
                      {"scripts", "Scripts", hexadecimal},
