@@ -16,8 +16,8 @@ inspect::MemoryImage read(const std::string& path) {
 
 } // namespace
 
-void add_image(CLI::App& app, std::string& path, const std::string& name) {
-    app.add_option(name, path, "The ROM image, which is only read")->required();
+void add_image(CLI::App& app, std::string& path, const std::string& name, const std::string& help) {
+    app.add_option(name, path, help)->required();
 }
 
 void add_report_options(CLI::App& app, ReportOptions& options) {

@@ -30,7 +30,8 @@ struct ReportOptions {
     std::string image;
     bool json = false;
 };
-void add_image(CLI::App& app, std::string& path, const std::string& name = "IMAGE");
+void add_image(CLI::App& app, std::string& path, const std::string& name = "IMAGE",
+               const std::string& help = "The ROM image, which is only read");
 void add_report_options(CLI::App& app, ReportOptions& options);
 
 /// Adds an argument, or an option where the name begins with "-". What is no number from lowest to

@@ -55,7 +55,7 @@ bool put_differences(const Options& options, const ImageReading& a, const ImageR
 Action declare_diff(CLI::App& app) {
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
-    add_image(app, options->other, "OTHER");
+    add_image(app, options->other, "OTHER", "Another one, or the same after a change");
     add_path_option(app, "--pictures", "DIR", options->pictures,
                     "A folder for PNG files, before and after, of each map that looks different, "
                     "objects outlined");

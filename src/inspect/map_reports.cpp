@@ -56,7 +56,7 @@ class MapRows {
     Listing listing() {
         using enum CellForm;
         listing_.columns = {{"what", "What", words},
-                            {"value", "Value", decimal},
+                            {"value", "Value or map", decimal},
                             {"place", "Column, row", hexadecimal},
                             {"target", "Target column, row", hexadecimal}};
         add_values();

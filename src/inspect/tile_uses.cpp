@@ -104,7 +104,7 @@ Listing list_tiles(const ImageReading& reading, int formation_set, bool unused) 
     Listing listing{{{"tile", "Tile", hexadecimal},
                      {"cells", "Cells", decimal},
                      {"maps", "Maps", decimal},
-                     {"commands", "Perhaps by commands", decimal}},
+                     {"commands", "Commands, perhaps", decimal}},
                     {}};
     for (std::size_t tile = 0; tile < cells.size(); ++tile)
         if (!unused || cells[tile] == 0)
