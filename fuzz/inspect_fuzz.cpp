@@ -4,10 +4,15 @@
 #include "fuzz_target.h"
 #include "inspect/all_streams.h"
 #include "inspect/check.h"
+#include "inspect/dialogue_listing.h"
 #include "inspect/map_reports.h"
+#include "inspect/object_listing.h"
 #include "inspect/ownership.h"
 #include "inspect/pictures.h"
 #include "inspect/room.h"
+#include "inspect/script_listing.h"
+#include "inspect/tile_uses.h"
+#include "inspect/uses.h"
 #include "support/editor_fixture.h"
 #include "support/image_reports.h"
 
@@ -62,6 +67,24 @@ void check_room(const ImageReading& reading) {
     EXPECT_EQ(list_room(rooms).rows.size(), rooms.size());
 }
 
+void check_lists(const ImageReading& reading, Choices& choices) {
+    const std::size_t objects = reading.objects.size();
+    EXPECT_EQ(object_table(reading, {}).rows.size(), objects);
+    EXPECT_EQ(object_lines(reading, {}).rows.size(), objects);
+    EXPECT_EQ(list_scripts(reading).rows.size(), reading.scripts.scripts.size());
+    const std::int64_t script = reading.scripts.scripts.empty()
+                                    ? choices.below(0x410000)
+                                    : choices.of(std::span(reading.scripts.scripts)).offset;
+    EXPECT_LE(list_script(reading, script, true).rows.size(), 20'002u);
+    const int dialogue = choices.below(rom_layout::dialogue_count);
+    EXPECT_EQ(list_dialogues(reading, {.number = dialogue, .wrapped = true}).rows.size(), 1u);
+    const int set = choices.below(128);
+    EXPECT_EQ(list_tiles(reading, set, false).rows.size(), 256u);
+    const UseQuery query{static_cast<Use>(choices.below(static_cast<int>(Use::tile) + 1)),
+                         choices.byte(), set};
+    EXPECT_LE(list_uses(reading, query).rows.size(), 60'000u + reading.image.bytes.size());
+}
+
 void draw(const MemoryImage& image, int picture) {
     const auto painter = std::make_unique<MapPainter>(image, PictureOptions{{}, true, true});
     const PictureSize size = painter->load(picture);
@@ -88,6 +111,7 @@ void inspect_fuzz(Choices& choices) {
     expect_bounded(reading, facts);
     diff_images(read_whole(image), reading, [&](const Difference&) { ++differences; });
     EXPECT_LE(differences, 2 * facts + other.bytes.size() / 16);
+    check_lists(reading, choices);
     draw(other, choices.below(picture_count));
 }
 

@@ -1,5 +1,4 @@
 #include "cli/commands.h"
-#include "cli/standard_output.h"
 #include "cli/text_output.h"
 #include "inspect/check.h"
 #include "inspect/room.h"
@@ -35,15 +34,13 @@ Action declare_check(CLI::App& app) {
     add_report_options(app, *options);
     app.add_flag("--strict", options->strict, "Also what is only unusual");
     app.add_flag("--all", options->all, "Every place, also where one kind has more than ten");
-    app.add_option("--against", options->old, "An older state of the image: only what is new");
+    add_path_option(app, "--against", "FILE", options->old,
+                    "An older state of the image: only what is new");
     return [options] {
         const std::vector<inspect::Finding> findings = findings_of(*options);
         const std::size_t most =
             options->all ? std::numeric_limits<std::size_t>::max() : most_of_a_kind;
-        if (findings.empty() && !options->json)
-            put_out("Nothing found.\n");
-        else
-            print_listing(*options, "check", "findings", list_findings(findings, most));
+        print_listing(*options, "check", "findings", list_findings(findings, most));
         return findings.empty() ? fine : found;
     };
 }

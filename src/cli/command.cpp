@@ -16,8 +16,8 @@ inspect::MemoryImage read(const std::string& path) {
 
 } // namespace
 
-void add_image(CLI::App& app, std::string& path, const std::string& name) {
-    app.add_option(name, path, "The ROM image, which is only read")->required();
+void add_image(CLI::App& app, std::string& path, const std::string& name, const std::string& help) {
+    app.add_option(name, path, help)->required();
 }
 
 void add_report_options(CLI::App& app, ReportOptions& options) {
@@ -36,7 +36,15 @@ CLI::Option* add_number(CLI::App& app, const std::string& name, NumberStyle styl
                                                  number_text(highest, style));
         value = *number;
     };
-    return app.add_option_function<std::string>(name, take, help);
+    return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
+}
+
+void add_path_option(CLI::App& app, const std::string& name, const char* kind, std::string& path,
+                     const std::string& help) {
+    const auto refuse_empty = [](const std::string& text) {
+        return std::string(text.empty() ? "the path is empty" : "");
+    };
+    app.add_option(name, path, help)->type_name(kind)->check(refuse_empty);
 }
 
 OpenedImage::OpenedImage(const std::string& path)
@@ -44,7 +52,10 @@ OpenedImage::OpenedImage(const std::string& path)
 
 void print_listing(const ReportOptions& options, const char* command, const char* array,
                    const inspect::Listing& listing) {
-    put_out(options.json ? json_of(options.image, command, array, listing) : text_of(listing));
+    if (options.json)
+        put_out(json_of(options.image, command, array, listing));
+    else
+        put_out(listing.rows.empty() ? "Nothing found.\n" : text_of(listing));
 }
 
 void put_file(const std::string& path, std::span<const std::uint8_t> bytes) {

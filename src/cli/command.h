@@ -30,7 +30,8 @@ struct ReportOptions {
     std::string image;
     bool json = false;
 };
-void add_image(CLI::App& app, std::string& path, const std::string& name = "IMAGE");
+void add_image(CLI::App& app, std::string& path, const std::string& name = "IMAGE",
+               const std::string& help = "The ROM image, which is only read");
 void add_report_options(CLI::App& app, ReportOptions& options);
 
 /// Adds an argument, or an option where the name begins with "-". What is no number from lowest to
@@ -38,6 +39,10 @@ void add_report_options(CLI::App& app, ReportOptions& options);
 CLI::Option* add_number(CLI::App& app, const std::string& name, NumberStyle style,
                         std::int64_t lowest, std::int64_t highest, std::int64_t& value,
                         const std::string& help);
+
+/// Adds an option that takes a path; kind is what --help calls it. An empty path is refused.
+void add_path_option(CLI::App& app, const std::string& name, const char* kind, std::string& path,
+                     const std::string& help);
 
 /// An image and all that is known of it. Throws Failure where the file can't be read.
 class OpenedImage {
@@ -54,7 +59,8 @@ class OpenedImage {
     inspect::ImageReading reading_;
 };
 
-/// Prints a listing as text or JSON; array is the key of its rows in JSON.
+/// Prints a listing as text or JSON; array is the key of its rows in JSON. In text, one without
+/// rows is "Nothing found.".
 void print_listing(const ReportOptions& options, const char* command, const char* array,
                    const inspect::Listing& listing);
 

@@ -55,11 +55,10 @@ bool put_differences(const Options& options, const ImageReading& a, const ImageR
 Action declare_diff(CLI::App& app) {
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
-    add_image(app, options->other, "OTHER");
-    app.add_option("--pictures", options->pictures,
-                   "A folder for PNG files, before and after, of each map that looks different, "
-                   "objects outlined")
-        ->type_name("DIR");
+    add_image(app, options->other, "OTHER", "Another one, or the same after a change");
+    add_path_option(app, "--pictures", "DIR", options->pictures,
+                    "A folder for PNG files, before and after, of each map that looks different, "
+                    "objects outlined");
     return [options] {
         const OpenedImage a(options->image);
         const OpenedImage b(options->other);

@@ -1,5 +1,6 @@
 #include "cli/json_output.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace veldrune::cli {
@@ -54,6 +55,12 @@ Json json_cell(const Cell& cell) {
     }
 }
 
+std::string json_key(const Column& column) {
+    std::string key = column.key;
+    std::ranges::replace(key, '-', '_');
+    return key;
+}
+
 } // namespace
 
 std::string utf8_text(std::string_view bytes) {
@@ -83,7 +90,7 @@ std::string json_begin(const std::string& image, const char* command, const char
 std::string json_row(const std::vector<Column>& columns, const std::vector<Cell>& row, bool first) {
     Json object = Json::object();
     for (std::size_t i = 0; i < row.size(); ++i)
-        object[columns[i].key] = json_cell(row[i]);
+        object[json_key(columns[i])] = json_cell(row[i]);
     return (first ? "\n" : ",\n") + object.dump();
 }
 

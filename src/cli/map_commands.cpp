@@ -27,7 +27,8 @@ Action declare_maps(CLI::App& app) {
     };
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
-    app.add_option("--names", options->names, "A text file of names, a line a map from map 0 on");
+    add_path_option(app, "--names", "FILE", options->names,
+                    "A text file of names, a line a map from map 0 on");
     return [options] {
         const OpenedImage opened(options->image);
         const auto names =

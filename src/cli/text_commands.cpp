@@ -71,8 +71,8 @@ Action declare_dialogue(CLI::App& app) {
     };
     const auto options = std::make_shared<Options>();
     add_report_options(app, *options);
-    add_number(app, "NUMBER", NumberStyle::decimal, 0, rom_layout::dialogue_count - 1,
-               options->value, "Only this dialogue, decimal");
+    add_number(app, "NUMBER", NumberStyle::hexadecimal, 0, rom_layout::dialogue_count - 1,
+               options->value, "Only this dialogue, hexadecimal");
     app.add_option("--find", options->find,
                    "Only dialogues that hold this text, whatever the case");
     app.add_flag("--all", options->all, "Name all objects, also where there are more than ten");

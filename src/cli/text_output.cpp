@@ -37,13 +37,9 @@ std::string take_line(std::string& text) {
 }
 
 std::vector<Line> lines_of(const Listing& listing) {
-    std::vector<Line> lines;
-    const auto has_heading = [](const Column& column) { return *column.heading != '\0'; };
-    if (std::ranges::any_of(listing.columns, has_heading)) {
-        lines.emplace_back();
-        for (const Column& column : listing.columns)
-            lines.back().emplace_back(column.heading);
-    }
+    std::vector<Line> lines(1);
+    for (const Column& column : listing.columns)
+        lines.back().emplace_back(column.heading);
     for (const std::vector<Cell>& row : listing.rows) {
         std::vector<std::string> rest; // of the cells, after the lines so far
         for (std::size_t i = 0; i < row.size(); ++i)
@@ -56,20 +52,32 @@ std::vector<Line> lines_of(const Listing& listing) {
     return lines;
 }
 
+// Words and lists begin where their heading begins; numbers end where it ends.
+bool begins_left(const Listing& listing, std::size_t column) {
+    const CellForm form = listing.columns[column].form;
+    const auto has_list = [&](const auto& row) { return row[column].kind == Cell::numbers; };
+    return form == CellForm::words ||
+           (form != CellForm::size && std::ranges::any_of(listing.rows, has_list));
+}
+
 } // namespace
 
 std::string text_of(const Listing& listing) {
+    constexpr std::size_t widest = 80;
     const std::vector<Line> lines = lines_of(listing);
     std::vector<std::size_t> widths(listing.columns.size());
     for (const Line& line : lines)
         for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], character_count(line[i]));
+            widths[i] = std::max(widths[i], std::min(character_count(line[i]), widest));
+    std::vector<bool> left;
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        left.push_back(begins_left(listing, i));
     std::string text;
     for (const Line& line : lines) {
         for (std::size_t i = 0; i < line.size(); ++i) {
-            const std::string blanks(widths[i] - character_count(line[i]), ' ');
-            const bool left = listing.columns[i].form == CellForm::words;
-            text += (i == 0 ? "" : "  ") + (left ? line[i] + blanks : blanks + line[i]);
+            const std::string blanks(widths[i] - std::min(character_count(line[i]), widths[i]),
+                                     ' ');
+            text += (i == 0 ? "" : "  ") + (left[i] ? line[i] + blanks : blanks + line[i]);
         }
         text.erase(text.find_last_not_of(' ') + 1);
         text += '\n';

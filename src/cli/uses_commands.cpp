@@ -1,5 +1,4 @@
 #include "cli/commands.h"
-#include "cli/standard_output.h"
 #include "inspect/tile_uses.h"
 #include "inspect/uses.h"
 #include "rom/number_text.h"
@@ -29,7 +28,7 @@ constexpr Subject subjects[] = {
     {"flag",     "1E80:5",  Use::flag,       NumberStyle::hexadecimal, 0},
     {"flag",     "1F:3",    Use::chest_flag, NumberStyle::hexadecimal, 0},
     {"event",    "OFFSET",  Use::event,      NumberStyle::hexadecimal, std::numeric_limits<std::uint32_t>::max()},
-    {"dialogue", "NUMBER",  Use::dialogue,   NumberStyle::decimal,     0x7FFF},
+    {"dialogue", "NUMBER",  Use::dialogue,   NumberStyle::hexadecimal, 0x7FFF},
     {"map",      "NUMBER",  Use::map,        NumberStyle::decimal,     rom_layout::map_count - 1},
     {"item",     "NUMBER",  Use::item,       NumberStyle::hexadecimal, 0xFF},
     {"song",     "NUMBER",  Use::song,       NumberStyle::decimal,     0xFF},
@@ -90,8 +89,8 @@ std::string help_text() {
             .append(inspect::looked_at(subject.use))
             .append(".\n");
     return text + "The game may know more: its own code refers to things, too.\n"
-                  "Flags are a byte and a bit. Numbers of events, items, sprites and tiles are "
-                  "hexadecimal, the others decimal.\n";
+                  "Flags are a byte and a bit. Numbers of maps and songs are decimal, the others "
+                  "hexadecimal.\n";
 }
 
 CLI::Option* add_set(CLI::App& app, std::int64_t& formation_set) {
@@ -109,12 +108,8 @@ Action declare_uses(CLI::App& app) {
     app.footer(app.get_footer() + "\n\n" + help_text());
     return [options] {
         const inspect::UseQuery query = query_of(*options);
-        const inspect::Listing listing =
-            inspect::list_uses(OpenedImage(options->image).reading(), query);
-        if (listing.rows.empty() && !options->json)
-            put_out("Nothing found.\n");
-        else
-            print_listing(*options, "uses", "uses", listing);
+        const OpenedImage opened(options->image);
+        print_listing(*options, "uses", "uses", inspect::list_uses(opened.reading(), query));
         return fine;
     };
 }

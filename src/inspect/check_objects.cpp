@@ -43,13 +43,10 @@ std::string is_elsewhere(const CheckGround& ground, const ListPlace& list) {
         return "";
     if (!ground.reading.image.holds(list.begin_offset(), list.bytes()))
         return "goes beyond the end of the file";
-    const auto own =
-        static_cast<OwnerKind>(static_cast<int>(OwnerKind::npcs) + static_cast<int>(list.kind));
     for (const OwnedRange& owner :
          ground.ownership.owners_in(list.begin_offset(), list.end_offset()))
         if (owner.kind == OwnerKind::structure ||
-            (owner.kind >= OwnerKind::npcs && owner.kind <= OwnerKind::long_entrances &&
-             owner.kind != own))
+            (is_list(owner.kind) && owner.kind != list_owner(list.kind)))
             return "reaches into the " + owner_name(owner);
     return "";
 }

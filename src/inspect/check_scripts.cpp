@@ -51,12 +51,12 @@ void find_dialogues(const CheckGround& ground, FoundList& found) {
         if (!command.sure || command.dialogue < 0)
             continue;
         const auto number = static_cast<std::size_t>(command.dialogue);
-        const std::string name = "dialogue " + std::to_string(number);
+        const std::string name = "dialogue " + format_hex(command.dialogue);
         const bool counts = ground.command_counts(command.offset);
         if (number >= reading.dialogues.size())
             found.push_back(
                 {ground.command_place(command.offset),
-                 name + " is above the last, " + std::to_string(reading.dialogues.size() - 1),
+                 name + " is above the last, " + format_hex(std::ssize(reading.dialogues) - 1),
                  counts});
         else if (const DialogueAt& text = reading.dialogues[number];
                  !reading.image.holds(text.offset, text.size + !text.whole))

@@ -108,8 +108,7 @@ void find_overlaps(const CheckGround& ground, FoundList& found) {
 
 void find_in_structures(const CheckGround& ground, FoundList& found) {
     const auto is_structure = [](const OwnedRange& owner) {
-        return owner.kind <= OwnerKind::dialogue_table ||
-               (owner.kind >= OwnerKind::npcs && owner.kind <= OwnerKind::long_entrances);
+        return owner.kind <= OwnerKind::dialogue_table || is_list(owner.kind);
     };
     for (const auto& [offset, stream] : StreamNames(ground).collect()) {
         if (!stream.named || !stream.packed->in_file)

@@ -46,12 +46,6 @@ std::vector<Shown> chosen_dialogues(const ImageReading& reading, const DialogueQ
     return chosen;
 }
 
-// What stands only once is added at the end.
-void add_once(auto& list, const auto& value) {
-    if (list.empty() || list.back() != value)
-        list.push_back(value);
-}
-
 // The commands that show each of the dialogues.
 std::vector<ScriptWays::Commands> find_commands(const ImageReading& reading,
                                                 std::vector<Shown>& chosen) {
@@ -97,13 +91,13 @@ Listing list_dialogues(const ImageReading& reading, const DialogueQuery& query) 
     using enum CellForm;
     std::vector<Shown> chosen = chosen_dialogues(reading, query);
     find_objects(reading, chosen, query.all_objects ? reading.objects.size() : named_objects);
-    Listing listing{{{"dialogue", "Dialogue", decimal},
+    Listing listing{{{"dialogue", "Dialogue", hexadecimal},
                      {"at", "At", hexadecimal},
                      {"text", "Text", words},
                      {"scripts", "Scripts", hexadecimal},
                      {"maps", "Maps", decimal},
                      {"objects", "Objects", words},
-                     {"certainty", "", words}},
+                     {"certainty", "Certainty", words}},
                     {}};
     for (Shown& shown : chosen) {
         const DialogueAt& place = reading.dialogues[static_cast<std::size_t>(shown.number)];

@@ -1,3 +1,4 @@
+#include "events/script_grid.h"
 #include "inspect/diff_parts.h"
 #include "inspect/dump.h"
 #include "inspect/field_names.h"
@@ -148,9 +149,9 @@ class FactComparison {
     }
 
     void note_owner(const std::vector<std::string_view>& words) {
-        const std::int64_t number = words.size() > 1 ? decimal_number(words[1]).value : 0;
         if (words[0] == "dialogue")
-            c_.named.emplace(OwnerKind::dialogue, number);
+            c_.named.emplace(OwnerKind::dialogue, plain_hex(words[1]).value_or(0));
+        const std::int64_t number = words.size() > 1 ? decimal_number(words[1]).value : 0;
         for (const ObjectKind kind : map_object_kinds)
             if (words.size() == 4 && words[2] == kind_name(kind))
                 c_.named.emplace(list_owner(kind), number);

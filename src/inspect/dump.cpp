@@ -161,7 +161,7 @@ class Dumper {
     }
 
     void add_dialogue(int number) {
-        const std::string key = "dialogue " + padded_number(number, 4);
+        const std::string key = "dialogue " + hex_digits(number, 3);
         const DialogueAt& dialogue = reading_.dialogues[static_cast<std::size_t>(number)];
         add(key + " location", dialogue.offset < 0 ? "none" : format_hex(dialogue.offset));
         add(key + " text", quoted(image_.at(dialogue.offset, dialogue.size - dialogue.whole)));

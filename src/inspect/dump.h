@@ -19,7 +19,7 @@ struct Fact {
 /// Hands over all that the program understands of an image, some facts at a time: all of them would
 /// take hundreds of megabytes where the image is none. Their order depends on nothing else. A
 /// stream stands once, under its number, and so do a dialogue and a command of a script. Numbers in
-/// keys are padded with zeros; those of maps, data and dialogues are decimal, offsets and items
+/// keys are padded with zeros; those of maps and data are decimal, offsets, dialogues and items
 /// hexadecimal. Rows and bytes are pairs of hexadecimal digits.
 void dump_image(const ImageReading& reading,
                 const std::function<void(const std::vector<Fact>&)>& take);

@@ -18,7 +18,7 @@ enum class CellForm {
 };
 
 struct Column {
-    const char* key;     // in JSON: lower case, "_" for a blank; never renamed
+    const char* key;     // in JSON, with "_" for "-"; lower case, never renamed
     const char* heading; // in text
     CellForm form;
 };

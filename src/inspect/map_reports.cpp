@@ -55,8 +55,8 @@ class MapRows {
 
     Listing listing() {
         using enum CellForm;
-        listing_.columns = {{"what", "", words},
-                            {"value", "Value", decimal},
+        listing_.columns = {{"what", "What", words},
+                            {"value", "Value or map", decimal},
                             {"place", "Column, row", hexadecimal},
                             {"target", "Target column, row", hexadecimal}};
         add_values();
@@ -172,12 +172,12 @@ Listing list_maps(const ImageReading& reading, const std::vector<std::string>& n
                      {"size3", "Layer3", size},
                      {"tilesets", "Tilesets", decimal},
                      {"palette", "Palette", decimal},
-                     {"location1", "At", hexadecimal},
-                     {"packed1", "Bytes", decimal},
-                     {"location2", "At", hexadecimal},
-                     {"packed2", "Bytes", decimal},
-                     {"location3", "At", hexadecimal},
-                     {"packed3", "Bytes", decimal},
+                     {"location1", "At1", hexadecimal},
+                     {"packed1", "Bytes1", decimal},
+                     {"location2", "At2", hexadecimal},
+                     {"packed2", "Bytes2", decimal},
+                     {"location3", "At3", hexadecimal},
+                     {"packed3", "Bytes3", decimal},
                      {"song", "Song", decimal},
                      {"npcs", "NPCs", decimal},
                      {"chests", "Chests", decimal},

@@ -26,5 +26,8 @@ enum class OwnerKind {
 constexpr OwnerKind list_owner(ObjectKind kind) {
     return static_cast<OwnerKind>(static_cast<int>(OwnerKind::npcs) + static_cast<int>(kind));
 }
+constexpr bool is_list(OwnerKind kind) {
+    return kind >= OwnerKind::npcs && kind <= OwnerKind::long_entrances;
+}
 
 } // namespace veldrune::inspect

@@ -78,7 +78,7 @@ constexpr std::string_view names[] = {
     "entrances of map #",
     "long entrances of map #",
     "script @",
-    "dialogue #",
+    "dialogue @",
 };
 
 class Collector {

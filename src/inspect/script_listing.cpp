@@ -41,7 +41,7 @@ std::vector<Column> script_columns(bool with_bytes) {
                                    {"value", "Value", words},
                                    {"argument", "Argument", words},
                                    {"explanation", "Explanation", words},
-                                   {"certainty", "", words}});
+                                   {"certainty", "Certainty", words}});
     return columns;
 }
 
@@ -55,7 +55,7 @@ Listing list_scripts(const ImageReading& reading) {
                      {"objects", "From objects", decimal},
                      {"jumps", "From commands", decimal},
                      {"goes_on_at", "Goes on at", hexadecimal},
-                     {"certainty", "", words}},
+                     {"certainty", "Certainty", words}},
                     {}};
     for (const WalkedScript& script : reading.scripts.scripts) {
         const auto pointers = reading.scripts.pointers_to(script.offset);

@@ -52,7 +52,7 @@ void visit_changes(const ImageReading& reading, const auto& visit) {
 
 Listing list_tile_uses(const ImageReading& reading, std::uint8_t tile, int formation_set) {
     using enum CellForm;
-    Listing listing{{{"what", "", words},
+    Listing listing{{{"what", "What", words},
                      {"map", "Map", decimal},
                      {"layer", "Layer", decimal},
                      {"cells", "Cells", decimal},
@@ -60,7 +60,7 @@ Listing list_tile_uses(const ImageReading& reading, std::uint8_t tile, int forma
                      {"row", "Row", hexadecimal},
                      {"script", "Script", hexadecimal},
                      {"at", "At", hexadecimal},
-                     {"certainty", "", words}},
+                     {"certainty", "Certainty", words}},
                     {}};
     for (const LayerTiles& layer : layers_with(reading, formation_set)) {
         const auto cells = std::ranges::count(layer.tiles, tile);
@@ -104,7 +104,7 @@ Listing list_tiles(const ImageReading& reading, int formation_set, bool unused) 
     Listing listing{{{"tile", "Tile", hexadecimal},
                      {"cells", "Cells", decimal},
                      {"maps", "Maps", decimal},
-                     {"commands", "Perhaps by commands", decimal}},
+                     {"commands", "Commands, perhaps", decimal}},
                     {}};
     for (std::size_t tile = 0; tile < cells.size(); ++tile)
         if (!unused || cells[tile] == 0)

@@ -140,13 +140,13 @@ class Search {
             for (const WalkedCommand& command : reading_.scripts.commands_of(script))
                 if (may_refer(command))
                     find_in(script, command);
-        Listing listing{{{"what", "", words},
+        Listing listing{{{"what", "What", words},
                          {"map", "Map", decimal},
                          {"number", "Number", decimal},
                          {"script", "Script", hexadecimal},
                          {"at", "At", hexadecimal},
-                         {"how", "", words},
-                         {"certainty", "", words}},
+                         {"how", "How", words},
+                         {"certainty", "Certainty", words}},
                         std::move(sure_)};
         std::ranges::move(perhaps_, std::back_inserter(listing.rows));
         return listing;

@@ -2,6 +2,7 @@
 
 #include "cli/json_output.h"
 #include "cli/number_argument.h"
+#include "cli/text_output.h"
 #include "support/editor_fixture.h"
 #include "support/shell.h"
 
@@ -72,9 +73,9 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
         {"inspect scripts a.smc", 0, "sure"},
         {"inspect script a.smc A0210 --bytes", 0, "Explanation"},
         {"inspect script a.smc 300300", 2, ""},
-        {"inspect dialogue a.smc 0x3", 0, "Dialogue"},
+        {"inspect dialogue a.smc 63A", 0, "     63A  "},
         {"inspect dialogue a.smc --find 'a BED for'", 0, "\n                 > Yes, please."},
-        {"inspect dialogue a.smc 3327", 2, ""},
+        {"inspect dialogue a.smc CFF", 2, ""},
         {"inspect uses --help", 0, "command B7"},
         {"inspect uses a.smc flag 1EE0:5", 0, "sure"},
         {"inspect uses a.smc flag 1F:3", 0, "chest"},
@@ -93,6 +94,9 @@ TEST_F(Program, EndsWithTheCodeAndTheOutputOfEachCase) {
         {"inspect room \xFF.smc --for 9", 1, ""},
         {"inspect room a.smc --for 9002", 2, ""},
         {"inspect room a.smc --world", 2, ""},
+        {"inspect check a.smc --strict --against ''", 2, ""},
+        {"inspect dialogue a.smc --find zzzz", 0, "Nothing found."},
+        {"inspect none; grep '\"none\" is no command' err && : > err", 0, "none"},
         {"inspect", 2, ""},
         {"inspect maps", 2, ""},
         {"inspect maps none.smc", 2, ""},
@@ -169,6 +173,28 @@ TEST(Numbers, AreReadInTheStyleOfTheirPlace) {
         EXPECT_EQ(cli::parse_number(row.text, NumberStyle::hexadecimal), row.hexadecimal)
             << row.text;
     }
+}
+
+TEST(Text, AlignsColumnsAndBreaksLongCells) {
+    using enum inspect::CellForm;
+    const std::vector<std::int64_t> maps{1, 22};
+    const std::vector<std::int64_t> many(21, 5);
+    const std::vector<std::int64_t> sides{16, 8};
+    const auto gap = [](std::size_t blanks) { return std::string(blanks, ' '); };
+    const std::string fives = "  5 5 5 5 5 5 5 5 5 5 5 5 5 5 5 5 5 5 5 5";
+    EXPECT_EQ(cli::text_of({{{"a", "Name", words},
+                             {"b", "Count", decimal},
+                             {"c", "Maps", decimal},
+                             {"d", "Size", size},
+                             {"e", "At", hexadecimal}},
+                            {{"one", 7, maps, sides, 0x1F},
+                             {"t\xC3\xA4o\r\n> lines", 123456, many, {}, {}},
+                             {std::string(90, 'w'), 1, {}, {}, 2}}}),
+              "Name" + gap(78) + " Count  Maps" + gap(35) + "  Size  At\n" + //
+                  "one" + gap(84) + "7  1 22" + gap(35) + "  16x8  1F\n" +   //
+                  "t\xC3\xA4o" + gap(79) + "123456" + fives + "\n" +         //
+                  "> lines" + gap(83) + "5\n" +                              //
+                  std::string(90, 'w') + "       1" + gap(50) + "2\n");
 }
 
 TEST(Json, KeepsAnyBytesOfAText) {

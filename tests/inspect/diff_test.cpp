@@ -193,7 +193,7 @@ std::vector<Named> expand(Editor& editor, Random&) {
 std::vector<Named> patch(Editor& editor, Random&) {
     apply_dialogue_patch(editor.s);
     return {{"image", "size"},      {"dialogue-routine", "entry 0"}, {"patch-marks", "entry 0"},
-            {"dialogue table", ""}, {"dialogue 1591", "location"},   {"dialogue 1591", "text"}};
+            {"dialogue table", ""}, {"dialogue 637", "location"},    {"dialogue 637", "text"}};
 }
 
 void expect_named(Edit edit, unsigned seed) {
