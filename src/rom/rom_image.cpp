@@ -29,6 +29,8 @@ const char* RomImage::why_not_open(const std::string& path) const {
     case NameStatus::other:
         return "what is there is no regular file";
     default:
+        if (there.held)
+            return "another program has the file there open";
         return there.writable ? "the system refuses it" : "the file there can't be written";
     }
 }

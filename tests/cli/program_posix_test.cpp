@@ -1,13 +1,11 @@
-// The program as a process, and how it reads and writes its texts.
+// The program as a process, through a shell.
 
-#include "cli/json_output.h"
-#include "cli/number_argument.h"
+#include "support/disk_folder.h"
 #include "support/editor_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
@@ -18,14 +16,13 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Program : testing::Test {
-    fs::path folder = fs::temp_directory_path() / ("veldrune-inspect-" + std::to_string(getpid()));
+    const DiskFolder disk_folder;
+    const fs::path& folder = disk_folder.path;
 
-    void SetUp() override {
-        fs::create_directory(folder);
+    Program() {
         write("a.smc", {demo_bytes().begin(), demo_bytes().end()});
         write("\xFF.smc", "");
     }
-    void TearDown() override { fs::remove_all(folder); }
 
     void write(const std::string& name, const std::string& bytes) const {
         std::ofstream(folder / name, std::ios::binary) << bytes;
@@ -124,39 +121,6 @@ TEST_F(Program, ShowsADifferenceAndDrawsItBeforeAndAfter) {
     EXPECT_EQ(run("cd out && ls").out, "world-dawn-after.png\nworld-dawn-before.png\n");
     const auto json = nlohmann::json::parse(run("inspect diff --json a.smc b.smc").out);
     EXPECT_EQ(json["findings"].back()["what"], "song");
-}
-
-TEST(Numbers, AreReadInTheStyleOfTheirPlace) {
-    using cli::NumberStyle;
-    const struct {
-        const char* text;
-        std::optional<std::int64_t> decimal, hexadecimal;
-    } rows[] = {
-        {"17", 17, 0x17}, {"0x1f", 0x1F, 0x1F}, {"1F", {}, 0x1F},       {"", {}, {}},
-        {"0x", {}, {}},   {"-1", {}, {}},       {"0x-1", {}, {}},       {"1 ", {}, {}},
-        {"+1", {}, {}},   {"0X10", 16, 16},     {"4294967296", {}, {}},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(cli::parse_number(row.text, NumberStyle::decimal), row.decimal) << row.text;
-        EXPECT_EQ(cli::parse_number(row.text, NumberStyle::hexadecimal), row.hexadecimal)
-            << row.text;
-    }
-}
-
-TEST(Json, KeepsAnyBytesOfAText) {
-    const struct {
-        std::string bytes, text;
-    } rows[] = {
-        {"a\\\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", "a\\\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"},
-        {"\xFFz", "\uEFFFz"},
-        {"\xC3", "\uEFC3"},                     // cut
-        {"\xC0\x80", "\uEFC0\uEF80"},           // longer than needed
-        {"\xED\xA0\x80", "\uEFED\uEFA0\uEF80"}, // half of a pair
-        {"\xF4\x90\x80\x80", "\uEFF4\uEF90\uEF80\uEF80"},
-        {"\uEF80", "\uEFEE\uEFBE\uEF80"}, // stands for a byte itself
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(cli::utf8_text(row.bytes), row.text);
 }
 
 } // namespace
