@@ -6,6 +6,7 @@
 #   sanitize  all tests under the address and undefined-behaviour sanitizers
 #   tidy      static analysis, after the stage clang
 #   package   Debian's package, installed, tried and purged
+#   windows   all tests but those of the windows, cross-compiled and run under Wine
 # Usage: ./test.sh [--no-install] [STAGE ...]
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -43,8 +44,13 @@ stage_package() {
     as_root tools/debian/try_package build/package/veldrune_*.deb build/demo.smc
 }
 
+stage_windows() {
+    tools/windows/build --core
+    tools/windows/test --core
+}
+
 stages=("$@")
-[ $# -gt 0 ] || stages=(style release clang sanitize tidy package)
+[ $# -gt 0 ] || stages=(style release clang sanitize tidy package windows)
 for stage in "${stages[@]}"; do
     echo "== $stage =="
     started=$SECONDS

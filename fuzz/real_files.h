@@ -1,38 +1,12 @@
 #pragma once
 
+#include "support/disk_folder.h"
 #include "support/editor_fixture.h"
 
-#include <cerrno>
-#include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <stdlib.h>
 #include <string>
-#include <system_error>
 
 namespace veldrune::test {
-
-/// A fresh folder of the real disk, which goes with the test.
-struct Folder {
-    std::filesystem::path path;
-    Folder() {
-        std::string name = std::filesystem::temp_directory_path() / "veldrune-test-XXXXXX";
-        if (!::mkdtemp(name.data()))
-            throw std::system_error(errno, std::generic_category(), name);
-        path = name;
-    }
-    ~Folder() {
-        std::error_code failed;
-        std::filesystem::remove_all(path, failed);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    std::string file(const std::string& name) const { return path / name; }
-    std::size_t file_count() const {
-        return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(path), {}));
-    }
-};
 
 /// What a file holds; nothing if it is not there.
 inline Bytes contents(const std::string& path) {
@@ -50,7 +24,7 @@ inline void put_contents(const std::string& path, const Bytes& bytes) {
 
 /// An editor on the real disk, with the demo image open as a.smc in a folder of its own.
 struct RealEditor {
-    Folder folder;
+    DiskFolder folder;
     std::string image = folder.file("a.smc");
     std::unique_ptr<FileLayer> disk = make_disk();
     ScriptedDialogs dialogs;

@@ -34,6 +34,7 @@ std::string complaint(const CLI::App* app, const CLI::Error& error) {
 std::vector<DeclaredCommand> declare_commands(CLI::App& app) {
     app.failure_message(complaint);
     app.name("veldrune-inspect");
+    app.allow_windows_style_options(false); // a word that begins with "/" is a name everywhere
     app.description("Says what is in a ROM image, and changes nothing in it.");
     app.footer(notes);
     app.require_subcommand(1);

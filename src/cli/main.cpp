@@ -1,19 +1,24 @@
 #include "cli/commands.h"
+#include "cli/console.h"
 #include "cli/standard_output.h"
 
-#include <csignal>
+#include <algorithm>
 #include <cstdio>
 #include <new>
 #include <sstream>
+#include <utility>
 
 namespace veldrune::cli {
 namespace {
 
-int run(int argc, char** argv) {
+int run(std::vector<std::string> words) {
     CLI::App app;
     const std::vector<DeclaredCommand> commands = declare_commands(app);
     try {
-        app.parse(argc, argv);
+        std::ranges::reverse(words); // as the parser takes them, the program's name left out
+        if (!words.empty())
+            words.pop_back();
+        app.parse(std::move(words));
     } catch (const CLI::ParseError& stop) { // --help ends this way too
         std::ostringstream out, errors;
         const int code = app.exit(stop, out, errors);
@@ -37,11 +42,9 @@ int fail(const std::string& message) {
 
 int main(int argc, char** argv) {
     using namespace veldrune::cli;
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN); // a write to nobody then fails like any other
-#endif
+    prepare_console();
     try {
-        return run(argc, argv);
+        return run(veldrune::command_line(argc, argv));
     } catch (const ReaderGone&) {
         return fine;
     } catch (const Failure& failure) {

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "inspect/map_reports.h"
+#include "rom/native_path.h"
 #include "rom/rom_layout.h"
 
 #include <fstream>
@@ -9,7 +10,7 @@ namespace veldrune::cli {
 namespace {
 
 std::vector<std::string> read_names(const std::string& path) {
-    std::ifstream file(path);
+    std::ifstream file(native_path(path));
     std::vector<std::string> names;
     for (std::string line; std::getline(file, line);) {
         if (line.ends_with('\r'))

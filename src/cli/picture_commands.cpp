@@ -3,6 +3,7 @@
 #include "cli/png_output.h"
 #include "cli/standard_output.h"
 #include "inspect/share_out.h"
+#include "rom/native_path.h"
 
 #include <filesystem>
 #include <memory>
@@ -172,8 +173,8 @@ PictureSize put_picture(MapPainter& painter, int picture, const std::string& pat
 
 std::string make_folder(const std::string& path) {
     std::error_code error;
-    std::filesystem::create_directories(path, error);
-    if (!std::filesystem::is_directory(path, error))
+    std::filesystem::create_directories(native_path(path), error);
+    if (!std::filesystem::is_directory(native_path(path), error))
         throw Failure("Making the folder " + path + " failed.");
     return path + '/';
 }

@@ -5,13 +5,15 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace veldrune {
 
 /// Identifies a file independently of its names.
 struct FileIdentity {
     std::uint64_t device = 0;
-    std::uint64_t number = 0;
+    std::uint64_t number = 0; // on that device, the low 64 bits of it
+    std::uint64_t number_above = 0;
     bool operator==(const FileIdentity&) const = default;
 };
 
@@ -22,13 +24,14 @@ enum class Answer { yes, no, unknown };
 struct NameStatus {
     enum Kind { nothing, lost_link, regular_file, other } kind = nothing;
     bool writable = false;
-    unsigned permissions = 0; // as the system has them
+    unsigned permissions = 0; // as the system has them, 0 where it has no such bits
+    bool held = false;        // another program keeps it from being written or replaced
 };
 
 struct FileStatus {
     FileIdentity identity;
     std::int64_t size = 0;    // bytes
-    unsigned permissions = 0; // the low nine bits of the system's file mode
+    unsigned permissions = 0; // the low nine bits of a file mode, 0 where there is none
 };
 
 /// One open file. Closed when destroyed. Offsets are 0-based bytes.
@@ -81,7 +84,16 @@ class FileLayer {
 };
 
 /// The real disk. Every access goes straight to the operating system.
+/// Names are UTF-8 on a system whose own are texts.
 std::unique_ptr<FileLayer> make_disk();
+
+/// The words of the command line, the program's name first, from main's arguments or where the
+/// system has them whole. Names among them are as FileLayer takes them.
+std::vector<std::string> command_line(int count, char** words);
+
+/// Why what a name leads to can't be written, for the user; null where it can, or where the name
+/// leads to nothing.
+const char* why_not_written(const NameStatus& status);
 
 /// Copies an open file to path, or to what a link there leads to. The copy is made under a
 /// temporary name in the same folder and renamed when it is whole and on the disk, so that a

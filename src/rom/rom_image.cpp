@@ -21,16 +21,10 @@ bool RomImage::open(const std::string& path) {
 
 const char* RomImage::why_not_open(const std::string& path) const {
     const NameStatus there = files_.status_of(path);
-    switch (there.kind) {
-    case NameStatus::nothing:
+    if (there.kind == NameStatus::nothing)
         return "no file can be reached there";
-    case NameStatus::lost_link:
-        return "the link there leads to nothing";
-    case NameStatus::other:
-        return "what is there is no regular file";
-    default:
-        return there.writable ? "the system refuses it" : "the file there can't be written";
-    }
+    const char* const why = why_not_written(there);
+    return why ? why : "the system refuses it";
 }
 
 std::optional<std::int64_t> RomImage::size() const {

@@ -33,6 +33,8 @@ TEST(MemoryImage, IsReadFromAFileThatNobodyMayWrite) {
     EXPECT_EQ(image.bytes, hex_bytes("01 02 03"));
     EXPECT_FALSE(disk->open_to_read(path.string())->write_at(0, image.bytes));
     EXPECT_EQ(MemoryRom(image).rom().read_word(2), 0xFF03);
+    std::filesystem::permissions(path,
+                                 std::filesystem::perms::owner_all); // or some can't remove it
     std::filesystem::remove(path);
     EXPECT_NE(read_image(*disk, path.string(), image), std::nullopt);
 }

@@ -32,9 +32,8 @@ std::string words(const QStringList& arguments, const QStringList& left_out = {}
     program.setProcessEnvironment(environment);
     program.start(VELDRUNE_PROGRAM, arguments);
     program.waitForFinished();
-    return std::to_string(program.exitCode()) + " " +
-           program.readAllStandardOutput().toStdString() +
-           program.readAllStandardError().toStdString();
+    QByteArray said = program.readAllStandardOutput() + program.readAllStandardError();
+    return std::to_string(program.exitCode()) + " " + said.replace("\r\n", "\n").toStdString();
 }
 
 TEST(Program, AnswersOnTheCommandLine) {
@@ -61,7 +60,7 @@ TEST(Program, SaysThatAnImageCantBeOpenedAndGoesOn) {
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
             said += program.readAllStandardError();
-            return said.contains("veldrune: /no/x.smc can't be opened");
+            return said.contains("/no/x.smc can't be opened");
         },
         30000));
     EXPECT_EQ(program.state(), QProcess::Running);

@@ -1,0 +1,13 @@
+# Compiles on Debian for Windows. Besides what the compiler brings, only what tools/windows/build has put
+# into its prefix is seen.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+cmake_path(SET windows_prefix NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../../build/windows/prefix")
+set(CMAKE_FIND_ROOT_PATH "${windows_prefix}" /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
