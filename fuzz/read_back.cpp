@@ -101,7 +101,7 @@ constexpr std::span<const ObjectField> object_fields[] = {npc_fields, chest_fiel
                                                           entrance_fields, long_fields};
 
 bool is_plain(const Form10& form, const ObjectField& field) {
-    const bool script = field.limit > 0x10000 || field.limit == 0xE0200;
+    const bool script = field.limit > 0x10000;
     return is_plain(form.*field.text, true, field.limit) &&
            (!script || hex_in(form.*field.text) >= 0xA0200);
 }

@@ -161,10 +161,13 @@ TEST(RealFiles, WhatCannotBeAnImageIsNeitherOpenedNorReplaced) {
         EXPECT_TRUE(editor.dialogs.silent() && editor.s.rom.path() == editor.image);
         editor.dialogs.file_names = {path};
         save_as(editor.s);
-        EXPECT_EQ(editor.dialogs.messages,
-                  (Messages{{"The image could not be copied to " + path + why + ". " +
-                                 editor.image + " is still open.",
-                             "Error"}}));
+        const std::string told = std::string("The image could not be copied to ")
+                                     .append(path)
+                                     .append(why)
+                                     .append(". ")
+                                     .append(editor.image)
+                                     .append(" is still open.");
+        EXPECT_EQ(editor.dialogs.messages, (Messages{{told, "Error"}}));
         EXPECT_EQ(editor.folder.file_count(), count);
     }
     EXPECT_EQ(contents(name("read-only")), Bytes{1});
