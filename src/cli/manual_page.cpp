@@ -43,9 +43,11 @@ std::string commands(const CLI::App& app, const std::string& program, const std:
     std::string page;
     for (const CLI::App* command : app.get_subcommands({})) {
         const std::string name = path + command->get_name();
-        page += ".SS " + escaped(name) + '\n' + escaped(command->get_description()) + ".\n" +
-                usage(*command, program + ' ' + name) + options(*command) +
-                lines(command->get_footer()) + commands(*command, program, name + ' ');
+        page.append(".SS ").append(escaped(name)).append("\n");
+        page.append(escaped(command->get_description())).append(".\n");
+        page += usage(*command, std::string(program).append(" ").append(name));
+        page += options(*command) + lines(command->get_footer());
+        page += commands(*command, program, std::string(name).append(" "));
     }
     return page;
 }
@@ -53,7 +55,7 @@ std::string commands(const CLI::App& app, const std::string& program, const std:
 } // namespace
 
 std::string manual_page(const CLI::App& app) {
-    const std::string name = app.get_name();
+    const std::string& name = app.get_name();
     return ".TH VELDRUNE\\-INSPECT 1 \"\" \"Veldrune Map Editor\"\n.SH NAME\n" + escaped(name) +
            " \\- what is in a ROM image\n.SH SYNOPSIS\n" + usage(app, name) + ".SH DESCRIPTION\n" +
            escaped(app.get_description()) + '\n' + lines(app.get_footer()) + ".SH OPTIONS\n" +

@@ -98,7 +98,7 @@ std::optional<std::string> copy_file(FileLayer& files, File& from, const std::st
     if (!status)
         return "";
     const std::string to = files.target_of(path);
-    const auto failure = replace_file(files, path, status->permissions, [&](File& part) {
+    auto failure = replace_file(files, path, status->permissions, [&](File& part) {
         return copy_bytes(from, status->size, part) && part.flush();
     });
     if (failure || files.flush_folder(to))
