@@ -26,10 +26,10 @@ std::vector<Cell> difference_row(const Difference& finding) {
 
 std::string difference_line(const Difference& finding) {
     const auto value = [](const std::string& text) { return text.empty() ? "nothing" : text; };
-    const std::string line = finding.thing + ": " + finding.what;
-    if (finding.before.empty() && finding.after.empty())
-        return line;
-    return line + ": " + value(finding.before) + " -> " + value(finding.after);
+    std::string line = finding.thing + ": " + finding.what;
+    if (!finding.before.empty() || !finding.after.empty())
+        line.append(": ").append(value(finding.before)).append(" -> ").append(value(finding.after));
+    return line;
 }
 
 } // namespace veldrune::inspect

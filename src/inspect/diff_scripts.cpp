@@ -110,16 +110,14 @@ std::vector<Match> find_matches(Rows a, Rows b) {
     return matches;
 }
 
-void report_row(Comparison& c, const Row* before, const Row* after) {
-    const Row& row = before != nullptr ? *before : *after;
-    c.add("script " + format_hex(row.script), "row at " + format_hex(row.offset),
-          before != nullptr ? row_text(*before) : "", after != nullptr ? row_text(*after) : "");
-}
-
 // The rows of either side alone, next to each other.
 void report_rows(Comparison& c, Rows a, Rows b) {
-    for (std::size_t i = 0; i < std::max(a.size(), b.size()); ++i)
-        report_row(c, i < a.size() ? &a[i] : nullptr, i < b.size() ? &b[i] : nullptr);
+    for (std::size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
+        const bool in_a = i < a.size(), in_b = i < b.size();
+        const Row& row = in_a ? a[i] : b[i];
+        c.add("script " + format_hex(row.script), "row at " + format_hex(row.offset),
+              in_a ? row_text(a[i]) : "", in_b ? row_text(b[i]) : "");
+    }
 }
 
 void compare_rows(Comparison& c, Rows a, Rows b) {
