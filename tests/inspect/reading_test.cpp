@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <set>
 
 namespace veldrune::inspect {
@@ -73,8 +75,9 @@ std::string walked(const test::Bytes& bytes, const std::vector<int>& roots) {
     MemoryImage image{"a.smc", {}};
     test::put_bytes(image.bytes, base, bytes);
     std::vector<ScriptRoot> all;
-    for (const int root : roots)
-        all.push_back({base + root, 0});
+    std::ranges::transform(roots, std::back_inserter(all), [](int root) {
+        return ScriptRoot{base + root, 0};
+    });
     const ScriptWalk walk = walk_scripts(image, false, all);
     std::string text;
     for (const WalkedScript& script : walk.scripts) {

@@ -31,7 +31,7 @@ const ImageReading& demo_reading() {
 }
 
 // The cells of these columns, less blank ones, with blanks between them; a line a row.
-std::string text_of(const Listing& listing, std::set<std::string> keys) {
+std::string text_of(const Listing& listing, const std::set<std::string>& keys) {
     std::string text;
     for (const std::vector<Cell>& row : listing.rows) {
         std::string line;
