@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, after saying what, and runs every check, or only the stages that are named:
+# Installs what is missing, after saying what, and runs every stage but the last, or those that are named:
 #   style     the layers of the includes, the formatting
 #   release   all tests, built by GCC
 #   clang     all tests, built by Clang
@@ -50,7 +50,7 @@ stage_windows() {
 }
 
 stages=("$@")
-[ $# -gt 0 ] || stages=(style release clang sanitize tidy package windows)
+[ $# -gt 0 ] || stages=(style release clang sanitize tidy package)
 for stage in "${stages[@]}"; do
     echo "== $stage =="
     started=$SECONDS

@@ -39,7 +39,7 @@ enum class Way { hands, screen_reader };
 bool enter(const WindowDriver& works, const Field& field, Way way) {
     const QStringList controls = field.controls.split(' ');
     const bool first_is_pressed = controls.size() > 1 && works.is_checked(controls[0]);
-    const QString control = controls[first_is_pressed ? 1 : 0];
+    const QString& control = controls[first_is_pressed ? 1 : 0];
     QWidget& widget = works.find(control);
     if (field.only_shown || !widget.isVisible() || !widget.isEnabled())
         return false;

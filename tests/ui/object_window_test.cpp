@@ -72,13 +72,14 @@ TEST_F(ObjectWindowTest, TheTabsCaptionTheirFields) {
     const std::string place = "Map X=Text1, Map Y=Text2, ";
     const std::string way = place + "Map Index=Text4, Destination Y=Text5, Entrance Width=Text6, "
                                     "Destination X=Text7";
-    const std::string shown[] = {
+    const std::string npc =
         "Event=Text1, Palette=Text2, Byte:Bit=Text4, Facing=Combo2, X Pos=Text5, Y Pos=Text6, "
         "Sprite=Text7, Vehicle=Combo1, Speed=Combo3, Movement=Combo4, Walk Over, Walk Under, Turn "
-        "to Talk",
+        "to Talk";
+    const std::string chest =
         "X Pos=Text1, Y Pos=Text2, Byte:Bit=Text4, Contents=Combo2, Empty, Unknown, "
-        "Monster in a Box, Item, GP, Byte Flag",
-        place + "Event Pointer=Text4", way, way};
+        "Monster in a Box, Item, GP, Byte Flag";
+    const std::string shown[] = {npc, chest, place + "Event Pointer=Text4", way, way};
     EXPECT_EQ(visible_window("Form10")->windowTitle(), "Object Info");
     click_tile(5, 8); // an entrance
     EXPECT_EQ(state->form10.TabStrip1, 3);
