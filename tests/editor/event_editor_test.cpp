@@ -84,7 +84,8 @@ TEST(EventEditor, AListThatALoadWouldReadOtherwiseAsksBeforeThePlace) {
         editor.act("save");
         put_bytes(image, 0x40000, editor.encode().bytes);
         EXPECT_EQ(editor.image(), image);
-        EXPECT_EQ(editor.dialogs.asked(), row == 0 ? place + place : list + list + place) << steps;
+        const std::string twice = std::string(list).append(list).append(place);
+        EXPECT_EQ(editor.dialogs.asked(), row == 0 ? place + place : twice) << steps;
     }
     for (const int refused : {1, 2}) { // the dialogue's entry, its text
         ScriptEditor editor(lists);
