@@ -89,7 +89,7 @@ TEST(Expansion, NamesOnlyTheMapsThatItWouldOverwrite) {
         put_word(image, 0x300300, 1);
         put_word(image, 0x19CF90, static_cast<std::size_t>(place - 0x19D3B0) & 0xFFFF);
         image[0x19CF92] = static_cast<std::uint8_t>((place - 0x19D3B0) >> 16);
-        Editor editor(std::move(image));
+        Editor editor(image);
         run(editor);
         EXPECT_EQ(editor.dialogs.questions.at(0).find("moved maps") != std::string::npos, named);
     }
