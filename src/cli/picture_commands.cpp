@@ -22,7 +22,7 @@ struct Options : ReportOptions {
 
 int read_what(const std::string& text) {
     for (const World world : {World::dawn, World::dusk})
-        if (text == (world == World::dawn ? "dawn" : "dusk"))
+        if (picture_name(picture_of(world)) == "world-" + text)
             return picture_of(world);
     const auto number = parse_number(text, NumberStyle::decimal);
     if (!number || *number >= rom_layout::map_count)

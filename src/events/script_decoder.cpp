@@ -1,7 +1,6 @@
 #include "events/script_decoder.h"
 
 #include "dialogue/dialogue_text.h"
-#include "events/row_bytes.h"
 #include "events/script_reader.h"
 #include "rom/number_text.h"
 #include "rom/patch_marks.h"
@@ -28,30 +27,30 @@ class Decoder {
             ScriptGrid& grid)
         : rom_(rom), dialogue_patched_(dialogue_patched), bytes_(bytes), grid_(grid) {}
 
-    // The bytes that make up the script, and whether its end is among them.
     struct Decoded {
-        std::size_t length;
-        bool whole;
+        std::size_t length = 0; // of the bytes that make up the script
+        bool whole = false;     // its end is among them
+        std::vector<RowBytes> rows;
     };
     Decoded decode() {
-        std::size_t index = 0;
-        while (index < bytes_.size()) {
-            const std::span<const std::uint8_t> rest = bytes_.subspan(index);
+        Decoded script;
+        while (script.length < bytes_.size() && !script.whole) {
+            const std::span<const std::uint8_t> rest = bytes_.subspan(script.length);
             read_command(rest, context_, command_);
             const auto size = static_cast<std::size_t>(command_.size);
-            if (size > rest.size()) // cut: it is no command
+            if (size > rest.size()) { // cut: it is no command
+                script.length = bytes_.size();
                 break;
+            }
             for (const ScriptItem& item : command_.items) {
                 add_item(rest.subspan(static_cast<std::size_t>(item.at)), item);
-                rows_.push_back({static_cast<int>(index) + item.at, item.size});
+                script.rows.push_back({static_cast<int>(script.length) + item.at, item.size});
             }
-            index += size;
-            if (rest[0] == return_command)
-                return {index, true};
+            script.length += size;
+            script.whole = rest[0] == return_command;
         }
-        return {bytes_.size(), false};
+        return script;
     }
-    std::vector<RowBytes> rows() { return std::move(rows_); }
 
   private:
     struct ShownDialogue {
@@ -132,30 +131,17 @@ class Decoder {
     std::map<int, ShownDialogue> dialogues_;
     ScriptContext context_;
     CommandItems command_; // the present one
-    std::vector<RowBytes> rows_;
 };
 
 // Lays bytes out in the grid as the script that they begin with.
 Decoder::Decoded decode_script(const RomImage& rom, bool dialogue_patched,
-                               std::span<const std::uint8_t> bytes, ScriptGrid& grid,
-                               std::vector<RowBytes>& rows) {
+                               std::span<const std::uint8_t> bytes, ScriptGrid& grid) {
     grid = empty_script_grid();
     grid.pop_back();
     grid.reserve(bytes.size() + 2); // about a row a byte
-    Decoder decoder(rom, dialogue_patched, bytes, grid);
-    const Decoder::Decoded script = decoder.decode();
-    rows = decoder.rows();
+    Decoder::Decoded script = Decoder(rom, dialogue_patched, bytes, grid).decode();
     grid.push_back(blank_script_row());
     return script;
-}
-
-LoadedScript load_rows(const RomImage& rom, std::int64_t offset, bool dialogue_patched,
-                       ScriptGrid& grid, std::vector<RowBytes>& rows) {
-    std::array<std::uint8_t, max_script_bytes> bytes;
-    const std::size_t count = rom.read(offset, bytes);
-    const Decoder::Decoded script =
-        decode_script(rom, dialogue_patched, std::span(bytes).first(count), grid, rows);
-    return {offset, {bytes.data(), bytes.data() + script.length}, script.whole};
 }
 
 // The cell of a 0xB6 and how many offsets it holds.
@@ -181,15 +167,12 @@ std::vector<OptionList> option_lists(const ScriptGrid& grid) {
 
 LoadedScript load_script(const RomImage& rom, std::int64_t offset, bool dialogue_patched,
                          ScriptGrid& grid) {
-    std::vector<RowBytes> rows;
-    return load_rows(rom, offset, dialogue_patched, grid, rows);
-}
-
-std::vector<RowBytes> lay_out_script(const RomImage& rom, std::int64_t offset,
-                                     bool dialogue_patched, ScriptGrid& grid) {
-    std::vector<RowBytes> rows;
-    load_rows(rom, offset, dialogue_patched, grid, rows);
-    return rows;
+    std::array<std::uint8_t, max_script_bytes> bytes;
+    const std::size_t count = rom.read(offset, bytes);
+    Decoder::Decoded script =
+        decode_script(rom, dialogue_patched, std::span(bytes).first(count), grid);
+    return {
+        offset, {bytes.data(), bytes.data() + script.length}, std::move(script.rows), script.whole};
 }
 
 // Before the first list that differs the bytes hold the same commands as the grid: its partner is
@@ -201,8 +184,7 @@ std::optional<int> row_of_misread_list(const RomImage& rom, std::span<const std:
         return std::nullopt;
     const ReadWatch reads(rom);
     ScriptGrid loaded;
-    std::vector<RowBytes> rows;
-    decode_script(rom, has_dialogue_patch(rom), bytes, loaded, rows);
+    decode_script(rom, has_dialogue_patch(rom), bytes, loaded);
     const std::vector<OptionList> read = option_lists(loaded);
     const auto first =
         std::ranges::mismatch(held, read, {}, &OptionList::offsets, &OptionList::offsets).in1;

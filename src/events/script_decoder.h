@@ -4,15 +4,24 @@
 #include "rom/rom_image.h"
 
 #include <span>
+#include <vector>
 
 namespace veldrune {
 
 /// A script has at most this many bytes, the final 0xFE included.
 inline constexpr int max_script_bytes = 10001;
 
+/// Where the bytes of a row of the grid lie, from the script's first one on. Two rows that share a
+/// byte both have it.
+struct RowBytes {
+    int at;
+    int size;
+};
+
 struct LoadedScript {
     std::int64_t offset = 0;         // where it was read
     std::vector<std::uint8_t> bytes; // the final 0xFE included
+    std::vector<RowBytes> rows;      // from the grid's row 1 on
     bool whole = false;              // its end was found
     int length() const { return static_cast<int>(bytes.size()); }
 };

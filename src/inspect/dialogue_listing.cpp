@@ -97,16 +97,15 @@ Listing list_dialogues(const ImageReading& reading, const DialogueQuery& query) 
                      {"scripts", "Scripts", hexadecimal},
                      {"maps", "Maps", decimal},
                      {"objects", "Objects", words},
-                     {"certainty", "Certainty", words}},
+                     certainty_column},
                     {}};
     for (Shown& shown : chosen) {
         const DialogueAt& place = reading.dialogues[static_cast<std::size_t>(shown.number)];
-        const Cell certainty =
-            shown.scripts.empty() ? Cell() : Cell(shown.sure ? "sure" : "perhaps");
+        const Cell how_sure = shown.scripts.empty() ? Cell() : Cell(certainty(shown.sure));
         listing.rows.push_back({shown.number, place.offset < 0 ? Cell() : Cell(place.offset),
                                 query.wrapped ? wrap_dialogue(shown.letters).text : shown.letters,
                                 std::move(shown.scripts), map_numbers(shown.maps),
-                                names_of(shown, query.wrapped ? "\r\n" : ", "), certainty});
+                                names_of(shown, query.wrapped ? "\r\n" : ", "), how_sure});
     }
     return listing;
 }

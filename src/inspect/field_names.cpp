@@ -93,6 +93,10 @@ std::string object_place(const ObjectAt& object) {
            std::to_string(object.index);
 }
 
+const char* certainty(bool sure) {
+    return sure ? "sure" : "perhaps";
+}
+
 Cell record_cell(const MapProperties& record, RecordField field) {
     const std::int64_t value = record_value(record, field);
     const NumberForm form = form_of(record_row(field));

@@ -15,6 +15,10 @@ const char* kind_name(ObjectKind kind);
 /// "map 12 npc 3"
 std::string object_place(const ObjectAt& object);
 
+/// The column that says of what commands do whether it is sure, and what stands in it.
+constexpr Column certainty_column{"certainty", "Certainty", CellForm::words};
+const char* certainty(bool sure);
+
 /// A value of a record: a size in tiles, layer data by its number; hexadecimal where the window
 /// shows it so.
 Cell record_cell(const MapProperties& record, RecordField field);

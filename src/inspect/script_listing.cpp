@@ -1,7 +1,8 @@
 #include "inspect/script_listing.h"
 
-#include "events/row_bytes.h"
+#include "events/script_decoder.h"
 #include "inspect/dump.h"
+#include "inspect/field_names.h"
 #include "rom/number_text.h"
 
 #include <algorithm>
@@ -9,10 +10,6 @@
 
 namespace veldrune::inspect {
 namespace {
-
-const char* certainty(bool sure) {
-    return sure ? "sure" : "perhaps";
-}
 
 // The number in a cell of the grid, or the numbers of a list, which has lines.
 Cell value_cell(const std::string& cell) {
@@ -41,7 +38,7 @@ std::vector<Column> script_columns(bool with_bytes) {
                                    {"value", "Value", words},
                                    {"argument", "Argument", words},
                                    {"explanation", "Explanation", words},
-                                   {"certainty", "Certainty", words}});
+                                   certainty_column});
     return columns;
 }
 
@@ -55,7 +52,7 @@ Listing list_scripts(const ImageReading& reading) {
                      {"objects", "From objects", decimal},
                      {"jumps", "From commands", decimal},
                      {"goes_on_at", "Goes on at", hexadecimal},
-                     {"certainty", "Certainty", words}},
+                     certainty_column},
                     {}};
     for (const WalkedScript& script : reading.scripts.scripts) {
         const auto pointers = reading.scripts.pointers_to(script.offset);
@@ -75,7 +72,7 @@ Listing list_script(const ImageReading& reading, std::int64_t offset, bool with_
     const WalkedScript* walked = reading.scripts.script_at(offset);
     ScriptGrid grid;
     const std::vector<RowBytes> rows =
-        lay_out_script(rom.rom(), offset, reading.dialogue_patched, grid);
+        load_script(rom.rom(), offset, reading.dialogue_patched, grid).rows;
     Listing listing{script_columns(with_bytes), {}};
     bool sure = false; // of the present command
     for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "inspect/tile_uses.h"
 
+#include "inspect/field_names.h"
 #include "map/chosen_map.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ Listing list_tile_uses(const ImageReading& reading, std::uint8_t tile, int forma
                      {"row", "Row", hexadecimal},
                      {"script", "Script", hexadecimal},
                      {"at", "At", hexadecimal},
-                     {"certainty", "Certainty", words}},
+                     certainty_column},
                     {}};
     for (const LayerTiles& layer : layers_with(reading, formation_set)) {
         const auto cells = std::ranges::count(layer.tiles, tile);
@@ -74,14 +75,14 @@ Listing list_tile_uses(const ImageReading& reading, std::uint8_t tile, int forma
                                     first / layer.width,
                                     {},
                                     {},
-                                    "sure"});
+                                    certainty(true)});
     }
-    visit_changes(
-        reading, [&](const WalkedScript& script, const WalkedCommand& command, TileBytes tiles) {
-            if (const auto cells = std::ranges::count(tiles, tile); cells != 0)
-                listing.rows.push_back(
-                    {"command", {}, 1, cells, {}, {}, script.offset, command.offset, "perhaps"});
-        });
+    visit_changes(reading, [&](const WalkedScript& script, const WalkedCommand& command,
+                               TileBytes tiles) {
+        if (const auto cells = std::ranges::count(tiles, tile); cells != 0)
+            listing.rows.push_back(
+                {"command", {}, 1, cells, {}, {}, script.offset, command.offset, certainty(false)});
+    });
     return listing;
 }
 

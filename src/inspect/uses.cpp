@@ -146,7 +146,7 @@ class Search {
                          {"script", "Script", hexadecimal},
                          {"at", "At", hexadecimal},
                          {"how", "How", words},
-                         {"certainty", "Certainty", words}},
+                         certainty_column},
                         std::move(sure_)};
         std::ranges::move(perhaps_, std::back_inserter(listing.rows));
         return listing;
@@ -156,7 +156,7 @@ class Search {
     void add(Answer answer, std::vector<Cell> row) {
         if (answer == Answer::no)
             return;
-        row.push_back(answer == Answer::sure ? "sure" : "perhaps");
+        row.push_back(certainty(answer == Answer::sure));
         (answer == Answer::sure ? sure_ : perhaps_).push_back(std::move(row));
     }
 
