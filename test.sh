@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# Installs what is missing, after saying what, and runs every stage but the last, or those that are named:
+# Installs what is missing, after saying what, and runs every stage, or those that are named:
 #   style     the layers of the includes, the formatting
 #   release   all tests, built by GCC
-#   clang     all tests, built by Clang
-#   sanitize  all tests under the address and undefined-behaviour sanitizers
-#   tidy      static analysis, after the stage clang
-#   package   Debian's package, installed, tried and purged
-#   windows   all tests but those of the windows, cross-compiled and run under Wine
+#   sanitize  all tests under the address and undefined-behaviour sanitizers, built by Clang
+#   tidy      static analysis, after the stage sanitize
+#   package   Debian's package, checked, installed, tried and purged, after the stage release
+#   windows   all tests but those of the windows, cross-compiled and run under Wine, after the stage release
 # Usage: ./test.sh [--no-install] [STAGE ...]
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -28,18 +27,18 @@ build_and_test() {
 }
 
 stage_release() { build_and_test release; }
-stage_clang() { build_and_test clang clang; }
-stage_sanitize() { build_and_test sanitize; }
+stage_sanitize() { build_and_test sanitize clang libclang-rt-dev; }
 
 stage_tidy() {
     need clang-tidy
     # What it counts of warnings in the system's headers is left out.
     find "${sources[@]}" -name '*.cpp' -not -name '*_windows*' |
-        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/clang 2>/dev/null
+        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/sanitize 2>/dev/null
 }
 
 stage_package() {
     tools/debian/make_package
+    tools/debian/check_package
     build/release/bin/make_demo_image build/demo.smc >/dev/null
     as_root tools/debian/try_package build/package/veldrune_*.deb build/demo.smc
 }
@@ -50,7 +49,7 @@ stage_windows() {
 }
 
 stages=("$@")
-[ $# -gt 0 ] || stages=(style release clang sanitize tidy package)
+[ $# -gt 0 ] || stages=(style release sanitize tidy package windows)
 for stage in "${stages[@]}"; do
     echo "== $stage =="
     started=$SECONDS

@@ -1,12 +1,13 @@
 # Installs what is missing of the packages named by the caller. Sourced by the scripts that build; takes
-# --no-install out of their arguments, which then build with what is there.
+# --no-install out of their arguments, which then build with what is there. Scripts that they start hold
+# to it as well.
 
-may_install=yes
-command -v apt-get >/dev/null || may_install=no
+export VELDRUNE_INSTALL=${VELDRUNE_INSTALL:-yes}
+command -v apt-get >/dev/null || VELDRUNE_INSTALL=no
 arguments=()
 for argument in "$@"; do
     if [ "$argument" = --no-install ]; then
-        may_install=no
+        VELDRUNE_INSTALL=no
     else
         arguments+=("$argument")
     fi
@@ -18,7 +19,7 @@ as_root() {
 }
 
 need() {
-    [ "$may_install" = yes ] || return 0
+    [ "$VELDRUNE_INSTALL" = yes ] || return 0
     local missing=() package
     for package in "$@"; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
