@@ -1,4 +1,5 @@
 #include "rom/file_layer.h"
+#include "rom/native_path.h"
 
 #include <algorithm>
 #include <cstring>
@@ -308,6 +309,22 @@ class Disk : public FileLayer {
 std::unique_ptr<FileLayer> make_disk() {
     SetErrorMode(SEM_FAILCRITICALERRORS); // an empty drive fails, and opens no window of the system
     return std::make_unique<Disk>();
+}
+
+std::filesystem::path stream_path(const std::string& name) {
+    return system_name(name);
+}
+
+bool make_folder(const std::string& name) {
+    const std::wstring whole = system_name(name);
+    if (is_device(whole))
+        return false;
+    for (std::size_t end = 0; end < whole.size();) {
+        end = std::min(whole.find(L'\\', end + 1), whole.size());
+        CreateDirectoryW(whole.substr(0, end).c_str(), nullptr); // fails where there is one
+    }
+    const DWORD attributes = GetFileAttributesW(whole.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
 }
 
 std::vector<std::string> command_line(int, char**) {
