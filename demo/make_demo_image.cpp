@@ -25,7 +25,7 @@ int main(int count, char** words) {
         return 2;
     }
     const auto image = veldrune::demo::make_demo_image(seed);
-    std::ofstream file(veldrune::native_path(arguments[1]), std::ios::binary | std::ios::trunc);
+    std::ofstream file(veldrune::stream_path(arguments[1]), std::ios::binary | std::ios::trunc);
     file.write(reinterpret_cast<const char*>(image.data()),
                static_cast<std::streamsize>(image.size()));
     file.close();

@@ -24,10 +24,12 @@ bool reader_has_gone() {
 }
 
 bool errors_are_on_terminal() {
-    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
-    DWORD mode = 0;
-    return GetConsoleMode(errors, &mode) &&
-           SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    static DWORD former = 0;
+    static const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
+    static const bool are = GetConsoleMode(errors, &former) &&
+                            SetConsoleMode(errors, former | ENABLE_VIRTUAL_TERMINAL_PROCESSING) &&
+                            std::atexit([] { SetConsoleMode(errors, former); }) == 0;
+    return are;
 }
 
 } // namespace veldrune::cli

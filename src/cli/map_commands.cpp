@@ -10,7 +10,7 @@ namespace veldrune::cli {
 namespace {
 
 std::vector<std::string> read_names(const std::string& path) {
-    std::ifstream file(native_path(path));
+    std::ifstream file(stream_path(path));
     std::vector<std::string> names;
     for (std::string line; std::getline(file, line);) {
         if (line.ends_with('\r'))

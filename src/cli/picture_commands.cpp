@@ -5,7 +5,6 @@
 #include "inspect/share_out.h"
 #include "rom/native_path.h"
 
-#include <filesystem>
 #include <memory>
 #include <mutex>
 
@@ -172,9 +171,7 @@ PictureSize put_picture(MapPainter& painter, int picture, const std::string& pat
 }
 
 std::string make_folder(const std::string& path) {
-    std::error_code error;
-    std::filesystem::create_directories(native_path(path), error);
-    if (!std::filesystem::is_directory(native_path(path), error))
+    if (!veldrune::make_folder(path))
         throw Failure("Making the folder " + path + " failed.");
     return path + '/';
 }

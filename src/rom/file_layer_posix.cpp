@@ -1,4 +1,5 @@
 #include "rom/file_layer.h"
+#include "rom/native_path.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -176,6 +177,16 @@ class Disk : public FileLayer {
 std::unique_ptr<FileLayer> make_disk() {
     std::signal(SIGXFSZ, SIG_IGN); // a write beyond the greatest allowed size fails like any other
     return std::make_unique<Disk>();
+}
+
+std::filesystem::path stream_path(const std::string& name) {
+    return native_path(name);
+}
+
+bool make_folder(const std::string& name) {
+    std::error_code failed;
+    std::filesystem::create_directories(name, failed);
+    return std::filesystem::is_directory(name, failed);
 }
 
 std::vector<std::string> command_line(int count, char** words) {

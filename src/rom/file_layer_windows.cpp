@@ -1,4 +1,5 @@
 #include "rom/file_layer.h"
+#include "rom/native_path.h"
 
 #include <algorithm>
 #include <cstring>
@@ -124,8 +125,8 @@ std::optional<FileIdentity> identity_of(const Handle& file) {
 // Whether a flush that has failed may have lost something. The other errors say that the system
 // can't flush such a file.
 bool may_have_lost(DWORD error) {
-    return !is_one_of(error, {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED,
-                              ERROR_CALL_NOT_IMPLEMENTED, ERROR_WRITE_PROTECT});
+    return !is_one_of(error,
+                      {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED, ERROR_CALL_NOT_IMPLEMENTED});
 }
 
 OVERLAPPED place(std::int64_t offset) {
@@ -261,8 +262,10 @@ class Disk : public FileLayer {
             return {NameStatus::other};
         const DWORD attributes = GetFileAttributesW(name.c_str()); // of a link itself
         if (attributes == INVALID_FILE_ATTRIBUTES)
-            return {NameStatus::nothing};
+            return {is_denied() ? NameStatus::regular_file : NameStatus::nothing};
         const Handle file = look_at(name);
+        if (!file && is_denied() && !(attributes & FILE_ATTRIBUTE_DIRECTORY))
+            return {NameStatus::regular_file};
         if (!file)
             return {attributes & FILE_ATTRIBUTE_REPARSE_POINT ? NameStatus::lost_link
                                                               : NameStatus::other};
@@ -283,6 +286,9 @@ class Disk : public FileLayer {
         return is_one_of(error, {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
                                  ERROR_BAD_PATHNAME, ERROR_CANT_RESOLVE_FILENAME});
     }
+    // Whether the call that has just failed may not even look at what is there, which then counts
+    // as a file that can't be written.
+    static bool is_denied() { return GetLastError() == ERROR_ACCESS_DENIED; }
     // Why a file can't be opened so, 0 where it can.
     static DWORD access_error(const std::wstring& name, DWORD access) {
         return Handle(name, access, OPEN_EXISTING, 0) ? 0 : GetLastError();
@@ -303,6 +309,22 @@ class Disk : public FileLayer {
 std::unique_ptr<FileLayer> make_disk() {
     SetErrorMode(SEM_FAILCRITICALERRORS); // an empty drive fails, and opens no window of the system
     return std::make_unique<Disk>();
+}
+
+std::filesystem::path stream_path(const std::string& name) {
+    return system_name(name);
+}
+
+bool make_folder(const std::string& name) {
+    const std::wstring whole = system_name(name);
+    if (is_device(whole))
+        return false;
+    for (std::size_t end = 0; end < whole.size();) {
+        end = std::min(whole.find(L'\\', end + 1), whole.size());
+        CreateDirectoryW(whole.substr(0, end).c_str(), nullptr); // fails where there is one
+    }
+    const DWORD attributes = GetFileAttributesW(whole.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
 }
 
 std::vector<std::string> command_line(int, char**) {

@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QMessageBox>
 
 #include <cstdio>
 
@@ -47,6 +48,13 @@ QString fault(const Parser& parser) {
     return images == 0 ? "A map needs an image." : QString();
 }
 
+// A program without a console may have no standard error: a box says it then.
+void report(const QString& wrong) {
+    const QString line = "veldrune: " + wrong + '\n';
+    if (std::fputs(qPrintable(line), stderr) < 0 || std::fflush(stderr) != 0)
+        QMessageBox::critical(nullptr, "Veldrune Map Editor", wrong);
+}
+
 } // namespace
 
 bool answer_command_line(int& argc, char** argv) {
@@ -64,7 +72,7 @@ std::optional<CommandLine> read_command_line(const QStringList& arguments) {
     Parser parser;
     parser.parse(arguments);
     if (const QString wrong = fault(parser); !wrong.isEmpty()) {
-        std::fprintf(stderr, "veldrune: %s\n", qPrintable(wrong));
+        report(wrong);
         return std::nullopt;
     }
     const QString image = parser.positionalArguments().value(0);

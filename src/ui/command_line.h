@@ -17,7 +17,7 @@ struct CommandLine {
 bool answer_command_line(int& argc, char** argv);
 
 /// Reads the arguments that Qt has left. Nothing where they are wrong, which is reported on
-/// standard error.
+/// standard error, or in a message box where there is none.
 std::optional<CommandLine> read_command_line(const QStringList& arguments);
 
 } // namespace veldrune

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 namespace veldrune::test {
 namespace {
 
@@ -48,6 +50,17 @@ TEST(Disk, OpensNothingButRegularFiles) {
                                  "con",           "\\\\.\\pipe\\x",    "\xFF",      ""};
     for (const std::string& name : names)
         EXPECT_FALSE(disk->open(name) || disk->open_to_read(name)) << name;
+}
+
+TEST(Disk, MakesAFolderAndThoseAboveIt) {
+    const DiskFolder folder;
+    const std::unique_ptr<FileLayer> disk = make_disk();
+    const std::string inner = folder.file(std::string(100, 'a') + "/\u00e4/b"),
+                      file = inner + "/c.txt";
+    EXPECT_TRUE(make_folder(inner) && make_folder(inner + '/'));
+    EXPECT_EQ(write_file(*disk, file, Bytes{1}), std::nullopt);
+    EXPECT_EQ(std::ifstream(stream_path(file)).get(), 1);
+    EXPECT_FALSE(make_folder(file) || make_folder(file + "/d") || make_folder(""));
 }
 
 TEST(Disk, LocksAFileOnceAtATimeAndHindersNoReader) {

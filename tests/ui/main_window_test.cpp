@@ -24,7 +24,7 @@ struct TownWindowTest : WindowTest {
 };
 
 TEST_F(MainWindowTest, WithoutAnImageOnlyTheZoomMoves) {
-    EXPECT_EQ(window.windowTitle(), "Veldrune Map Editor 1.00");
+    EXPECT_EQ(window.windowTitle(), "Veldrune Map Editor " VELDRUNE_VERSION);
     EXPECT_EQ(window.windowIcon().availableSizes().size(), 4); // the embedded files
     EXPECT_FALSE(user.find("Combo1").isEnabled());
     EXPECT_EQ(user.find<QComboBox>("Combo1").itemText(413), "map 413");

@@ -38,7 +38,7 @@ std::string words(const QStringList& arguments, const QStringList& left_out = {}
 
 TEST(Program, AnswersOnTheCommandLine) {
     const QStringList display = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
-    EXPECT_EQ(words({"--version"}, display), "0 Veldrune Map Editor 1.00\n");
+    EXPECT_EQ(words({"--version"}, display), "0 Veldrune Map Editor " VELDRUNE_VERSION "\n");
     EXPECT_NE(words({"--help"}, display).find("--map <N>"), std::string::npos);
     const std::pair<QStringList, const char*> wrong[] = {
         {{"--map", "414", "x"}, "There is no map 414."},
