@@ -69,7 +69,7 @@ TEST(Program, SaysThatAnImageCantBeOpenedAndGoesOn) {
 }
 
 TEST(Program, OpensTheImageThatIsNamed) {
-    if (!fs::exists("/proc/self/fd"))
+    if (QSysInfo::kernelType() != "linux")
         GTEST_SKIP() << "the system does not list the files of a process";
     const QTemporaryDir folder;
     QFile image(folder.filePath("x.smc"));
