@@ -89,14 +89,13 @@ class AccessibilityTest : public WindowTest {
                     widget->window()->objectName() != shown)
                     continue;
                 QAccessibleInterface& control = screen_reader::on(*widget);
-                EXPECT_EQ(control.role(), role) << qPrintable(widget->objectName());
+                SCOPED_TRACE(qPrintable(widget->objectName()));
+                EXPECT_EQ(control.role(), role);
                 QAccessibleInterface& described = // a row of tabs has none of its own
                     role == QAccessible::PageTabList ? *control.child(0) : control;
-                EXPECT_NE(described.text(QAccessible::Description), "")
-                    << qPrintable(widget->objectName());
-                EXPECT_NE(name_of(control), "") << qPrintable(widget->objectName());
+                EXPECT_NE(described.text(QAccessible::Description), "");
+                EXPECT_NE(name_of(control), "");
                 EXPECT_TRUE(all.insert(name_of(control)).second) << name_of(control);
-                SCOPED_TRACE(qPrintable(widget->objectName()));
                 work(*widget);
             }
         for (QMenuBar* bar : visible_window(shown)->findChildren<QMenuBar*>())
@@ -117,22 +116,14 @@ TEST_F(AccessibilityTest, EveryControlHasItsNameRoleTipAndActions) {
     for (const char* name : {"Edit layer 1", "View layer 1", "Choose Tile", "Map picture",
                              "All tiles", "Tiles of layer 1", "Value", "Event Offset"})
         EXPECT_TRUE(all.contains(name)) << name;
-    const std::pair<ObjectKind, const char*> tabs[] = {
-        {ObjectKind::npc, "Sprite picture"},
-        {ObjectKind::chest, "Contents"},
-        {ObjectKind::event_trigger, "Event Pointer"},
-        {ObjectKind::entrance, "Destination Y"},
-        {ObjectKind::long_entrance, "Entrance Width"}};
-    for (const auto& [kind, name] : tabs) {
-        show_object(kind);
-        EXPECT_TRUE(names("Form10").contains(name)) << name;
-    }
     const WindowDriver info = driver("Form10");
-    for (int tab = 0; tab < object_tab_count; ++tab) {
+    for (int tab = 0; const char* name : {"Sprite picture", "Contents", "Event Pointer",
+                                          "Destination Y", "Entrance Width"}) {
         screen_reader::set(info.find("TabStrip1"), QString::number(tab));
-        EXPECT_EQ(state->form10.TabStrip1, tab);
+        EXPECT_EQ(state->form10.TabStrip1, tab++);
         screen_reader::set(info.find("HScroll1"), "2");
         EXPECT_EQ(info.text("Label10"), "2");
+        EXPECT_TRUE(names("Form10").contains(name)) << name;
     }
 }
 
