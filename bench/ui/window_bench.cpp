@@ -2,6 +2,7 @@
 // the map, and the Event Editor on the longest scripts.
 
 #include "demo/demo_image.h"
+#include "editor/object_window.h"
 #include "figures.h"
 #include "support/script_fixture.h"
 #include "support/window_driver.h"
@@ -95,6 +96,20 @@ class OpenMap {
         QTest::mousePress(picture_, Qt::LeftButton, {}, test::WindowDriver::on_picture(at_));
         wait(windows_.main_window());
     }
+    void open_world() {
+        run_command(*state_, Command::open_world_of_dawn);
+        show_state();
+    }
+    void open_object_window() {
+        open_object(*state_, ObjectKind::npc, 0);
+        show_state();
+    }
+    // The picture three times as large.
+    void enlarge() {
+        QWidget& window = windows_.main_window();
+        window.resize(window.sizeHint() + 2 * picture_->size());
+        wait(window);
+    }
     void scroll() {
         auto& bar = test::WindowDriver(windows_.main_window()).find<QScrollBar>("HScroll1");
         bar.setValue((bar.value() + 1) % bar.maximum());
@@ -121,6 +136,10 @@ class OpenMap {
     }
 
   private:
+    void show_state() {
+        test::WindowDriver(windows_.main_window()).click("Option4"); // any edit shows it
+        wait(windows_.main_window());
+    }
     // A window draws what has changed when it is asked to, at the latest some milliseconds later.
     static void wait(QWidget& window) {
         QCoreApplication::processEvents();
@@ -237,15 +256,36 @@ void add_window_figures(Figures& figures) {
         add(name, {Goal::worst_milliseconds, 16}, in_window<OpenMap>(prepare, step));
     };
     const auto as_it_is = [](OpenMap&) {};
+    const auto paint = [](OpenMap& map) { map.move(Qt::LeftButton, {37, 21}); };
     within_a_frame("move the mouse to another cell, to the drawn window", as_it_is,
                    [](OpenMap& map) {
                        map.move({}, {37, 21});
                    });
     within_a_frame(
         "paint a cell, from the move to the drawn window", [](OpenMap& map) { map.press(); },
+        paint);
+    within_a_frame(
+        "paint a tile of a world, from the move to the drawn window",
         [](OpenMap& map) {
-            map.move(Qt::LeftButton, {37, 21});
-        });
+            map.open_world();
+            map.press();
+        },
+        paint);
+    within_a_frame(
+        "paint a cell three times as large, from the move to the drawn window",
+        [](OpenMap& map) {
+            map.enlarge();
+            map.press();
+        },
+        paint);
+    within_a_frame(
+        "paint a cell beside all windows, from the move to the drawn window",
+        [](OpenMap& map) {
+            map.choose_tile();
+            map.open_object_window();
+            map.press();
+        },
+        paint);
     within_a_frame("scroll the map by a tile, to the drawn window", as_it_is,
                    [](OpenMap& map) { map.scroll(); });
     within_a_frame("type into a field, to the drawn window", as_it_is,

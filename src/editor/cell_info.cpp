@@ -46,6 +46,28 @@ std::string layers_text(const EditorState& state, const Cursor& cursor) {
     return text;
 }
 
+constexpr Colour opaque = 0xFF000000;
+
+// The current tile of a world, which covers all that lies below.
+Formation world_formation(const EditorState& state) {
+    const Colour* tile =
+        state.world.world_sheet.tile(static_cast<std::uint8_t>(state.form1.current_tile));
+    Formation pixels;
+    for (std::size_t pixel = 0; pixel < pixels.size(); ++pixel)
+        pixels[pixel] =
+            opaque | tile[pixel / world_tile_size * WorldSheet::side + pixel % world_tile_size];
+    return pixels;
+}
+
+// The current tile of the edit layer.
+Formation map_formation(const EditorState& state) {
+    Formation pixels = whole_formation(state.display.bitmaps, state.form1.edit_layer,
+                                       static_cast<std::uint8_t>(state.form1.current_tile));
+    for (Colour& pixel : pixels)
+        pixel |= pixel ? opaque : 0;
+    return pixels;
+}
+
 } // namespace
 
 std::string map_cell_text(const EditorState& state, int x, int y) {
@@ -64,9 +86,11 @@ std::string sheet_cell_text(int x, int y) {
     return text += " - tile " + hex_pair(cell.tile());
 }
 
-bool would_paint(const EditorState& state, int x, int y) {
-    return shows_something(state) && state.form1.tool == Tool::draw &&
-           locate_cursor(state, x, y).in_map;
+std::optional<Formation> tile_to_paint(const EditorState& state, int x, int y) {
+    if (!shows_something(state) || state.form1.tool != Tool::draw ||
+        !locate_cursor(state, x, y).in_map)
+        return std::nullopt;
+    return state.world_map_mode ? world_formation(state) : map_formation(state);
 }
 
 } // namespace veldrune

@@ -2,6 +2,7 @@
 
 #include "editor/editor_state.h"
 
+#include <optional>
 #include <string>
 
 namespace veldrune {
@@ -15,8 +16,9 @@ std::string map_cell_text(const EditorState& state, int x, int y);
 /// The pixel must be inside.
 std::string sheet_cell_text(int x, int y);
 
-/// Whether a click of the left button on pixel (x, y) of the map picture would paint the tile that
-/// Picture3 shows.
-bool would_paint(const EditorState& state, int x, int y);
+/// The pixels that a click of the left button on pixel (x, y) of the map picture would paint:
+/// colours with 0xFF in bits 24-31, and 0 where it leaves what lies below. Nothing where a click
+/// would not paint.
+std::optional<Formation> tile_to_paint(const EditorState& state, int x, int y);
 
 } // namespace veldrune

@@ -1,5 +1,6 @@
 #include "editor/field_mark.h"
 
+#include "editor/object_window.h"
 #include "rom/number_field.h"
 #include "saving/save_layers.h"
 #include "saving/save_properties.h"
@@ -7,23 +8,6 @@
 
 namespace veldrune {
 namespace {
-
-// Notes whether there was a message.
-class Listener : public SilentDialogs {
-  public:
-    bool heard = false;
-    void message(MessageKind, const std::string&, const std::string&) override { heard = true; }
-};
-
-struct ReadText {
-    int value;
-    bool is_valid; // read without a message
-};
-ReadText read_text(NumberForm form, std::string text) {
-    Listener listener;
-    const TextNumber number = parse_number_text(form, text, listener);
-    return {number.value, !listener.heard};
-}
 
 const char* fault(NumberForm form, bool is_valid) {
     if (!is_valid)
@@ -52,27 +36,37 @@ std::string map_field_mark(const EditorState& state, std::string Form1::*field) 
     const NumberForm form = text_row(field).form;
     const ReadText read = read_text(form, state.form1.*field);
     const std::optional<std::int64_t> saved = saved_number(field, state.form1.*field);
-    if (read.is_valid && saved == read.value)
+    if (read.is_valid && saved == read.number.value)
         return "";
-    if (form == NumberForm::location && saved != read.value)
-        return "No pointer reaches " + format_hex(read.value) + ": it would lead to " +
+    if (form == NumberForm::location && saved != read.number.value)
+        return "No pointer reaches " + format_hex(read.number.value) + ": it would lead to " +
                format_hex(*saved) + " instead.";
     const std::string why = fault(form, read.is_valid);
     if (saved)
         return why + "Save makes " + format_number(form, *saved) + " of it.";
-    if (read.value == 0 && sizes_a_layer(state.form1, field))
+    if (read.number.value == 0 && sizes_a_layer(state.form1, field))
         return why + "Save refuses a layer without tiles.";
     return why + "Save keeps " + number_in_record(state.map.map_properties, field) + ".";
 }
 
 std::string world_field_mark(const std::string& location) {
     const ReadText read = read_text(text_row(&Form1::Text24).form, location);
-    if (!can_name_world_at(read.value))
-        return "No pointer reaches " + format_hex(read.value) +
+    if (!can_name_world_at(read.number.value))
+        return "No pointer reaches " + format_hex(read.number.value) +
                ": Save leaves the pointer to the world map as it is.";
     return read.is_valid
                ? ""
-               : "No hexadecimal number: Save makes " + format_hex(read.value) + " of it.";
+               : "No hexadecimal number: Save makes " + format_hex(read.number.value) + " of it.";
+}
+
+std::string object_mark(NumberForm form, const PackedText& packed) {
+    if (!packed.number)
+        return "Save refuses this text.";
+    if (packed.as_typed && packed.is_valid)
+        return "";
+    const std::string number = format_number(form, *packed.number);
+    return (packed.is_valid ? "Out of range: Save makes " : "No hexadecimal number: Save makes ") +
+           number + (packed.spills ? " of it, and adds the rest to other values." : " of it.");
 }
 
 } // namespace
@@ -80,7 +74,7 @@ std::string world_field_mark(const std::string& location) {
 std::optional<std::int64_t> saved_number(std::string Form1::*field, const std::string& text) {
     if (field != &Form1::Text24)
         return saved_property(field, text);
-    const int location = read_text(text_row(field).form, text).value;
+    const int location = read_text(text_row(field).form, text).number.value;
     return can_name_world_at(location) ? std::optional(location) : std::nullopt;
 }
 
@@ -90,6 +84,21 @@ std::string field_mark(const EditorState& state, std::string Form1::*field) {
     if (field == &Form1::Text24)
         return state.world.source ? world_field_mark(state.form1.*field) : "";
     return state.map.source ? map_field_mark(state, field) : "";
+}
+
+std::string field_mark(const EditorState& state, std::string Form10::*field) {
+    const Form10& form = state.form10;
+    const NumberForm number = text_row(field).forms[static_cast<std::size_t>(form.TabStrip1)];
+    if (!state.objects.selected_object.index || !is_typed(number))
+        return "";
+    return object_mark(number, pack_text(chosen_kind(form), field, form.*field));
+}
+
+std::string offset_mark(const std::string& offset) {
+    const auto [number, is_valid] = read_text(text_row(&Form9::Text3).form, offset);
+    return is_valid ? ""
+                    : "No hexadecimal number: Enter loads the script at " +
+                          format_hex(number.value) + ".";
 }
 
 } // namespace veldrune

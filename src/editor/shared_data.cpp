@@ -25,26 +25,32 @@ std::vector<int> maps_with_data(const RomImage& rom, int number) {
     return maps;
 }
 
+// "3, 7, 12 to 40"
+std::string ranges_of(const std::vector<int>& maps) {
+    std::string text;
+    for (std::size_t first = 0, end; first < maps.size(); first = end) {
+        end = first + 1;
+        while (end < maps.size() && maps[end] == maps[end - 1] + 1)
+            ++end;
+        text += (first > 0 ? ", " : "") + std::to_string(maps[first]);
+        if (end - first > 1)
+            text += (end - first > 2 ? " to " : ", ") + std::to_string(maps[end - 1]);
+    }
+    return text;
+}
+
 } // namespace
 
 std::string sharing_maps(const RomImage& rom, const ChosenMap& map, int layer) {
-    constexpr std::size_t most_named = 8;
     if (!map.source)
         return "";
     std::vector<int> maps = maps_with_data(rom, layer_data_number(map.map_properties, layer));
     std::erase(maps, map.map_index);
     if (maps.empty())
         return "";
-    std::string text = maps.size() == 1 ? "Also map " : "Also maps ";
-    const std::size_t named = std::min(maps.size(), most_named);
-    const std::size_t others = maps.size() - named;
-    for (std::size_t i = 0; i < named; ++i) {
-        const bool last = i > 0 && i + 1 == maps.size();
-        text += (last ? " and " : i > 0 ? ", " : "") + std::to_string(maps[i]);
-    }
-    if (others > 0)
-        text += " and " + std::to_string(others) + " more";
-    return text + (maps.size() == 1 ? " has this data." : " have this data.");
+    const bool one = maps.size() == 1;
+    return (one ? "Also map " : "Also maps ") + ranges_of(maps) +
+           (one ? " has this data." : " have this data.");
 }
 
 } // namespace veldrune

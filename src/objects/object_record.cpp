@@ -138,6 +138,13 @@ std::uint32_t selected_value(const FieldRow& row, int selection) {
     return row.coding == one_hot ? 1u << selection : static_cast<std::uint32_t>(selection);
 }
 
+// What is packed for a number, which may be too wide for its bits.
+std::uint32_t value_to_pack(const FieldRow& row, std::int32_t number) {
+    const std::uint32_t value =
+        static_cast<std::uint32_t>(number) - static_cast<std::uint32_t>(row.base);
+    return row.coding == cut ? value & row.bits.mask() : value;
+}
+
 // The value in a control; nothing for an invalid text, which has been reported.
 std::optional<std::uint32_t> read_control(ObjectKind kind, const FieldRow& row, Form10& form,
                                           Dialogs& dialogs) {
@@ -147,11 +154,7 @@ std::optional<std::uint32_t> read_control(ObjectKind kind, const FieldRow& row, 
         return selected_value(row, form.**selection);
     const auto text = std::get<std::string F::*>(row.control);
     const TextNumber number = parse_number_text(text_form(kind, text), form.*text, dialogs);
-    if (!number.is_number)
-        return std::nullopt;
-    const std::uint32_t value =
-        static_cast<std::uint32_t>(number.value) - static_cast<std::uint32_t>(row.base);
-    return row.coding == cut ? value & row.bits.mask() : value;
+    return number.is_number ? std::optional(value_to_pack(row, number.value)) : std::nullopt;
 }
 
 } // namespace
@@ -180,6 +183,18 @@ std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, 
         add_bits(record, row.bits, value.value_or(0));
     }
     return valid ? std::optional(record) : std::nullopt;
+}
+
+PackedText pack_text(ObjectKind kind, std::string F::*field, const std::string& text) {
+    const auto row = std::ranges::find(fields_of(kind), ObjectControl(field), &FieldRow::control);
+    const auto [number, is_valid] = read_text(text_form(kind, field), text);
+    if (!number.is_number)
+        return {};
+    ObjectBytes record{};
+    add_bits(record, row->bits, value_to_pack(*row, number.value));
+    const std::int64_t packed = std::int64_t{read_bits(record, row->bits)} + row->base;
+    clear_bits(record, row->bits);
+    return {packed, packed == number.value, is_valid, record != ObjectBytes{}};
 }
 
 std::optional<std::int64_t> object_value(ObjectKind kind, const ObjectBytes& record,

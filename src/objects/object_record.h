@@ -42,6 +42,16 @@ void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);
 std::optional<ObjectBytes> pack_object(ObjectKind kind, const ObjectBytes& raw, Form10& form,
                                        Dialogs& dialogs);
 
+/// What a save makes of the text in a field.
+struct PackedText {
+    std::optional<std::int64_t> number; // as a load after it shows it; nothing: the text is refused
+    bool as_typed = false;              // it is what was typed
+    bool is_valid = false;              // there is no message about the text
+    bool spills = false;                // it is added to other values, too
+};
+/// The same for a field that the kind has; without messages.
+PackedText pack_text(ObjectKind kind, std::string Form10::*field, const std::string& text);
+
 /// The controls that hold another value than the record, or a text that is no number.
 std::vector<ObjectControl> differing_controls(ObjectKind kind, const ObjectBytes& record,
                                               Form10 form);

@@ -5,6 +5,13 @@
 namespace veldrune {
 namespace {
 
+// Notes whether there was a message.
+class Listener : public SilentDialogs {
+  public:
+    bool heard = false;
+    void message(MessageKind, const std::string&, const std::string&) override { heard = true; }
+};
+
 // Returns good; shows an error if it is false.
 bool require(bool good, Dialogs& dialogs, const char* message, const char* title = error_title) {
     if (!good)
@@ -69,6 +76,12 @@ TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialog
     default:
         return parse_decimal_text(text, dialogs);
     }
+}
+
+ReadText read_text(NumberForm form, std::string text) {
+    Listener listener;
+    const TextNumber number = parse_number_text(form, text, listener);
+    return {number, !listener.heard};
 }
 
 std::string format_number(NumberForm form, std::int64_t value) {

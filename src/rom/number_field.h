@@ -18,6 +18,13 @@ namespace veldrune {
 /// are left in upper case and without blanks.
 TextNumber parse_number_text(NumberForm form, std::string& text, Dialogs& dialogs);
 
+/// A text read without messages.
+struct ReadText {
+    TextNumber number;
+    bool is_valid; // there would have been no message
+};
+ReadText read_text(NumberForm form, std::string text);
+
 /// The text of a value in a form.
 std::string format_number(NumberForm form, std::int64_t value);
 

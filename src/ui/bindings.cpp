@@ -5,8 +5,10 @@
 #include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -36,6 +38,20 @@ class OncePerChoice : public QObject {
 
   private:
     bool acted_ = false;
+};
+
+// Leaves dropped files to the window, which opens them as copies. A field would take their names,
+// or the files themselves by a move, after which the source deletes them.
+class NoFiles : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        const bool refuses = event->type() == QEvent::DragEnter &&
+                             static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls();
+        if (refuses)
+            event->ignore();
+        return refuses;
+    }
 };
 
 // Shows a row, also as the one selected in the rows of a closed list.
@@ -98,6 +114,7 @@ void Bindings::show() {
 void Bindings::text(QLineEdit* field, std::string& value, const Action& on_change) {
     constexpr int longest_number = 16; // characters, in any form, with room for blanks
     field->setMaxLength(longest_number);
+    field->installEventFilter(new NoFiles(field));
     QObject::connect(field, &QLineEdit::textChanged, field,
                      [this, field, &value, on_change](const QString& text) {
                          take_change(
@@ -110,6 +127,7 @@ void Bindings::text(QLineEdit* field, std::string& value, const Action& on_chang
 }
 
 void Bindings::lines(QPlainTextEdit* field, std::string& value) {
+    field->viewport()->installEventFilter(new NoFiles(field));
     QObject::connect(field, &QPlainTextEdit::textChanged, field, [this, field, &value] {
         take_change(field, [&] { value = field->toPlainText().toStdString(); });
     });

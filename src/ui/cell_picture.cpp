@@ -100,9 +100,10 @@ void CellPicture::show_place() {
     update_marks();
     const auto at = place();
     const QString text = at ? text_at(*at) : QString();
-    if (text == accessibleDescription())
+    const QString description = text.isEmpty() ? whatsThis() : text;
+    if (description == accessibleDescription())
         return;
-    setAccessibleDescription(text);
+    setAccessibleDescription(description);
     emit place_told(text);
 }
 
@@ -125,7 +126,9 @@ void CellPicture::draw_marks(QPainter& painter, const PixelView& view) {
         const QRectF cell = view.rectangle(mark.cell);
         switch (mark.kind) {
         case MarkKind::ghost:
-            draw_ghost(painter, cell);
+            painter.setOpacity(0.5);
+            painter.drawImage(cell, mark.ghost);
+            painter.setOpacity(1);
             break;
         case MarkKind::current:
             draw_frames(painter, cell, line, {Qt::black, Qt::yellow, Qt::yellow});

@@ -2,6 +2,8 @@
 
 #include "ui/pixel_picture.h"
 
+#include <QImage>
+
 #include <optional>
 #include <vector>
 
@@ -12,8 +14,8 @@ enum class MarkKind { ghost, current, pointer, cursor };
 
 struct Mark {
     MarkKind kind;
-    QRect cell;                // in picture pixels
-    std::uint64_t version = 0; // of the ghost
+    QRect cell; // in picture pixels
+    QImage ghost = {};
     bool operator==(const Mark&) const = default;
 };
 
@@ -43,7 +45,6 @@ class CellPicture : public PixelPicture {
     /// The cursor is at an edge of the picture and was to move on by that many cells.
     virtual void leave_picture(QPoint) {}
     virtual std::vector<Mark> marks() const;
-    virtual void draw_ghost(QPainter&, QRectF) const {}
 
     /// The pixel where the user is, by whichever of pointer and cursor was moved last.
     std::optional<QPoint> place() const;

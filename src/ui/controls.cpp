@@ -53,6 +53,8 @@ QScrollBar* Controls::bar(const char* control, Qt::Orientation direction, Scroll
     widget->setObjectName(control);
     widget->setAccessibleName(direction == Qt::Horizontal ? "First column in view"
                                                           : "First row in view");
+    widget->setToolTip(direction == Qt::Horizontal ? "Scrolls the picture sideways by tiles."
+                                                   : "Scrolls the picture up and down by tiles.");
     widget->setPageStep(16);
     ScrollBar& held = state.form1.*value;
     bindings.bar(widget, held.value, held.maximum, bind_state(state, on_change));

@@ -1,6 +1,7 @@
 #include "ui/event_window.h"
 
 #include "editor/event_editor.h"
+#include "editor/field_mark.h"
 #include "editor/script_status.h"
 #include "ui/emphasis.h"
 #include "ui/menus.h"
@@ -55,6 +56,7 @@ EventWindow::EventWindow(EditorState& state, EditGate& gate)
     setObjectName("Form9");
     setWindowTitle("Event Editor");
     build_menus(*this, menu_rows, state, bindings_);
+    show_hints();
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->addLayout(make_bar());
@@ -86,6 +88,8 @@ QLayout* EventWindow::make_bar() {
         number_tip("Where the script lies in the file; Enter loads the one there.", row.form));
     offset->setFixedWidth(offset->fontMetrics().horizontalAdvance("0000000000"));
     bindings_.text(offset, state_.form9.Text3);
+    bindings_.on_show(
+        [offset, &text = state_.form9.Text3] { mark_field(offset, offset_mark(text)); });
     connect(offset, &QLineEdit::returnPressed, this,
             [this] { bindings_.edit(bind_state(state_, on_script_offset_enter)); });
     auto* label = new QLabel("Event &Offset");

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -46,14 +45,10 @@ int take_units(int& rest, int turn, int unit) {
     return units;
 }
 
-// The picture of a tile to be laid over a cell. Where it has no pixel it is clear.
-QImage half_clear(const Picture<preview_side, preview_side>& tile) {
-    QImage image(preview_side, preview_side, QImage::Format_ARGB32);
-    for (int y = 0; y < preview_side; ++y)
-        std::transform(tile.row(y), tile.row(y) + preview_side,
-                       reinterpret_cast<QRgb*>(image.scanLine(y)),
-                       [](Colour colour) { return colour ? colour | 0x80000000 : 0; });
-    return image;
+QImage image_of(const Formation& tile) {
+    constexpr int side = 16;
+    return QImage(reinterpret_cast<const uchar*>(tile.data()), side, side, QImage::Format_ARGB32)
+        .copy();
 }
 
 } // namespace
@@ -62,6 +57,9 @@ MapPicture::MapPicture(EditorState& state, const Bindings& bindings)
     : CellPicture(ScreenPicture(state.display.picture)), state_(state), bindings_(bindings) {
     setObjectName("Picture1");
     setAccessibleName("Map picture");
+    setWhatsThis(
+        "Ctrl and an arrow key move the cell cursor. Enter or Space is a left click on its "
+        "cell, Insert a right click.");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
@@ -78,14 +76,9 @@ QString MapPicture::text_at(QPoint pixel) const {
 std::vector<Mark> MapPicture::marks() const {
     std::vector<Mark> marks = CellPicture::marks();
     const auto at = place();
-    if (at && would_paint(state_, at->x(), at->y()))
-        marks.insert(marks.begin(),
-                     {MarkKind::ghost, cell_at(*at), state_.form1.Picture3.version()});
+    if (const auto tile = at ? tile_to_paint(state_, at->x(), at->y()) : std::nullopt)
+        marks.insert(marks.begin(), {MarkKind::ghost, cell_at(*at), image_of(*tile)});
     return marks;
-}
-
-void MapPicture::draw_ghost(QPainter& painter, QRectF cell) const {
-    painter.drawImage(cell, half_clear(state_.form1.Picture3));
 }
 
 void MapPicture::keyPressEvent(QKeyEvent* event) {

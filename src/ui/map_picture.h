@@ -27,7 +27,6 @@ class MapPicture : public CellPicture {
     void release_at(Qt::MouseButton button, QPoint at) override;
     void leave_picture(QPoint cells) override;
     std::vector<Mark> marks() const override;
-    void draw_ghost(QPainter& painter, QRectF cell) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "ui/object_panel.h"
 
+#include "editor/field_mark.h"
 #include "editor/object_status.h"
 #include "editor/object_window.h"
 #include "forms/object_names.h"
@@ -125,7 +126,7 @@ constexpr ButtonRow option_rows[] = {
     {"Option4", nullptr, {{}, {contents_kind_names[3], "The contents are an item."}}},
     {"Option5", nullptr, {{}, {contents_kind_names[4], "The contents are money."}}},
 };
-constexpr Tabs preview_tabs = {{"Sprite", "The sprite, six times its size."}};
+constexpr Tabs preview_tabs = {{"Sprite picture", "The sprite, six times its size."}};
 // clang-format on
 
 // Whether every text that the user types has exactly one field, with a caption on just the tabs
@@ -234,6 +235,9 @@ void add_field(const Panel& panel, const FieldRow& row) {
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its column
     panel.bindings.text(field, panel.form().*row.text, bind_state(panel.state, row.on_change));
     place_control(panel, row.place, text.control, {field, nullptr, row.tabs, text.forms, row.text});
+    panel.bindings.on_show([field, typed = row.text, &state = panel.state] {
+        mark_field(field, field_mark(state, typed));
+    });
 }
 
 // The lines of Combo2: the directions for an NPC, the items for a chest; none without a record.

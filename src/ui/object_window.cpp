@@ -49,7 +49,7 @@ QTabBar* make_tabs(EditorState& state, Bindings& bindings) {
     tabs->setAccessibleName("Kind of object");
     tabs->setExpanding(false);
     for (const char* caption : tab_captions)
-        tabs->addTab(caption);
+        tabs->setTabToolTip(tabs->addTab(caption), "Shows the map's first record of this kind.");
     const auto choose = [&state, &bindings, tabs](int tab) {
         bindings.take_change(
             tabs, [&] { state.form10.TabStrip1 = tab; }, bind_state(state, on_object_tab));
@@ -111,6 +111,7 @@ ObjectWindow::ObjectWindow(EditorState& state, EditGate& gate, const QWidget& ma
     setObjectName("Form10");
     setWindowTitle("Object Info");
     build_menus(*this, menu_rows, state, bindings_);
+    show_hints();
     build_panel();
     bindings_.show();
     bind_raise_request(state.form10.raise_requested);

@@ -11,6 +11,7 @@ namespace veldrune {
 /// A picture of packed colours in a border, which is highlighted while the widget has the focus.
 /// For assistive technology it is a graphic.
 class PixelPicture : public QWidget {
+    Q_OBJECT
   public:
     explicit PixelPicture(ScreenPicture picture);
     /// Repaints what has changed of the picture.

@@ -214,6 +214,7 @@ ScriptView::ScriptView(EditorState& state, Bindings& bindings)
       })) {
     setObjectName("grid");
     setAccessibleName("Script");
+    setAccessibleDescription("Enter or a click edits the current cell.");
     setModel(&model_);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);

@@ -3,6 +3,7 @@
 #include "ui/icons.h"
 
 #include <QCloseEvent>
+#include <QStatusBar>
 
 #include <utility>
 
@@ -32,6 +33,11 @@ void SideWindow::bind_raise_request(bool& raise_requested) {
         raise();
         activateWindow();
     });
+}
+
+void SideWindow::show_hints() {
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setObjectName("Hint");
 }
 
 void SideWindow::closeEvent(QCloseEvent* event) {

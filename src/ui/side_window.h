@@ -18,6 +18,8 @@ class SideWindow : public QMainWindow {
     SideWindow(EditorState& state, EditGate& gate, const bool& visible,
                void (*close_in_editor)(EditorState&), QWidget* parent, Qt::WindowFlags flags);
     void closeEvent(QCloseEvent* event) override;
+    /// Adds a line at the bottom that shows the hints of the menus' entries.
+    void show_hints();
     /// Lets the window come to the front when raise_requested is set, and clears raise_requested
     /// then.
     void bind_raise_request(bool& raise_requested);

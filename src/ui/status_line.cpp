@@ -66,11 +66,11 @@ void add_file(const QString& before, const std::string& path, const QString& aft
 Statements statements_of(const EditorState& state) {
     Statements statements;
     const SaveStatus saving = save_status(state);
+    add_saving(saving, statements);
     if (state.open_failure)
         add_file("", state.open_failure->path,
                  " was not opened: " + QString::fromStdString(state.open_failure->reason),
                  statements);
-    add_saving(saving, statements);
     if (!saving.save_goes_to.empty())
         add_file("Save writes to ", saving.save_goes_to, "", statements);
     add_picture(picture_status(state), statements);

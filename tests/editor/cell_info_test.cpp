@@ -13,7 +13,7 @@ namespace {
 TEST(CellInfo, NamesThePlaceAndTheTilesThatAreThere) {
     Editor none;
     EXPECT_EQ(map_cell_text(none.s, 0, 0), "");
-    EXPECT_FALSE(would_paint(none.s, 0, 0));
+    EXPECT_FALSE(tile_to_paint(none.s, 0, 0));
     Town town(true);
     EditorState& s = town.s;
     town.form.HScroll1.value = 16;
@@ -27,10 +27,17 @@ TEST(CellInfo, NamesThePlaceAndTheTilesThatAreThere) {
     EXPECT_EQ(map_cell_text(s, 511, 64),
               "column 1F, row 0A - layer 1: 3C, layer 2: --, layer 3: --");
     EXPECT_EQ(map_cell_text(s, 512, 64) + map_cell_text(s, 0, -1), "");
-    EXPECT_TRUE(would_paint(s, 511, 64));
-    EXPECT_FALSE(would_paint(s, 512, 64));
+    EXPECT_FALSE(tile_to_paint(s, 512, 64));
+    town.form.current_tile = 0x21;
+    town.form.edit_layer = 1;
+    s.display.bitmaps.layer2_low[0x21][5] = 0x123456;
+    s.display.bitmaps.layer2_high[0x21][5] = s.display.bitmaps.layer2_low[0x21][6] = 0;
+    s.display.bitmaps.layer2_high[0x21][6] = 0;
+    const Formation tile = tile_to_paint(s, 511, 64).value();
+    EXPECT_EQ(std::pair(tile[5], tile[6]), std::pair(0xFF123456u, 0u));
     town.form.tool = Tool::get_tile;
-    EXPECT_FALSE(would_paint(s, 511, 64));
+    EXPECT_FALSE(tile_to_paint(s, 511, 64));
+    town.form.tool = Tool::draw;
     town.form.VScroll1.value = 64;
     EXPECT_EQ(map_cell_text(s, 0, 32), "column 10, row 41 - outside the map");
 
@@ -38,6 +45,8 @@ TEST(CellInfo, NamesThePlaceAndTheTilesThatAreThere) {
     town.form.HScroll2.value = 224;
     s.world.world_map.at(255, 2) = 0xAB;
     EXPECT_EQ(map_cell_text(s, 511, 32), "column FF, row 02 - tile AB");
+    s.world.world_sheet.tile(0x21)[3 * 256 + 5] = 0; // black
+    EXPECT_EQ(tile_to_paint(s, 0, 0).value()[3 * 16 + 5], 0xFF000000u);
     EXPECT_EQ(sheet_cell_text(3 * 32 + 31, 12 * 32), "column 03, row 0C - tile C3");
 }
 

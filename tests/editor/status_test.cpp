@@ -249,15 +249,13 @@ TEST(SharedData, NamesTheOtherMapsOfALayersData) {
     map->map_index = 2;
     map->map_properties.fill(0xFF);
     map->map_properties[13] = 7; // the low bits of layer 1's number
-    const char* sentences[] = {"", "Also map 5 has this data.",
-                               "Also maps 5 and 9 have this data."};
+    const char* sentences[] = {"", "Also map 5 has this data.", "Also maps 5, 9 have this data."};
     for (int other = 2; const char* sentence : sentences) {
         image.bytes()[static_cast<std::size_t>(0x2D9100 + 33 * other + 13)] = 7;
         EXPECT_EQ(sharing_maps(image.rom, *map, 0), sentence);
         other += other == 2 ? 3 : 4;
     }
-    EXPECT_EQ(sharing_maps(image.rom, *map, 1),
-              "Also maps 0, 1, 3, 4, 5, 6, 7, 8 and 405 more have this data.");
+    EXPECT_EQ(sharing_maps(image.rom, *map, 1), "Also maps 0, 1, 3 to 413 have this data.");
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include "support/window_test.h"
 
 #include <QHeaderView>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 
 #include <set>
@@ -15,7 +17,7 @@ constexpr std::pair<const char*, QAccessible::Role> roles[] = {
     {"QRadioButton", QAccessible::RadioButton}, {"QCheckBox", QAccessible::CheckBox},
     {"QComboBox", QAccessible::ComboBox},       {"QScrollBar", QAccessible::ScrollBar},
     {"QTabBar", QAccessible::PageTabList},      {"QPushButton", QAccessible::Button},
-    {"QTableView", QAccessible::Table},
+    {"QTableView", QAccessible::Table},         {"veldrune::PixelPicture", QAccessible::Graphic},
 };
 
 // What a control is called: by the label beside it, if any, where its own name is what it shows.
@@ -34,43 +36,93 @@ class AccessibilityTest : public WindowTest {
         open_map(town);
         show_object(ObjectKind::npc);
     }
-    // The names of the visible controls of a window, each of which differs from the others.
-    static std::set<std::string> names(const QString& form) {
+    // Does what a control offers; toggling and values are FieldsTest's.
+    static void work(QWidget& widget) {
+        QAccessibleInterface& control = screen_reader::on(widget);
+        auto* button = qobject_cast<QPushButton*>(&widget);
+        auto* list = qobject_cast<QComboBox*>(&widget);
+        QSignalSpy clicked(&widget, button ? SIGNAL(clicked()) : SIGNAL(destroyed()));
+        auto* actions = control.actionInterface(); // a table has none
+        for (const QString& action : actions ? actions->actionNames() : QStringList()) {
+            if (action == QAccessibleActionInterface::toggleAction())
+                continue;
+            screen_reader::act(control, action);
+            if (action == QAccessibleActionInterface::setFocusAction())
+                EXPECT_TRUE(widget.hasFocus());
+            else if (list)
+                EXPECT_TRUE(list->view()->isVisible());
+            else
+                EXPECT_TRUE(QTest::qWaitFor([&] { return clicked.count() == 1; }));
+            if (list)
+                list->hidePopup();
+            WindowDriver(*widget.window()).activate();
+        }
+    }
+    static void work_entries(QAccessibleInterface& entries) {
+        for (int i = 0; i < entries.childCount(); ++i) {
+            QAccessibleInterface& entry = *entries.child(i);
+            if (entry.role() == QAccessible::Separator)
+                continue;
+            EXPECT_NE(entry.text(QAccessible::Name), "");
+            auto* action = qobject_cast<QAction*>(entry.object());
+            QSignalSpy triggered(action, &QAction::triggered);
+            screen_reader::act(entry, entry.actionInterface()->actionNames().value(0));
+            EXPECT_TRUE(action->menu() ? action->menu()->isVisible() : triggered.count() == 1)
+                << qPrintable(action->text());
+            if (action->menu())
+                work_entries(*entry.child(0));
+        }
+    }
+    // Works each visible control of a window while another edit keeps them from any effect.
+    // Returns their names, each of which differs from the others.
+    std::set<std::string> names(const QString& shown) {
         std::set<std::string> all;
-        for (QWidget* widget : visible_window(form)->findChildren<QWidget*>())
+        const WindowDriver works = driver(shown);
+        windows.edit_gate().gate(window)([&] { work_all(shown, works, all); });
+        return all;
+    }
+    static void work_all(const QString& shown, const WindowDriver& works,
+                         std::set<std::string>& all) {
+        for (QWidget* widget : visible_window(shown)->findChildren<QWidget*>())
             for (const auto& [type, role] : roles) {
                 if (!widget->inherits(type) || !widget->isVisible() || widget->objectName() == "" ||
-                    widget->window()->objectName() != form)
+                    widget->window()->objectName() != shown)
                     continue;
                 QAccessibleInterface& control = screen_reader::on(*widget);
-                EXPECT_EQ(control.role(), role) << qPrintable(widget->objectName());
-                EXPECT_EQ(control.text(QAccessible::Description), widget->toolTip());
-                EXPECT_NE(name_of(control), "") << qPrintable(widget->objectName());
+                SCOPED_TRACE(qPrintable(widget->objectName()));
+                EXPECT_EQ(control.role(), role);
+                QAccessibleInterface& described = // a row of tabs has none of its own
+                    role == QAccessible::PageTabList ? *control.child(0) : control;
+                EXPECT_NE(described.text(QAccessible::Description), "");
+                EXPECT_NE(name_of(control), "");
                 EXPECT_TRUE(all.insert(name_of(control)).second) << name_of(control);
+                work(*widget);
             }
-        return all;
+        for (QMenuBar* bar : visible_window(shown)->findChildren<QMenuBar*>())
+            work_entries(screen_reader::on(*bar));
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        works.activate();
     }
 };
 
-TEST_F(AccessibilityTest, EveryControlHasANameOfItsOwnARoleAndItsTip) {
+TEST_F(AccessibilityTest, EveryControlHasItsNameRoleTipAndActions) {
     driver("Form10").choose("Event_Editor");
     user.click("Command1");
     driver("Form9").click("Command2");
-    for (const auto& [shown, name] : {std::pair("Form1", "Edit layer 1"),
-                                      {"Form1", "View layer 1"},
-                                      {"Form1", "Choose Tile"},
-                                      {"Form2", "Tiles of layer 1"},
-                                      {"Form9", "Value"},
-                                      {"Form9", "Event Offset"}})
-        EXPECT_TRUE(names(shown).contains(name)) << name;
-    const std::pair<ObjectKind, const char*> tabs[] = {
-        {ObjectKind::npc, "Facing"},
-        {ObjectKind::chest, "Contents"},
-        {ObjectKind::event_trigger, "Event Pointer"},
-        {ObjectKind::entrance, "Destination Y"},
-        {ObjectKind::long_entrance, "Entrance Width"}};
-    for (const auto& [kind, name] : tabs) {
-        show_object(kind);
+    std::set<std::string> all;
+    for (const char* shown : {"Form1", "Form8", "Form2", "Form9"})
+        all.merge(names(shown));
+    for (const char* name : {"Edit layer 1", "View layer 1", "Choose Tile", "Map picture",
+                             "All tiles", "Tiles of layer 1", "Value", "Event Offset"})
+        EXPECT_TRUE(all.contains(name)) << name;
+    const WindowDriver info = driver("Form10");
+    for (int tab = 0; const char* name : {"Sprite picture", "Contents", "Event Pointer",
+                                          "Destination Y", "Entrance Width"}) {
+        screen_reader::set(info.find("TabStrip1"), QString::number(tab));
+        EXPECT_EQ(state->form10.TabStrip1, tab++);
+        screen_reader::set(info.find("HScroll1"), "2");
+        EXPECT_EQ(info.text("Label10"), "2");
         EXPECT_TRUE(names("Form10").contains(name)) << name;
     }
 }

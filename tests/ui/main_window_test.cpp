@@ -104,25 +104,59 @@ TEST_F(MainWindowTest, AFileThatIsDroppedIsOpenedAndItsPathIsPlainText) {
     QMimeData files;
     const QString path = "/<img src=\"x\"><b>/a.smc";
     files.setUrls({QUrl::fromLocalFile(path)});
+    files.setText(path);
     disk[path.toStdString()] = demo_bytes();
-    const auto drop = [&](Qt::DropActions offered) { // and what each event asks for, if accepted
+    // And what each event asks for, if accepted.
+    const auto drop = [&](QWidget& target, Qt::DropActions offered) {
+        auto* area = qobject_cast<QAbstractScrollArea*>(&target);
         QDragEnterEvent enter({}, offered, &files, Qt::LeftButton, {});
         QDragMoveEvent move({}, offered, &files, Qt::LeftButton, {});
         QDropEvent dropped({}, offered, &files, Qt::LeftButton, {});
         Qt::DropActions taken;
         for (QDropEvent* event :
              {static_cast<QDropEvent*>(&enter), static_cast<QDropEvent*>(&move), &dropped}) {
-            QApplication::sendEvent(&window, event);
+            QApplication::sendEvent(area ? area->viewport() : &target, event);
             taken |= event->isAccepted() ? event->dropAction() : Qt::TargetMoveAction;
         }
         return taken;
     };
-    EXPECT_EQ(drop(Qt::MoveAction), Qt::TargetMoveAction) << "its source may delete it";
-    EXPECT_EQ(user.text("Label20"), "");
-    EXPECT_EQ(drop(Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
+    const auto notes = [&] { return user.text("Text20") + user.text("Text44"); };
+    for (const char* control : {"Picture1", "Text20", "Text44"}) {
+        window.open_file("b.smc");
+        const std::string before = notes();
+        EXPECT_EQ(drop(user.find(control), Qt::MoveAction), Qt::TargetMoveAction)
+            << "its source may delete it";
+        EXPECT_EQ(user.text("Label20"), "b.smc");
+        EXPECT_EQ(drop(user.find(control), Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
+        EXPECT_EQ(user.text("Label20"), path.toStdString());
+        EXPECT_EQ(notes(), before);
+    }
     const auto& label = user.find<QLabel>("Label20");
     EXPECT_TRUE(label.text() == path && label.textFormat() == Qt::PlainText);
     EXPECT_TRUE(label.toolTip().contains("&lt;img"));
+
+    open_map(town);
+    show_object(ObjectKind::npc);
+    driver("Form10").choose("Event_Editor");
+    driver("Form9").click("Command2");
+    for (const auto& [shown, control] :
+         {std::pair("Form10", "Text1"), {"Form9", "Text3"}, {"Form9", "Text2"}})
+        EXPECT_EQ(drop(driver(shown).find(control), Qt::MoveAction | Qt::CopyAction),
+                  Qt::TargetMoveAction)
+            << control;
+}
+
+TEST_F(MainWindowTest, AMapOfTheCommandLineIsAsIfChosenAndBuilt) {
+    const auto shown = [&] {
+        return std::tuple(form.Combo1, form.Text13, form.HScroll1.maximum, user.text("Status"),
+                          state->display.picture.pixels());
+    };
+    open_map(forest);
+    const auto by_hand = shown();
+    open_map(town);
+    EXPECT_NE(shown(), by_hand);
+    window.build_map(forest);
+    EXPECT_EQ(shown(), by_hand);
 }
 
 TEST_F(TownWindowTest, TheMouseDrawsPicksAndShowsItsPlace) {

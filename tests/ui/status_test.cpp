@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QStatusTipEvent>
 
 #include <algorithm>
@@ -43,11 +44,32 @@ TEST_F(StatusTest, TheLineAndTheButtonsFollowWhatTheUserDoes) {
     user.choose_map(town + 1);
     EXPECT_EQ(status(), "Picture: map 2");
     EXPECT_TRUE(is_bold("Command3") && !is_bold("Command2"));
+    user.type("Text44", "6");
+    window.open_file("none.smc");
+    EXPECT_TRUE(status().starts_with("not saved ")) << status();
     const int width = window.minimumSizeHint().width();
     QStatusTipEvent hint(QString(500, 'x'));
     QApplication::sendEvent(&window, &hint);
     EXPECT_EQ(status(), std::string(500, 'x'));
     EXPECT_EQ(window.minimumSizeHint().width(), width);
+}
+
+TEST_F(StatusTest, ALineOfEachWindowShowsTheHintOfAnEntry) {
+    open_map(town);
+    show_object(ObjectKind::npc);
+    driver("Form10").choose("Event_Editor");
+    for (const auto& [shown, hint] : {std::pair("Form1", "Opens another image."),
+                                      {"Form10", "Writes the record"},
+                                      {"Form9", "Writes the script"}}) {
+        const WindowDriver works = driver(shown);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::AltModifier);
+        const auto* line = visible_window(shown)->findChild<QStatusBar*>();
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return (line ? line->currentMessage().toStdString() : works.text("Status"))
+                .starts_with(hint);
+        })) << hint;
+        QApplication::activePopupWidget()->close();
+    }
 }
 
 TEST_F(StatusTest, AFieldIsMarkedWhileItIsTypedAndALocationNamesItsSharers) {
@@ -61,6 +83,19 @@ TEST_F(StatusTest, AFieldIsMarkedWhileItIsTypedAndALocationNamesItsSharers) {
     QTest::keyClick(&field, Qt::Key_Backspace);
     EXPECT_TRUE(field.actions().isEmpty() && field.accessibleDescription().isEmpty());
     EXPECT_EQ(field.palette().color(QPalette::Text), plain);
+    show_object(ObjectKind::npc);
+    driver("Form10").choose("Event_Editor");
+    for (const auto& [shown, control, text, mark] :
+         {std::tuple("Form10", "Text6", "40", "Out of range: Save makes 0 of it, and adds the "),
+          {"Form10", "Text5", "G", "No hexadecimal number: Save makes 0 of it."},
+          {"Form9", "Text3", "xyz", "No hexadecimal number: Enter loads the script at 0."}}) {
+        const auto& marked = driver(shown).find<QLineEdit>(control);
+        EXPECT_TRUE(marked.actions().isEmpty());
+        driver(shown).type(control, text);
+        EXPECT_TRUE(marked.accessibleDescription().startsWith(mark)) << control;
+    }
+    answers.boxes.clear();
+    user.activate();
     QWidget& location = user.find("Text25");
     EXPECT_NE(asked_tip(location).find(". Hexadecimal. Also map"), std::string::npos);
     location.setToolTip("as of another map");
