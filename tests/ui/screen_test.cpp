@@ -57,6 +57,7 @@ class ScreenTest : public WindowTest {
     }
     static void expect_tab_key_scrolls_to(const WindowDriver& works, const char* first) {
         works.find(first).setFocus();
+        can_be_scrolled_to(works.find(first)); // which may be the only one that is enabled
         do {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             const QWidget& control = *QApplication::focusWidget();
