@@ -4,6 +4,7 @@
 #include "editor/mouse.h"
 #include "editor/view.h"
 #include "editor/view_place.h"
+#include "ui/memory.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -48,7 +49,7 @@ int take_units(int& rest, int turn, int unit) {
 
 // The picture of a tile to be laid over a cell. Where it has no pixel it is clear.
 QImage half_clear(const Picture<preview_side, preview_side>& tile) {
-    QImage image(preview_side, preview_side, QImage::Format_ARGB32);
+    QImage image = make_image({preview_side, preview_side}, QImage::Format_ARGB32);
     for (int y = 0; y < preview_side; ++y)
         std::transform(tile.row(y), tile.row(y) + preview_side,
                        reinterpret_cast<QRgb*>(image.scanLine(y)),
