@@ -45,6 +45,7 @@ class AccessibilityTest : public WindowTest {
                 QAccessibleInterface& control = screen_reader::on(*widget);
                 EXPECT_EQ(control.role(), role) << qPrintable(widget->objectName());
                 EXPECT_EQ(control.text(QAccessible::Description), widget->toolTip());
+                EXPECT_FALSE(widget->toolTip().contains('%')) << qPrintable(widget->toolTip());
                 EXPECT_NE(name_of(control), "") << qPrintable(widget->objectName());
                 EXPECT_TRUE(all.insert(name_of(control)).second) << name_of(control);
             }
