@@ -90,10 +90,9 @@ bool switch_to_copy(EditorState& state, const std::string& path) {
     if (!state.rom.open(path))
         return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
     const ImageSource copy = source_of(state.rom);
-    for (auto* source :
-         {&state.map.source, &state.world.source, &state.script.source, &state.objects.lists.source,
-          &state.display.source, &state.picture.tiles.source, &state.picture.cells.source,
-          &state.picture.strips.cells.source})
+    for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
+                         &state.objects.lists.source, &state.picture.tiles.source,
+                         &state.picture.cells.source, &state.picture.strips.cells.source})
         if (*source && (*source)->identity == original)
             *source = copy;
     return true;
