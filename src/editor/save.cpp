@@ -34,13 +34,10 @@ std::string name_of_world(const EditorState& state) {
     return std::string("the ") + world_row(state.world.world).name;
 }
 
-// After a save everything counts as saved, although it writes the map or the world alone. What
-// could not be saved either is not asked about.
+// After a save everything counts as saved, although it writes the map or the world alone.
 bool may_leave_painting(EditorState& state) {
     const bool world = state.world_map_open;
-    const bool leaves_map = state.map.unsaved_painting && state.map.source;
-    const bool leaves_world = state.world.unsaved_painting && state.world.source;
-    if (!(world ? leaves_map : leaves_world))
+    if (!(world ? state.map.unsaved_painting : state.world.unsaved_painting))
         return true;
     const std::string saved = world ? name_of_world(state) : name_of_map(state);
     const std::string left = world ? name_of_map(state) : name_of_world(state);
