@@ -81,11 +81,14 @@ bool refuse(EditorState& state, const std::string& why) {
 // been reported; the former image is then still open.
 bool switch_to_copy(EditorState& state, const std::string& path) {
     const FileIdentity original = state.rom.identity();
-    if (!state.rom.is_file(path))
+    const bool copies = !state.rom.is_file(path);
+    if (copies)
         if (const auto why = state.rom.copy_to(path))
             return refuse(state, "The image could not be copied to " + path + *why + ".");
     if (!state.rom.open(path))
-        return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
+        return refuse(state,
+                      copies ? "The image was copied to " + path + ", but can't be opened there."
+                             : "The image can't be opened again as " + path + ".");
     const ImageSource copy = source_of(state.rom);
     for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
                          &state.objects.lists.source, &state.picture.tiles.source,
