@@ -4,6 +4,7 @@
 
 #include "fuzz_target.h"
 #include "operations.h"
+#include "show_state.h"
 
 #include <numeric>
 
@@ -84,6 +85,7 @@ void run_operation(Session& s, const Operation& operation) {
         operation.read_back(s.state, outcome.writes);
     check_bars(s.state);
     check_script(s.state.form9);
+    expect_showing_changes_nothing(s);
     EXPECT_TRUE(s.state.rom.is_open());
 }
 

@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <iostream>
 
-// FUZZ_TARGET(driver, runs) makes void driver(Choices&) a test over the seeds 0 to runs - 1, or a
-// target of libFuzzer. docs/fuzzing.md tells how to run both.
+/// FUZZ_TARGET(driver, runs) makes void driver(Choices&) a test over the seeds 0 to runs - 1, or a
+/// target of libFuzzer. docs/fuzzing.md says how to run both.
 
 namespace veldrune::test {
 

@@ -199,7 +199,7 @@ void expect_object_back(const EditorState& state, Writes) {
 }
 
 // The bytes that were loaded are saved without a look at how they would be read by now: the
-// dialogues that tell the lengths of lists may have changed since then.
+// dialogues that give the lengths of lists may have changed since then.
 void expect_script_back(const EditorState& state, Writes) {
     const std::int64_t offset = state.objects.selected_object.script_offset;
     Bytes bytes(state.script.loaded.bytes.size());

@@ -161,15 +161,23 @@ TEST(RealFiles, WhatCannotBeAnImageIsNeitherOpenedNorReplaced) {
         EXPECT_TRUE(editor.dialogs.silent() && editor.s.rom.path() == editor.image);
         editor.dialogs.file_names = {path};
         save_as(editor.s);
-        const std::string told = std::string("The image could not be copied to ")
-                                     .append(path)
-                                     .append(why)
-                                     .append(". ")
-                                     .append(editor.image)
-                                     .append(" is still open.");
-        EXPECT_EQ(editor.dialogs.messages, (Messages{{told, "Error"}}));
+        const std::string reported = std::string("The image could not be copied to ")
+                                         .append(path)
+                                         .append(why)
+                                         .append(". ")
+                                         .append(editor.image)
+                                         .append(" is still open.");
+        EXPECT_EQ(editor.dialogs.messages, (Messages{{reported, "Error"}}));
         EXPECT_EQ(editor.folder.file_count(), count);
     }
+    ASSERT_EQ(::chmod(editor.image.c_str(), 0444), 0); // since it was opened
+    editor.dialogs.messages.clear();
+    editor.dialogs.file_names = {editor.image};
+    save_as(editor.s);
+    EXPECT_EQ(editor.dialogs.messages,
+              (Messages{{"The image can't be opened again as " + editor.image + ". " +
+                             editor.image + " is still open.",
+                         "Error"}}));
     EXPECT_EQ(contents(name("read-only")), Bytes{1});
     EXPECT_TRUE(fs::is_fifo(name("pipe")) && fs::is_symlink(name("lost")));
     ::chmod(name("closed").c_str(), 0755);

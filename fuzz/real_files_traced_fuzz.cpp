@@ -1,5 +1,5 @@
 // Saves on the real disk that are killed, interrupted, cut short or refused at every one of their
-// system calls on files. What the file must hold then is told independently of the program.
+// system calls on files. What the file must hold then is worked out independently of the program.
 
 #include "editor/save.h"
 #include "editor/world_map.h"
@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <iostream>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 
 namespace veldrune::test {
@@ -220,6 +221,21 @@ class RealSave : public testing::TestWithParam<Operation> {
     }
     std::unique_ptr<Trial> trial;
 };
+
+// A pipe is put in the place of an image after the look at its name and before its opening.
+TEST(RealOpening, OfANameThatIsSwappedMeanwhileIsRefused) {
+    if (!TracedChild::possible())
+        GTEST_SKIP() << "the system allows no tracing of processes";
+    RealEditor editor;
+    const std::string path = editor.folder.file("b.smc");
+    put_contents(path, {1});
+    TracedChild child([&] { return editor.disk->open(path) != nullptr; });
+    for (auto call = child.next_call(); call && call->number != SYS_openat;)
+        call = child.next_call();
+    std::filesystem::remove(path);
+    ASSERT_EQ(::mkfifo(path.c_str(), 0666), 0);
+    EXPECT_EQ(child.finish(), 0);
+}
 
 using Calls = bool (*)(const TracedChild::Call&);
 

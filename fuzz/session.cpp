@@ -10,7 +10,7 @@ namespace {
 
 constexpr int demo_size = rom_layout::image_size;
 
-// The names that the dialogs give. Those behind "b.smc" can't be had, or lead elsewhere.
+// The names that the dialogs give. Those after "b.smc" can't be had, or lead elsewhere.
 const std::string file_names[] = {"a.smc",        "b.smc",    "c.smc",    "link.smc",    "lost.smc",
                                   "folder/d.smc", "held.smc", "ring.smc", "missing.smc", ""};
 

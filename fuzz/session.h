@@ -40,10 +40,13 @@ class RandomDialogs : public Dialogs {
     const MemoryDisk& disk_;
 };
 
-/// An editor on a disk with two images, "a.smc" and "b.smc", of any bytes; "a.smc" is open.
+/// An editor on a disk with two images, "a.smc" and "b.smc", of any bytes; "a.smc" is open. What
+/// the user has agreed to or would lose is followed here, apart from the editor.
 struct Session {
     Choices& choices;
     MemoryDisk disk;
+    bool nameless_accepted = false; // writing into the open file, which has lost its name
+    bool world_painted = false;     // since the world was read or saved, or given up
     RandomDialogs dialogs{choices, disk};
     std::unique_ptr<EditorState> held = std::make_unique<EditorState>(disk, dialogs);
     EditorState& state = *held;

@@ -10,6 +10,8 @@ using Event = RandomDialogs::Event;
 
 // The words of questions that choosing a map and opening a world ask before painting is lost.
 constexpr const char* loss_of_painting = "will erase your changes";
+constexpr const char* loss_of_world = "drops it. Continue?";
+constexpr const char* former_name = " is no longer the image that was opened";
 // Errors after which a save goes on.
 constexpr const char* harmless_errors[] = {
     "The map width must be", "The map height must be", "Map Data Location must be 6 digits",
@@ -140,6 +142,9 @@ void check_writes(const Session& session, const Accesses& parts, const Plan& pla
         check_refusals(session.dialogs, at);
         for (const std::string& words : plan.questions)
             EXPECT_TRUE(agreed_before(session.dialogs, words, at)) << "not asked: " << words;
+        EXPECT_TRUE(!plan.nameless || session.nameless_accepted ||
+                    agreed_before(session.dialogs, session.state.rom.path() + former_name, at))
+            << "not asked about a file without its name";
     }
 }
 
@@ -167,11 +172,15 @@ bool any_failed(const Session& session) {
     });
 }
 
+bool same_world(const Before& before, const EditorState& state) {
+    return before.world.cells == state.world.world_map.cells;
+}
+
 bool same_painting(const Before& before, const EditorState& state) {
     for (std::size_t layer = 0; layer < layer_count; ++layer)
         if (before.layers[layer].cells != state.map.layers[layer].map.cells)
             return false;
-    return before.world.cells == state.world.world_map.cells;
+    return same_world(before, state);
 }
 
 void check_changes_saved(const Session& session, const Before& before, Effect effect,
@@ -194,13 +203,37 @@ void check_changes_saved(const Session& session, const Before& before, Effect ef
     case Effect::drops:
         EXPECT_EQ(state.changes_saved,
                   before.changes_saved || session.dialogs.said(Event::question, loss_of_painting));
+        EXPECT_TRUE(same_world(before, state) || !session.world_painted || !before.world_readable ||
+                    session.dialogs.said(Event::question, loss_of_world))
+            << "painting on a world dropped without a question";
         return;
     case Effect::saves:
         EXPECT_TRUE(same);
         EXPECT_EQ(state.changes_saved, before.changes_saved || complete);
         EXPECT_TRUE(!complete || (!state.map.unsaved_painting && !state.world.unsaved_painting));
+        EXPECT_TRUE(!complete || !session.world_painted || state.world_map_open ||
+                    session.dialogs.said(Event::question, "would count as given up"));
         return;
     }
+}
+
+// An agreement holds until the next opening, and is asked for once.
+void follow_name(Session& session, const Before& before) {
+    const bool agreed = session.dialogs.said(Event::question, former_name);
+    EXPECT_FALSE(agreed && session.nameless_accepted)
+        << "asked again about a file without its name";
+    session.nameless_accepted =
+        session.disk.openings == before.openings && (session.nameless_accepted || agreed);
+}
+
+void follow_painting(Session& session, const Before& before, Effect effect, bool complete) {
+    const bool same = same_world(before, session.state);
+    if (effect == Effect::paints)
+        session.world_painted |= !same;
+    if (complete || (effect == Effect::drops && !same) ||
+        session.dialogs.said(Event::question, loss_of_painting) ||
+        session.dialogs.said(Event::question, loss_of_world))
+        session.world_painted = false;
 }
 
 } // namespace
@@ -208,13 +241,13 @@ void check_changes_saved(const Session& session, const Before& before, Effect ef
 Before::Before(Session& session)
     : changes_saved(session.state.changes_saved), file(session.state.rom.identity().number),
       size(session.state.rom.size().value_or(0)), world(session.state.world.world_map),
-      file_count(session.disk.file_count()) {
+      world_readable(session.state.world.source), file_count(session.disk.file_count()),
+      openings(session.disk.openings) {
     for (std::size_t layer = 0; layer < layer_count; ++layer)
         layers[layer] = session.state.map.layers[layer].map;
 }
 
-Outcome check_operation(const Session& session, const Before& before, const Plan& plan,
-                        Effect effect) {
+Outcome check_operation(Session& session, const Before& before, const Plan& plan, Effect effect) {
     const Accesses parts = parted(session, before.file);
     Outcome outcome;
     check_copying(parts.copying, before.file, before.size);
@@ -224,6 +257,8 @@ Outcome check_operation(const Session& session, const Before& before, const Plan
     outcome.complete = count > 0 && count + plan.optional >= plan.writes.size() &&
                        outcome.writes.back().done && flushed;
     check_changes_saved(session, before, effect, outcome.complete);
+    follow_name(session, before);
+    follow_painting(session, before, effect, effect == Effect::saves && outcome.complete);
     EXPECT_TRUE(!any_failed(session) || session.dialogs.said(Event::error, ""))
         << "a failed write or flush was not reported";
     EXPECT_TRUE(effect == Effect::outside ||

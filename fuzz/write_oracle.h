@@ -24,7 +24,9 @@ struct Before {
     std::int64_t size;  // its size
     std::array<LayerMap, layer_count> layers;
     WorldMap world;
+    bool world_readable; // it was read whole
     std::size_t file_count;
+    int openings; // of files
 };
 
 /// What the file layer saw an operation do.
@@ -35,8 +37,7 @@ struct Outcome {
 
 /// Holds what an operation has done against its plan: every write, the questions before them, the
 /// flush at the end, the copy of a Save As, and changes_saved. Reports each difference as a failed
-/// expectation.
-Outcome check_operation(const Session& session, const Before& before, const Plan& plan,
-                        Effect effect);
+/// expectation, and brings the session's own members up to date.
+Outcome check_operation(Session& session, const Before& before, const Plan& plan, Effect effect);
 
 } // namespace veldrune::test

@@ -93,13 +93,8 @@ PlannedWrite planned_layer(const EditorState& state, const LayerFields& pass) {
     return write;
 }
 
-std::string former_name(const EditorState& state) {
-    return state.rom.path() + " is no longer the image";
-}
-
 void ask_for_name(const EditorState& state, Plan& plan) {
-    if (state.rom.path_leads_here() == Answer::no && !state.rom.nameless_accepted)
-        plan.questions.push_back(former_name(state));
+    plan.nameless = state.rom.path_leads_here() == Answer::no;
 }
 
 void ask_for_source(const EditorState& state, const ImageSource& source, Plan& plan) {
@@ -125,7 +120,7 @@ Plan plan_of_world(const EditorState& state) {
     if (nameable)
         plan.writes.push_back({map_pointers[static_cast<int>(state.world.world)], 3, 3});
     ask_for_source(state, *state.world.source, plan);
-    ask_for_painting(state.map.unsaved_painting && state.map.source, plan);
+    ask_for_painting(state.map.unsaved_painting, plan);
     return plan;
 }
 
@@ -137,7 +132,7 @@ Plan plan_of_layers(const EditorState& state) {
     for (const LayerFields& pass : passes)
         plan.writes.push_back(planned_layer(state, pass));
     ask_for_source(state, *state.map.source, plan);
-    ask_for_painting(state.world.unsaved_painting && state.world.source, plan);
+    ask_for_painting(state.world.unsaved_painting, plan);
     return plan;
 }
 

@@ -25,9 +25,11 @@ struct Plan {
     std::vector<PlannedWrite> writes;
     std::size_t optional = 0;           // writes at the end that a whole save may do without
     std::vector<std::string> questions; // words of those that must be agreed to before the first
+    // Whether the question about a file without its name must be, too, if it has not been before.
+    bool nameless = false;
 };
 
-// One for each operation that writes; without writes where the operation must refuse.
+/// One for each operation that writes; without writes where the operation must refuse.
 Plan plan_of_save(const EditorState& state);
 Plan plan_of_save_as(const EditorState& state);
 Plan plan_of_expansion(const EditorState& state);

@@ -84,14 +84,14 @@ void build_tileset(EditorState& state) {
     read_tile_numbers(state.form1, numbers, state.dialogs);
     build_tiles(state.rom, numbers, state.map.anim_tiles, state.work.decompress_buffer,
                 display.bitmaps);
-    display.source = source_of(state.rom);
+    std::optional<ImageSource> source = source_of(state.rom);
     state.picture.numbers = numbers;
     state.picture.tiles_drawn = false;
     state.picture.strips = {};
     if (report_refused_reads(reads, "The tiles are not drawn as the image holds them.",
                              state.dialogs))
-        display.source.reset();
-    state.picture.tiles = {display.source, state.map.map_index};
+        source.reset();
+    state.picture.tiles = {source, state.map.map_index};
     state.picture.later_frames = later_frame_set(state.map.record_at_load);
     show_map(state);
 }

@@ -34,13 +34,10 @@ std::string name_of_world(const EditorState& state) {
     return std::string("the ") + world_row(state.world.world).name;
 }
 
-// After a save everything counts as saved, although it writes the map or the world alone. What
-// could not be saved either is not asked about.
+// After a save everything counts as saved, although it writes the map or the world alone.
 bool may_leave_painting(EditorState& state) {
     const bool world = state.world_map_open;
-    const bool leaves_map = state.map.unsaved_painting && state.map.source;
-    const bool leaves_world = state.world.unsaved_painting && state.world.source;
-    if (!(world ? leaves_map : leaves_world))
+    if (!(world ? state.map.unsaved_painting : state.world.unsaved_painting))
         return true;
     const std::string saved = world ? name_of_world(state) : name_of_map(state);
     const std::string left = world ? name_of_map(state) : name_of_world(state);
@@ -84,16 +81,18 @@ bool refuse(EditorState& state, const std::string& why) {
 // been reported; the former image is then still open.
 bool switch_to_copy(EditorState& state, const std::string& path) {
     const FileIdentity original = state.rom.identity();
-    if (!state.rom.is_file(path))
+    const bool copies = !state.rom.is_file(path);
+    if (copies)
         if (const auto why = state.rom.copy_to(path))
             return refuse(state, "The image could not be copied to " + path + *why + ".");
     if (!state.rom.open(path))
-        return refuse(state, "The image was copied to " + path + ", but can't be opened there.");
+        return refuse(state,
+                      copies ? "The image was copied to " + path + ", but can't be opened there."
+                             : "The image can't be opened again as " + path + ".");
     const ImageSource copy = source_of(state.rom);
-    for (auto* source :
-         {&state.map.source, &state.world.source, &state.script.source, &state.objects.lists.source,
-          &state.display.source, &state.picture.tiles.source, &state.picture.cells.source,
-          &state.picture.strips.cells.source})
+    for (auto* source : {&state.map.source, &state.world.source, &state.script.source,
+                         &state.objects.lists.source, &state.picture.tiles.source,
+                         &state.picture.cells.source, &state.picture.strips.cells.source})
         if (*source && (*source)->identity == original)
             *source = copy;
     return true;

@@ -159,6 +159,12 @@ std::optional<std::uint32_t> read_control(ObjectKind kind, const FieldRow& row, 
 
 } // namespace
 
+std::int64_t largest_number(ObjectKind kind, const ObjectControl& control) {
+    const auto rows = fields_of(kind);
+    const auto row = std::ranges::find(rows, control, &FieldRow::control);
+    return row == rows.end() ? 0 : row->bits.mask();
+}
+
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form) {
     for (const FieldRow& row : fields_of(kind))
         show_field(kind, row, read_bits(record, row.bits), form);

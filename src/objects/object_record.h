@@ -32,6 +32,9 @@ struct MapObjects {
 /// A control that shows a value of a record: a text, a box or a selection.
 using ObjectControl = std::variant<std::string Form10::*, bool Form10::*, int Form10::*>;
 
+/// The largest number that the bits of a control's value hold; 0 where the kind has no such value.
+std::int64_t largest_number(ObjectKind kind, const ObjectControl& control);
+
 /// Shows a record in the fields of its kind. For a chest without a kind of contents the selected
 /// option stays as it was; all other fields of the kind are set.
 void unpack_object(ObjectKind kind, const ObjectBytes& record, Form10& form);

@@ -5,7 +5,6 @@
 #include "render/pixel_buffer.h"
 
 #include <array>
-#include <optional>
 #include <vector>
 
 namespace veldrune {
@@ -50,7 +49,6 @@ struct MapView {
 
 /// The chosen map's formations as pixels, and the pictures that are drawn from them.
 struct MapDisplay {
-    std::optional<ImageSource> source; // of the formations; nothing before the first build
     FormationBitmaps bitmaps;
     PixelBuffer picture;
     int last_h = 0; // h and v of the latest composition or scroll

@@ -99,6 +99,11 @@ class DiskFile final : public File {
         return FileStatus{identity_from(status), status.st_size, permissions_of(status)};
     }
 
+    bool is_regular() const {
+        struct stat status {};
+        return ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    }
+
     void set_permissions(unsigned permissions) override { ::fchmod(descriptor_, permissions); }
 
   private:
@@ -163,10 +168,12 @@ class Disk : public FileLayer {
         // Opening anything else could wait for ever, or set off a device.
         if (status_of(path).kind != NameStatus::regular_file)
             return nullptr;
-        return file_of(path, access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+        auto file = file_of(path, access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+        // The name may lead elsewhere since.
+        return file && file->is_regular() ? std::move(file) : nullptr;
     }
-    static std::unique_ptr<File> file_of(const std::string& path, int flags,
-                                         unsigned permissions = 0) {
+    static std::unique_ptr<DiskFile> file_of(const std::string& path, int flags,
+                                             unsigned permissions = 0) {
         const int descriptor = open_descriptor(path, flags, permissions);
         return descriptor < 0 ? nullptr : std::make_unique<DiskFile>(descriptor);
     }

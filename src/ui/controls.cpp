@@ -19,8 +19,10 @@ void Controls::set_up(QWidget* widget, const char* control, const QString& tip,
 QLineEdit* Controls::field(std::string Form1::*text, const char* meaning, bool map_only,
                            std::int64_t limit) const {
     const TextRow<Form1>& row = text_row(text);
+    const RecordRow* record = record_row_of(text);
     auto* widget = new QLineEdit;
-    set_up(widget, row.control, number_tip(meaning, row.form, limit), map_only);
+    set_up(widget, row.control,
+           number_tip(meaning, row.form, limit, record ? record->bits.mask() : 0), map_only);
     bindings.text(widget, state.form1.*text);
     bindings.on_show([widget, text, &held = state] { mark_field(widget, field_mark(held, text)); });
     return widget;

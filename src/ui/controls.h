@@ -58,7 +58,7 @@ struct Controls {
     EditorState& state;
     Bindings& bindings;
 
-    /// The tool tip is number_tip of meaning and limit, in the number form of the text.
+    /// The tool tip is number_tip of meaning, limit and the bits of the text in the map's record.
     QLineEdit* field(std::string Form1::*text, const char* meaning, bool map_only,
                      std::int64_t limit = 0) const;
     QCheckBox* box(const BoxRow& row) const;

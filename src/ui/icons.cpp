@@ -1,6 +1,7 @@
 #include "ui/icons.h"
 
-#include <QImage>
+#include "ui/memory.h"
+
 #include <QPalette>
 #include <QPixmap>
 
@@ -92,7 +93,7 @@ QIcon tool_icon(Icon icon, const QPalette& colours) {
     if (icon == Icon::none)
         return {};
     const Drawing& drawing = drawings[static_cast<std::size_t>(icon) - 1];
-    QImage image(side, side, QImage::Format_ARGB32);
+    QImage image = make_image({side, side}, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x) {

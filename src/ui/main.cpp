@@ -1,6 +1,7 @@
 #include "editor/editor_state.h"
 #include "ui/command_line.h"
 #include "ui/main_window.h"
+#include "ui/memory.h"
 #include "ui/qt_dialogs.h"
 #include "ui/windows.h"
 
@@ -25,12 +26,6 @@ void open_named(const veldrune::CommandLine& named, veldrune::MainWindow& window
                      qPrintable(named.image));
     else if (named.map)
         window.build_map(*named.map);
-}
-
-// After a failed allocation the program's state may be inconsistent.
-[[noreturn]] void end_without_memory() {
-    std::fputs("veldrune: out of memory\n", stderr);
-    std::_Exit(EXIT_FAILURE);
 }
 
 } // namespace

@@ -38,7 +38,7 @@ constexpr int movement_count = 16; // Combo4 lists the numbers, decimal
 struct TabEntry {
     const char* caption = nullptr;
     const char* meaning = nullptr;
-    std::int64_t limit = 0; // what "%1" in the meaning stands for
+    std::int64_t limit = 0; // what "%1" in the meaning stands for; "%2" is the largest of its bits
 };
 
 using Tabs = TabEntry[object_tab_count];
@@ -80,29 +80,29 @@ struct ButtonRow {
 // clang-format off
 constexpr FieldRow field_rows[] = {
     {&Form10::Text1, {"Label1", 0, 0}, nullptr,         {{"Event",         "Where the NPC's script lies in the file, %1 or above, five digits.", rom_layout::event_scripts},
-                                                         {"X Pos",         "Column of the chest on the map, 0 to FF."},
-                                                         {"Map X",         "Column of the trigger on the map, 0 to FF."},
-                                                         {"Map X",         "Column of the entrance on the map, 0 to FF."},
-                                                         {"Map X",         "Column of the entrance's first tile on the map, 0 to FF."}}},
-    {&Form10::Text2, {"Label2", 1, 0}, on_palette_text, {{"Palette",       "Colours of the sprite, 0 to 7."},
-                                                         {"Y Pos",         "Row of the chest on the map, 0 to FF."},
-                                                         {"Map Y",         "Row of the trigger on the map, 0 to FF."},
-                                                         {"Map Y",         "Row of the entrance on the map, 0 to FF."},
-                                                         {"Map Y",         "Row of the entrance's first tile on the map, 0 to FF."}}},
+                                                         {"X Pos",         "Column of the chest on the map, 0 to %2."},
+                                                         {"Map X",         "Column of the trigger on the map, 0 to %2."},
+                                                         {"Map X",         "Column of the entrance on the map, 0 to %2."},
+                                                         {"Map X",         "Column of the entrance's first tile on the map, 0 to %2."}}},
+    {&Form10::Text2, {"Label2", 1, 0}, on_palette_text, {{"Palette",       "Colours of the sprite, 0 to %2."},
+                                                         {"Y Pos",         "Row of the chest on the map, 0 to %2."},
+                                                         {"Map Y",         "Row of the trigger on the map, 0 to %2."},
+                                                         {"Map Y",         "Row of the entrance on the map, 0 to %2."},
+                                                         {"Map Y",         "Row of the entrance's first tile on the map, 0 to %2."}}},
     {&Form10::Text4, {"Label4", 2, 0}, nullptr,         {{"Byte:Bit",      "The NPC's flag, xxxx:y: byte 1EE0 to 1F5F and bit 0 to 7."},
                                                          {"Byte:Bit",      "The chest's flag, xx:y: byte 0 to 1F and bit 0 to 7."},
                                                          {"Event Pointer", "Where the trigger's script lies in the file, %1 or above.", rom_layout::event_scripts},
-                                                         {"Map Index",     "The map that the entrance leads to, 0 to FFFF."},
-                                                         {"Map Index",     "The map that the entrance leads to, 0 to FFFF."}}},
-    {&Form10::Text5, {"Label5", 0, 1}, nullptr,         {{"X Pos",         "Column of the NPC on the map, 0 to FF."}, {}, {},
-                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."},
-                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to FF."}}},
-    {&Form10::Text6, {"Label6", 1, 1}, nullptr,         {{"Y Pos",         "Row of the NPC on the map, 0 to 3F."}, {}, {},
+                                                         {"Map Index",     "The map that the entrance leads to, 0 to %2."},
+                                                         {"Map Index",     "The map that the entrance leads to, 0 to %2."}}},
+    {&Form10::Text5, {"Label5", 0, 1}, nullptr,         {{"X Pos",         "Column of the NPC on the map, 0 to %2."}, {}, {},
+                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to %2."},
+                                                         {"Destination Y", "Row on the map that the entrance leads to, 0 to %2."}}},
+    {&Form10::Text6, {"Label6", 1, 1}, nullptr,         {{"Y Pos",         "Row of the NPC on the map, 0 to %2."}, {}, {},
                                                          {"Entrance Width", "An entrance of this kind is a single tile."},
                                                          {"Entrance Width", "Tiles behind the first: 0 to 7F to the right; 80 and above downwards."}}},
-    {&Form10::Text7, {"Label7", 2, 1}, on_sprite_text,  {{"Sprite",        "Number of the sprite, 0 to FF; those below %1 are previewed.", first_hidden_sprite}, {}, {},
-                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to FF."},
-                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to FF."}}},
+    {&Form10::Text7, {"Label7", 2, 1}, on_sprite_text,  {{"Sprite",        "Number of the sprite, 0 to %2; those below %1 are previewed.", first_hidden_sprite}, {}, {},
+                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to %2."},
+                                                         {"Destination X", "Column on the map that the entrance leads to, 0 to %2."}}},
 };
 
 constexpr ListRow list_rows[] = {
@@ -196,7 +196,10 @@ void show_on_tab(const Shown& shown, const Form10& form, const ObjectStatus& sta
         shown.label->setVisible(tab.caption);
     show_caption(shown, QString(tab.caption) + (marked ? mark_sign : ""));
     show_tint(shown.label ? *shown.label : *shown.control, marked);
-    const QString tip = tab.meaning ? number_tip(tab.meaning, number, tab.limit) : QString();
+    const std::int64_t largest =
+        shown.value ? largest_number(static_cast<ObjectKind>(form.TabStrip1), *shown.value) : 0;
+    const QString tip =
+        tab.meaning ? number_tip(tab.meaning, number, tab.limit, largest) : QString();
     shown.control->setToolTip(marked ? tip + mark_tip : tip);
     shown.control->setAccessibleName(tab.caption);
 }

@@ -1,5 +1,7 @@
 #include "ui/pixel_view.h"
 
+#include "ui/memory.h"
+
 #include <QPainter>
 #include <QWidget>
 
@@ -78,7 +80,7 @@ QRect ScreenPicture::refresh() {
     if (!is_stale())
         return {};
     if (image_.isNull()) {
-        image_ = QImage(size_, QImage::Format_ARGB32_Premultiplied);
+        image_ = make_image(size_, QImage::Format_ARGB32_Premultiplied);
         image_.fill(Qt::transparent); // which no pixel is
     }
     const auto width = static_cast<std::size_t>(size_.width());

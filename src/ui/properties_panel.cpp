@@ -5,6 +5,8 @@
 #include <QGridLayout>
 #include <QPlainTextEdit>
 
+#include <limits>
+
 namespace veldrune {
 
 namespace {
@@ -26,7 +28,7 @@ struct FieldRow {
     std::string Form1::*text;
     const char* meaning;
     const char* part = "";  // names the fields of a line where there is no heading
-    std::int64_t limit = 0; // what "%1" in the meaning stands for
+    std::int64_t limit = 0; // what "%1" in the meaning stands for; "%2" is the largest of its bits
 };
 
 // A label and its fields. Each field has its own column, under a heading, or all share span
@@ -67,15 +69,15 @@ constexpr LineRow line_rows[] = {
                                      {tileset_controls[1], "Second group of tile graphics, 0 to %1.", "2", highest_tileset},
                                      {tileset_controls[2], "Third group of tile graphics, 0 to %1.", "3", highest_tileset},
                                      {tileset_controls[3], "Fourth group of tile graphics, 0 to %1.", "4", highest_tileset}}},
-    {9, 0, 1, "Label17", "Animated Tileset", {{&Form1::Text18, "Set of animated tiles, 0 to 31."}}},
-    {9, 2, 1, "Label7", "Palette", {{&Form1::Text13, "Colours of the map, 0 to 255."}}},
-    {10, 0, 1, "Label18", "Viewable Map Size", {{&Form1::Text16, "Part of the map that the game shows, first value, 0 to 255.", "first"},
-                                                {&Form1::Text17, "Part of the map that the game shows, second value, 0 to 255.", "second"}}},
-    {10, 2, 1, "Label25", "Layer Priorities", {{&Form1::Text37, "Entry of the game's layer priority table, 0 to 255. The picture follows when the map is chosen anew."}}},
-    {11, 0, 1, "Label32", "Scoll Index", {{&Form1::Text45, "How the layers scroll against each other: number of the game's scroll entry, 0 to 255."}}},
-    {11, 2, 1, "Label12", "Song", {{&Form1::Text44, "Music of the map, 0 to 255."}}},
-    {12, 0, 1, "Label33", "Battle BG", {{&Form1::Text46, "Background of battles on the map, 0 to 7F."}}},
-    {12, 2, 1, "Label11", "Monster Set", {{&Form1::Text41, "Monsters that are met on the map, 0 to FF."}}},
+    {9, 0, 1, "Label17", "Animated Tileset", {{&Form1::Text18, "Set of animated tiles, 0 to %2."}}},
+    {9, 2, 1, "Label7", "Palette", {{&Form1::Text13, "Colours of the map, 0 to %2."}}},
+    {10, 0, 1, "Label18", "Viewable Map Size", {{&Form1::Text16, "Part of the map that the game shows, first value, 0 to %2.", "first"},
+                                                {&Form1::Text17, "Part of the map that the game shows, second value, 0 to %2.", "second"}}},
+    {10, 2, 1, "Label25", "Layer Priorities", {{&Form1::Text37, "Entry of the game's layer priority table, 0 to %2. The picture follows when the map is chosen anew."}}},
+    {11, 0, 1, "Label32", "Scoll Index", {{&Form1::Text45, "How the layers scroll against each other: number of the game's scroll entry, 0 to %2."}}},
+    {11, 2, 1, "Label12", "Song", {{&Form1::Text44, "Music of the map, 0 to %2."}}},
+    {12, 0, 1, "Label33", "Battle BG", {{&Form1::Text46, "Background of battles on the map, 0 to %2."}}},
+    {12, 2, 1, "Label11", "Monster Set", {{&Form1::Text41, "Monsters that are met on the map, 0 to %1.", "", std::numeric_limits<std::uint8_t>::max()}}},
 };
 
 constexpr BoxRow battles_row =

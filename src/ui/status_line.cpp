@@ -90,10 +90,10 @@ void StatusLine::show_state() {
         tip << statement.full;
     }
     const QString shown = hint_.isEmpty() ? line.join("  \u00B7  ") : hint_;
+    setToolTip(plain_tip(hint_.isEmpty() ? tip.join('\n') : hint_));
     if (shown == text())
         return;
     setText(shown);
-    setToolTip(plain_tip(hint_.isEmpty() ? tip.join('\n') : hint_));
     setAccessibleName("Status: " + shown);
 }
 

@@ -25,9 +25,12 @@ QString sentence_of(NumberForm form) {
 
 } // namespace
 
-QString number_tip(const char* meaning, NumberForm form, std::int64_t limit) {
-    const QString number = QString::number(limit, is_hexadecimal(form) ? 16 : 10).toUpper();
-    return QString(meaning).replace("%1", number) + sentence_of(form);
+QString number_tip(const char* meaning, NumberForm form, std::int64_t limit, std::int64_t largest) {
+    const auto text = [form](std::int64_t number) {
+        return QString::number(number, is_hexadecimal(form) ? 16 : 10).toUpper();
+    };
+    return QString(meaning).replace("%1", text(limit)).replace("%2", text(largest)) +
+           sentence_of(form);
 }
 
 QString plain_tip(const QString& text) {

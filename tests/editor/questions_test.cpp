@@ -25,6 +25,49 @@ void paint_dawn(Editor& editor) {
     paint(editor);
 }
 
+TEST(Questions, OfASaveComeInOneOrderAndEachCanEndIt) {
+    const std::pair<void (*)(EditorState&), std::vector<std::string>> cases[] = {
+        {save, {"This map; ", "b.smc is; ", "This saves; ", "This save; "}},
+        {save_as, {"This map; ", "This saves; ", "This save; "}}};
+    for (const auto& [run, order] : cases) {
+        std::string asked; // the first of them, all agreed to but the last
+        for (std::size_t agreed = 0; agreed < order.size(); ++agreed) {
+            Town editor(true);
+            paint_dawn(editor);
+            editor.dialogs.answers = {false};
+            editor.choose(5); // Cancel: a save takes the town and leaves the painting
+            editor.disk["b.smc"] = demo_bytes();
+            open_image_file(editor.s, "b.smc");
+            editor.disk.rename("b.smc", "moved.smc");
+            editor.form.Text14 = "";
+            editor.disk.accesses.clear();
+            editor.dialogs.questions.clear();
+            save_as(editor.s); // Cancel in the file dialog, which comes first
+            EXPECT_TRUE(editor.dialogs.questions.empty());
+            editor.dialogs.file_names = {"c.smc"};
+            editor.dialogs.answers.assign(agreed, true);
+            editor.dialogs.answers.push_back(false);
+            run(editor.s);
+            EXPECT_EQ(editor.dialogs.asked(), asked += order[agreed]);
+            EXPECT_TRUE(editor.disk.accesses.empty());
+        }
+    }
+}
+
+TEST(NamelessFile, StaysAcceptedAfterALaterCancelUntilAnImageIsOpened) {
+    Town editor;
+    editor.form.Text14 = ""; // can hardly be meant
+    editor.disk.rename("a.smc", "moved.smc");
+    editor.dialogs.answers = {true, false, false, false};
+    save(editor.s);
+    save(editor.s);
+    editor.disk.rename("moved.smc", "a.smc");
+    open_image_file(editor.s, "a.smc");
+    editor.disk.rename("a.smc", "moved.smc");
+    save(editor.s);
+    EXPECT_EQ(editor.dialogs.asked(), "a.smc is; This save; This save; a.smc is; ");
+}
+
 TEST(NamelessFile, IsAskedAboutOnceForEachOpeningAndNothingIsWrittenOnCancel) {
     for (void (*const run)(EditorState&) : {save, save_object, expand_rom, apply_dialogue_patch}) {
         Town editor(true);
@@ -41,33 +84,23 @@ TEST(NamelessFile, IsAskedAboutOnceForEachOpeningAndNothingIsWrittenOnCancel) {
         EXPECT_EQ(editor.dialogs.asked(), "a.smc is; a.smc is; ");
         EXPECT_FALSE(editor.disk.log.empty());
     }
-    Town editor; // Save As never asks: it is the way out
-    editor.disk.rename("a.smc", "moved.smc");
-    editor.dialogs.file_names = {"b.smc"};
-    save_as(editor.s);
-    EXPECT_EQ(editor.dialogs.asked(), "");
-    EXPECT_TRUE(editor.disk.exists("b.smc"));
 }
 
 TEST(Painting, ThatASaveLeavesOutIsAskedAbout) {
     Town editor(true);
     paint_dawn(editor);
     EXPECT_TRUE(editor.s.world.unsaved_painting && !editor.s.map.unsaved_painting);
-    editor.dialogs.answers = {false, false, true};
-    editor.choose(5); // Cancel: Save would take the map's path now
-    editor.dialogs.questions.clear();
-    save(editor.s);
-    EXPECT_EQ(editor.dialogs.asked(), "This saves; ");
-    EXPECT_TRUE(editor.image() == demo_bytes() && editor.s.world.unsaved_painting);
+    editor.dialogs.answers = {false, true};
+    editor.choose(5); // Cancel: Save takes the map's path now
     save(editor.s);
     EXPECT_TRUE(editor.s.changes_saved && !editor.s.world.unsaved_painting); // given up
     paint(editor);
     EXPECT_TRUE(editor.s.map.unsaved_painting);
-    editor.s.world.unsaved_painting = true; // but it could not be saved
-    editor.s.world.source.reset();
+    editor.s.world.unsaved_painting = true;
+    editor.s.world.source.reset(); // it could not be read whole, but would be lost all the same
     editor.dialogs.questions.clear();
     save(editor.s);
-    EXPECT_EQ(editor.dialogs.asked(), "");
+    EXPECT_EQ(editor.dialogs.asked(), "This saves; ");
     EXPECT_TRUE(!editor.s.map.unsaved_painting && editor.s.changes_saved);
 }
 

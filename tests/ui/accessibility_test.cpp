@@ -95,6 +95,7 @@ class AccessibilityTest : public WindowTest {
                     role == QAccessible::PageTabList ? *control.child(0) : control;
                 EXPECT_NE(described.text(QAccessible::Description), "");
                 EXPECT_NE(name_of(control), "");
+                EXPECT_FALSE(widget->toolTip().contains('%'));
                 EXPECT_TRUE(all.insert(name_of(control)).second) << name_of(control);
                 work(*widget);
             }

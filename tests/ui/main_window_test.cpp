@@ -1,4 +1,5 @@
 #include "support/window_test.h"
+#include "ui/edit_gate.h"
 
 #include <QDropEvent>
 #include <QFileDialog>
@@ -213,6 +214,19 @@ TEST_F(TownWindowTest, BarsAndWheelScroll) {
     EXPECT_EQ(form.HScroll1.value, 1) << "it is Command2 that goes to the corner";
 }
 
+TEST_F(TownWindowTest, AHeightAtTheLimitOfAnIntScrollsToItsEnd) {
+    user.type("Text5", "2147483647");
+    user.click("Command4");
+    user.click("Command3");
+    QTest::keyClick(&user.find("VScroll1"), Qt::Key_End);
+    QTest::keyClick(&user.find("Picture1"), Qt::Key_PageDown);
+    EXPECT_EQ(form.VScroll1.value, 2147483647 - 8);
+    for (int zoom = 0; zoom < 2; ++zoom)
+        user.click("Command5"); // more rows come into view, and the bar stays
+    user.wheel("Picture1", {0, 120}, Qt::ControlModifier); // about a row beyond the limit
+    EXPECT_EQ(form.VScroll1.value, 2147483647 - 16);
+}
+
 TEST_F(TownWindowTest, TheCurrentRowCanBeChosenAgainAndTheWheelNeedsTheFocus) {
     const std::string width = form.Text2;
     user.type("Text2", "48");
@@ -243,6 +257,15 @@ TEST_F(MainWindowTest, TickedObjectBoxesTakeTheColourOfTheirKind) {
         user.click(control);
         EXPECT_EQ(background(), plain) << i;
     }
+}
+
+TEST_F(MainWindowTest, AnEditThatThrowsIsShownAndLetsTheNextOneRun) {
+    int shown = 0, ran = 0;
+    EditGate gate(dialogs, [&] { ++shown; });
+    const Gate run = gate.gate(window);
+    EXPECT_THROW(run([] { throw 1; }), int);
+    run([&] { ++ran; });
+    EXPECT_TRUE(shown == 2 && ran == 1);
 }
 
 TEST_F(TownWindowTest, AQuestionEndsAStrokeAndNothingElseActsMeanwhile) {

@@ -1,3 +1,4 @@
+#include "ui/memory.h"
 #include "ui/pixel_view.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,12 @@ TEST(PixelView, EveryPixelIsTheSameWholeSquareOnEveryScreen) {
                               inside ? 0xFF000000 | pixels[index] : 0xFFFFFFFF);
                 }
         }
+}
+
+TEST(PixelView, APictureWithoutMemoryEndsTheProgram) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(make_image({1 << 30, 1 << 30}, QImage::Format_ARGB32), testing::ExitedWithCode(1),
+                "veldrune: out of memory");
 }
 
 TEST(PixelView, ARefreshNamesTheRectangleThatHasChanged) {

@@ -1,6 +1,7 @@
 #include "support/window_test.h"
 
 #include <QHelpEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStatusBar>
@@ -24,8 +25,13 @@ std::string asked_tip(QWidget& widget) {
 TEST_F(StatusTest, TheLineAndTheButtonsFollowWhatTheUserDoes) {
     const auto status = [&] { return user.text("Status"); };
     const auto is_bold = [&](const char* button) { return user.find(button).font().bold(); };
-    window.open_file("folder/none.smc");
-    EXPECT_EQ(status(), "none.smc was not opened: no file can be reached there");
+    for (const QString path : {"/a/<b>.smc", "/b/<b>.smc"}) {
+        window.open_file(path.toStdString());
+        EXPECT_EQ(status(), "<b>.smc was not opened: no file can be reached there");
+        const auto& line = user.find<QLabel>("Status");
+        EXPECT_TRUE(line.toolTip().contains(path.toHtmlEscaped()) &&
+                    line.textFormat() == Qt::PlainText);
+    }
     open_map(town);
     EXPECT_EQ(status(), "");
     user.type("Text44", "5");
