@@ -70,7 +70,7 @@ TEST_F(StatusTest, ALineOfEachWindowShowsTheHintOfAnEntry) {
         const WindowDriver works = driver(shown);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::AltModifier);
         const auto* line = visible_window(shown)->findChild<QStatusBar*>();
-        EXPECT_TRUE(QTest::qWaitFor([&] {
+        EXPECT_TRUE(QTest::qWaitFor([&, hint = hint] {
             return (line ? line->currentMessage().toStdString() : works.text("Status"))
                 .starts_with(hint);
         })) << hint;
