@@ -26,7 +26,8 @@ void refuse_world(const OpenWorld& world, Dialogs& dialogs) {
 
 // Why location can't be named by a pointer, or an empty text.
 std::string pointer_obstacle(std::int32_t location, const std::string& location_text) {
-    const auto address = static_cast<std::uint32_t>(location - rom_layout::header_size);
+    const auto address =
+        static_cast<std::uint32_t>(std::int64_t{location} - rom_layout::header_size);
     if (format_hex(address).size() != 6)
         return "Map Data Location must be 6 digits long";
     if (address_of_offset(location) > last_address)
