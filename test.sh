@@ -3,7 +3,7 @@
 #   style     the layers of the includes, the formatting
 #   release   all tests, built by GCC
 #   sanitize  all tests under the address and undefined-behaviour sanitizers, built by Clang
-#   tidy      static analysis, after the stage sanitize
+#   tidy      static analysis
 #   package   Debian's package, checked, installed, tried and purged, after the stage release
 #   windows   all tests but those of the windows, cross-compiled and run under Wine, after the stage release
 # Usage: ./test.sh [--no-install] [STAGE ...]
@@ -30,10 +30,11 @@ stage_release() { build_and_test release; }
 stage_sanitize() { build_and_test sanitize clang libclang-rt-dev; }
 
 stage_tidy() {
-    need clang-tidy
+    need "${build_packages[@]}" clang clang-tidy
+    cmake --preset clang -B build/tidy -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
     # What it counts of warnings in the system's headers is left out.
     find "${sources[@]}" -name '*.cpp' -not -name '*_windows*' |
-        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/sanitize 2>/dev/null
+        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/tidy 2>/dev/null
 }
 
 stage_package() {
