@@ -3,7 +3,7 @@
 #   style     the layers of the includes, the formatting
 #   release   all tests, built by GCC
 #   sanitize  all tests under the address and undefined-behaviour sanitizers, built by Clang
-#   tidy      static analysis
+#   tidy      static analysis, after the stage sanitize
 #   package   Debian's package, checked, installed, tried and purged, after the stage release
 #   windows   all tests but those of the windows, cross-compiled and run under Wine, after the stage release
 # Usage: ./test.sh [--no-install] [STAGE ...]
@@ -30,16 +30,18 @@ stage_release() { build_and_test release; }
 stage_sanitize() { build_and_test sanitize clang libclang-rt-dev; }
 
 # What it counts of warnings in the system's headers is left out.
-analyse() { # FOLDER... WORD
-    find "${@:1:$#-1}" -name '*.cpp' -not -name '*_windows*' |
-        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p build/tidy "${@: -1}" 2>/dev/null
+analyse() { # BUILD WORD FOLDER...
+    find "${@:3}" -name '*.cpp' -not -name '*_windows*' |
+        xargs -n 1 -P "$(nproc)" clang-tidy -quiet -p "build/$1" "$2" 2>/dev/null
 }
 stage_tidy() {
-    need "${build_packages[@]}" clang clang-tidy
-    cmake --preset clang -B build/tidy -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
-    analyse src --checks=
+    need clang-tidy
+    analyse sanitize --checks= src
     # To follow the paths through the others takes most of the time, and they run here anyway.
-    analyse bench demo fuzz tests tools --checks=-clang-analyzer-*
+    analyse sanitize --checks=-clang-analyzer-* demo fuzz tests tools
+    # The sanitizers leave the benchmarks out.
+    cmake --preset clang -B build/tidy -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
+    analyse tidy --checks=-clang-analyzer-* bench
 }
 
 stage_package() {
